@@ -1,0 +1,61 @@
+/// Assertions that report to a hook and never stop the program.
+///
+/// Without a hook a failed assertion costs one call and does nothing; the program goes on behind it either way.
+/// The checks stay active in every build. There is one hook for the process and no lock around it: install it
+/// once, at the start.
+///
+///     struct report : functor::function_type_interface<debug::assert_hook> { ... };
+///     debug::set_assert_hook(report{});
+///     ORVA_ASSERT(index < size);
+///     ORVA_CONTEXT_ASSERT(index < size, "index %u of %u", index, size);
+#pragma once
+
+#include "orva/export.hpp"
+#include "orva/functor/delegate.hpp"
+#include "orva/types/nil.hpp"
+
+namespace ORVA_2_18::debug {
+
+/// Text of the condition, source file, line. A hook that changes the line changes nothing for anybody else.
+using assert_hook = void(const char* const, const char* const, unsigned int&);
+
+/// Installs a copy of `hook` and destroys the one installed before. An empty delegate removes the hook.
+ORVA_API void set_assert_hook(const functor::delegate_t<assert_hook>& hook);
+/// Removes the hook.
+ORVA_API void set_assert_hook(const types::nil_t&);
+ORVA_API bool is_assert_hook_set();
+
+namespace _private {
+
+/// What a failed `ORVA_ASSERT` calls. `function` is accepted and not passed on.
+ORVA_API void ____________________ASSERT____________________(const char* const expression,
+                                                             const char* const file, unsigned int line,
+                                                             const char* const function);
+
+/// What a failed `ORVA_CONTEXT_ASSERT` calls: the hook gets "expression : context", cut at 255 characters.
+/// The first variadic argument is a `printf` format, which may be null; its values follow.
+ORVA_API void _______________CONTEXT__ASSERT________________(const char* const expression,
+                                                             const char* const file, unsigned int line,
+                                                             const char* const function, ...);
+
+}  // namespace _private
+
+}  // namespace ORVA_2_18::debug
+
+/// Reports `condition` to the hook when it is false. A macro for the text of the condition and the place.
+#define ORVA_ASSERT(condition)                                                             \
+  do {                                                                                     \
+    if (!(condition)) {                                                                    \
+      ::ORVA_2_18::debug::_private::____________________ASSERT____________________(        \
+          #condition, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__); \
+    }                                                                                      \
+  } while (false)
+
+/// The same with a context: a `printf` format, which may be null, and its values.
+#define ORVA_CONTEXT_ASSERT(condition, ...)                                                             \
+  do {                                                                                                  \
+    if (!(condition)) {                                                                                 \
+      ::ORVA_2_18::debug::_private::_______________CONTEXT__ASSERT________________(                     \
+          #condition, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__, __VA_ARGS__); \
+    }                                                                                                   \
+  } while (false)

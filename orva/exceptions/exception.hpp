@@ -1,0 +1,153 @@
+/// The library's exceptions.
+///
+/// A small hierarchy of its own: it does not derive from `std::exception`, so whoever wants the library's
+/// failures catches `exceptions::exception` or one of its branches by reference. An exception is a plain value:
+/// it owns its message and remembers where it was raised. Exceptions share nothing between threads.
+///
+///     exception                         abstract root
+///       logic_error                     the caller could have known better
+///         invalid_argument_value        an argument outside the values that are told as valid
+///         length_error                  for applications; the library does not raise it
+///         out_of_range                  a date or time field that no calendar or clock has
+///       runtime_error                   only the run could tell
+///         empty_error, full_error       for applications; the library does not raise them
+///         overflow_error                a number above what its type can hold
+///         underflow_error               a number below what its type can hold
+#pragma once
+
+#include <string>
+
+#include "orva/export.hpp"
+
+namespace ORVA_2_18::exceptions {
+
+class ORVA_API exception {
+ public:
+  /// Where an exception was raised. The texts live in the object, so that making one allocates nothing.
+  class ORVA_API state {
+   public:
+    /// `file` and `function` are copied; null leaves the text empty.
+    /// REQUIRES: each text is shorter than 256 characters, as every literal of a source tree is. A longer one
+    /// is cut.
+    state(unsigned int line, const char* file, const char* function) noexcept;
+    state(const state& other) noexcept;
+    state& operator=(const state& other) noexcept = default;
+    ~state() = default;
+
+    unsigned int line() const noexcept { return line_; }
+    /// The source file, its path under the source root without the ending: `strings/code_page`.
+    const char* file() const noexcept { return file_; }
+    /// The qualified name of the raising function: `ORVA_2_18::system::load_file`.
+    const char* function() const noexcept { return function_; }
+
+   private:
+    unsigned int line_;
+    char file_[256] = {};
+    char function_[256] = {};
+  };
+
+  exception(unsigned int line, const char* file, const char* function);
+  explicit exception(const state& raised_at);
+  exception(const exception& other) = default;
+  exception& operator=(const exception& other) = default;
+  virtual ~exception();
+
+  /// The text for the reader; valid as long as this object.
+  const char* message() const { return get_message(); }
+  const state& error_state() const noexcept { return state_; }
+
+ private:
+  virtual const char* get_message() const = 0;
+
+  state state_;
+};
+
+class ORVA_API logic_error : public exception {
+ public:
+  /// With the state of another exception, so that a caller can raise a new one in its place.
+  logic_error(const std::string& message, const state& raised_at);
+  logic_error(const std::string& message, unsigned int line, const char* file, const char* function);
+  logic_error(const logic_error& other) = default;
+  logic_error& operator=(const logic_error& other) = default;
+  ~logic_error() override;
+
+ private:
+  const char* get_message() const override;
+
+  std::string message_;
+};
+
+class ORVA_API runtime_error : public exception {
+ public:
+  /// With the state of another exception, so that a caller can raise a new one in its place.
+  runtime_error(const std::string& message, const state& raised_at);
+  runtime_error(const std::string& message, unsigned int line, const char* file, const char* function);
+  runtime_error(const runtime_error& other) = default;
+  runtime_error& operator=(const runtime_error& other) = default;
+  ~runtime_error() override;
+
+ private:
+  const char* get_message() const override;
+
+  std::string message_;
+};
+
+// The leaves differ only in their type, which is what a handler selects on.
+
+class ORVA_API invalid_argument_value : public logic_error {
+ public:
+  using logic_error::logic_error;
+  invalid_argument_value(const invalid_argument_value& other) = default;
+  invalid_argument_value& operator=(const invalid_argument_value& other) = default;
+  ~invalid_argument_value() override;
+};
+
+class ORVA_API length_error : public logic_error {
+ public:
+  using logic_error::logic_error;
+  length_error(const length_error& other) = default;
+  length_error& operator=(const length_error& other) = default;
+  ~length_error() override;
+};
+
+class ORVA_API out_of_range : public logic_error {
+ public:
+  using logic_error::logic_error;
+  out_of_range(const out_of_range& other) = default;
+  out_of_range& operator=(const out_of_range& other) = default;
+  ~out_of_range() override;
+};
+
+class ORVA_API empty_error : public runtime_error {
+ public:
+  using runtime_error::runtime_error;
+  empty_error(const empty_error& other) = default;
+  empty_error& operator=(const empty_error& other) = default;
+  ~empty_error() override;
+};
+
+class ORVA_API full_error : public runtime_error {
+ public:
+  using runtime_error::runtime_error;
+  full_error(const full_error& other) = default;
+  full_error& operator=(const full_error& other) = default;
+  ~full_error() override;
+};
+
+class ORVA_API overflow_error : public runtime_error {
+ public:
+  using runtime_error::runtime_error;
+  overflow_error(const overflow_error& other) = default;
+  overflow_error& operator=(const overflow_error& other) = default;
+  ~overflow_error() override;
+};
+
+class ORVA_API underflow_error : public runtime_error {
+ public:
+  using runtime_error::runtime_error;
+  underflow_error(const underflow_error& other) = default;
+  underflow_error& operator=(const underflow_error& other) = default;
+  ~underflow_error() override;
+};
+
+}  // namespace ORVA_2_18::exceptions

@@ -1,0 +1,70 @@
+/// A callable that can be stored and copied without knowing what stands behind it.
+///
+/// A delegate owns its function object; copying the delegate clones it. Set a delegate up before other threads
+/// can call through it.
+///
+///     struct printer { void print(const ustring8& text); };
+///     printer p;
+///     delegate_t<void(const ustring8&)> on_text;
+///     on_text = member_function_t<printer, void(const ustring8&)>(&p, &printer::print);
+///     if (on_text) on_text("hello");
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <utility>
+
+#include "orva/functor/function_type_interface.hpp"
+
+namespace ORVA_2_18::functor {
+
+template <typename Sig>
+class delegate_t;
+
+template <typename Result, typename... Args>
+class delegate_t<Result(Args...)> {
+ public:
+  using function_type = function_type_interface<Result(Args...)>;
+
+  delegate_t() noexcept = default;
+  delegate_t(const function_type& function) : target_(function.clone()) {}
+  delegate_t(const delegate_t& other) : target_(other.empty() ? nullptr : other.target_->clone()) {}
+  delegate_t(delegate_t&& other) noexcept = default;
+  ~delegate_t() = default;
+
+  /// Destroys the function object held so far and keeps a clone of the new one. The clone is made first: the new
+  /// one may be part of what is destroyed.
+  delegate_t& operator=(const function_type& function) {
+    target_.reset(function.clone());
+    return *this;
+  }
+  delegate_t& operator=(const delegate_t& other) {
+    target_.reset(other.empty() ? nullptr : other.target_->clone());
+    return *this;
+  }
+  delegate_t& operator=(delegate_t&& other) noexcept = default;
+
+  bool empty() const noexcept { return target_ == nullptr; }
+  explicit operator bool() const noexcept { return !empty(); }
+
+  /// Calls the function object. An empty delegate throws `std::bad_function_call`: test first.
+  Result operator()(Args... args) const {
+    if (empty()) throw std::bad_function_call();
+    return (*target_)(std::forward<Args>(args)...);
+  }
+
+  /// The function object, owned by the delegate; null if it is empty.
+  const function_type* target() const noexcept { return target_.get(); }
+
+  /// True if both are empty or their function objects are equal.
+  bool equal(const delegate_t& other) const {
+    if (empty() || other.empty()) return empty() == other.empty();
+    return target_->equal(*other.target_);
+  }
+  bool operator==(const delegate_t& other) const { return equal(other); }
+
+ private:
+  std::unique_ptr<function_type> target_;
+};
+
+}  // namespace ORVA_2_18::functor

@@ -1,0 +1,27 @@
+/// The compile-time description of a function signature, for code that is written over any signature.
+#pragma once
+
+#include <cstddef>
+#include <tuple>
+
+namespace ORVA_2_18::traits {
+
+namespace _private {
+
+template <typename Sig>
+struct function_traits_helper;
+
+template <typename Result, typename... Args>
+struct function_traits_helper<Result(Args...)> {
+  using result_type = Result;
+  using argument_types = std::tuple<Args...>;
+  static constexpr std::size_t arity = sizeof...(Args);
+};
+
+}  // namespace _private
+
+/// `result_type`, `argument_types` (a `std::tuple`) and `arity` of the signature `Sig`.
+template <typename Sig>
+struct function_traits : _private::function_traits_helper<Sig> {};
+
+}  // namespace ORVA_2_18::traits

@@ -1,0 +1,37 @@
+/// A member function bound to an object, as a function object for `delegate_t`.
+///
+/// The object is not owned: it must outlive every delegate that was made from this.
+#pragma once
+
+#include <utility>
+
+#include "orva/functor/function_type_interface.hpp"
+
+namespace ORVA_2_18::functor {
+
+template <typename C, typename Sig>
+class member_function_t;
+
+template <typename C, typename Result, typename... Args>
+class member_function_t<C, Result(Args...)> : public function_type_interface<Result(Args...)> {
+ public:
+  using member_pointer = Result (C::*)(Args...);
+
+  member_function_t(C* object, member_pointer function) noexcept : object_(object), function_(function) {}
+
+  Result operator()(Args... args) override { return (object_->*function_)(std::forward<Args>(args)...); }
+
+  /// True for the same member function of the same object; any other kind of function object is not equal.
+  bool equal(const function_type_interface<Result(Args...)>& other) const override {
+    const auto* same_kind = dynamic_cast<const member_function_t*>(&other);
+    return same_kind != nullptr && object_ == same_kind->object_ && function_ == same_kind->function_;
+  }
+
+  member_function_t* clone() const override { return new member_function_t(*this); }
+
+ private:
+  C* object_;
+  member_pointer function_;
+};
+
+}  // namespace ORVA_2_18::functor

@@ -1,0 +1,18 @@
+#include "orva/generic/abilities/clone_ability.hpp"
+#include "orva/generic/abilities/create_ability.hpp"
+#include "orva/generic/clone_interface.hpp"
+
+// The destructors stand here so that the type_info of each ability is one for all modules of a program.
+
+namespace ORVA_2_18::generic::abilities {
+
+clone_ability::~clone_ability() = default;
+create_ability::~create_ability() = default;
+
+}  // namespace ORVA_2_18::generic::abilities
+
+namespace ORVA_2_18::generic {
+
+clone_interface::~clone_interface() = default;
+
+}  // namespace ORVA_2_18::generic

@@ -1,0 +1,16 @@
+/// Marks a class that has `create() const`: a new default object of the same dynamic type.
+#pragma once
+
+#include "orva/export.hpp"
+
+namespace ORVA_2_18::generic::abilities {
+
+class ORVA_API create_ability {
+ public:
+  create_ability() noexcept = default;
+  create_ability(const create_ability&) noexcept {}
+  create_ability& operator=(const create_ability&) noexcept { return *this; }
+  virtual ~create_ability();
+};
+
+}  // namespace ORVA_2_18::generic::abilities

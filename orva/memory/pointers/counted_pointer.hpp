@@ -1,0 +1,64 @@
+/// The life cycle that `rc_pointer` and `shared_pointer` share. Use those; this is their common base.
+#pragma once
+
+#include <utility>
+
+#include "orva/generic/abilities/reference_count_pointer_ability.hpp"
+
+namespace ORVA_2_18::memory::pointers::_private {
+
+template <typename T>
+class counted_pointer {
+ public:
+  T* get() const noexcept { return target_; }
+  /// REQUIRES: the pointer is not empty.
+  T* operator->() const noexcept { return target_; }
+  /// REQUIRES: the pointer is not empty.
+  T& operator*() const noexcept { return *target_; }
+  explicit operator bool() const noexcept { return target_ != nullptr; }
+  /// Same target; two empty pointers are equal.
+  bool operator==(const counted_pointer& other) const noexcept { return target_ == other.target_; }
+
+ protected:
+  counted_pointer() noexcept = default;
+  explicit counted_pointer(T* target) noexcept : target_(target) { acquire(target_); }
+  counted_pointer(const counted_pointer& other) noexcept : counted_pointer(other.target_) {}
+  counted_pointer(counted_pointer&& other) noexcept : target_(std::exchange(other.target_, nullptr)) {}
+  ~counted_pointer() { release(std::exchange(target_, nullptr)); }
+
+  counted_pointer& operator=(const counted_pointer& other) noexcept {
+    if (this != &other) replace(other.target_);
+    return *this;
+  }
+  counted_pointer& operator=(counted_pointer&& other) noexcept {
+    if (this != &other) release(std::exchange(target_, std::exchange(other.target_, nullptr)));
+    return *this;
+  }
+  counted_pointer& operator=(T* target) noexcept {
+    if (target != target_) replace(target);
+    return *this;
+  }
+
+ private:
+  static void acquire(T* target) noexcept {
+    if (target != nullptr) static_cast<ability*>(target)->inc_pointer_ref();
+  }
+
+  static void release(T* target) noexcept {
+    if (target == nullptr) return;
+    if (static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
+    if (target->is_created_dynamic()) delete target;
+  }
+
+  /// The new target is held before the old one goes: it may be kept alive by nothing but the old one.
+  void replace(T* target) noexcept {
+    acquire(target);
+    release(std::exchange(target_, target));
+  }
+
+  using ability = generic::abilities::reference_count_pointer_ability_b;
+
+  T* target_ = nullptr;
+};
+
+}  // namespace ORVA_2_18::memory::pointers::_private

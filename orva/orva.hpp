@@ -1,0 +1,35 @@
+/// Everything at once: every public header of the library, and the short name `orva` for its namespace.
+#pragma once
+
+// debug
+#include "orva/debug/assert.hpp"
+// exceptions
+#include "orva/exceptions/exception.hpp"
+#include "orva/export.hpp"
+// functor
+#include "orva/functor/delegate.hpp"
+#include "orva/functor/function_traits.hpp"
+#include "orva/functor/function_type_interface.hpp"
+#include "orva/functor/member_function.hpp"
+// generic
+#include "orva/generic/abilities/alloc_detection_ability.hpp"
+#include "orva/generic/abilities/clone_ability.hpp"
+#include "orva/generic/abilities/create_ability.hpp"
+#include "orva/generic/abilities/id_ability.hpp"
+#include "orva/generic/abilities/reference_count_pointer_ability.hpp"
+#include "orva/generic/clone_interface.hpp"
+// memory
+#include "orva/memory/pointers/counted_pointer.hpp"
+#include "orva/memory/pointers/rc_pointer.hpp"
+#include "orva/memory/pointers/shared_pointer.hpp"
+// strings
+#include "orva/strings/code_unit.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/strings/ustring_for.hpp"
+// types
+#include "orva/types/integers.hpp"
+#include "orva/types/nil.hpp"
+
+/// The version stands in the namespace, so that two versions can live in one process; source code follows the
+/// alias.
+namespace orva = ORVA_2_18;

@@ -1,0 +1,30 @@
+/// The code units of the library's strings, on each platform.
+///
+/// What decides are the widths of `wchar_t` and `long`, not the name of the system. Where `wchar_t` has 16 bits, as
+/// on the platform that the library was designed for, wide characters are UTF-16 code units and `ustring16` is interchangeable
+/// with `std::wstring`. Where it has 32 bits, `wchar_t` text is UTF-32 and crosses into the library's strings
+/// only through `from_wchar` and `to_wchar`; nothing takes it silently.
+#pragma once
+
+#include <climits>
+#include <string>
+#include <type_traits>
+
+namespace ORVA_2_18::strings {
+
+inline constexpr bool wchar_is_utf16 = sizeof(wchar_t) == 2;
+
+using code_unit16 = std::conditional_t<wchar_is_utf16, wchar_t, char16_t>;
+using code_unit32 = std::conditional_t<LONG_MAX == 0x7FFFFFFF, unsigned long, char32_t>;
+
+/// The standard string of 16-bit units: UTF-16 text without the promise that `ustring16` makes.
+using wide_string = std::basic_string<code_unit16>;
+
+static_assert(sizeof(code_unit16) == 2 && sizeof(code_unit32) == 4);
+
+/// The three widths of text.
+template <typename Unit>
+concept code_unit =
+    std::is_same_v<Unit, char> || std::is_same_v<Unit, code_unit16> || std::is_same_v<Unit, code_unit32>;
+
+}  // namespace ORVA_2_18::strings

@@ -1,0 +1,35 @@
+/// `ustring_for<Text>`: the library's string of the same width as some text, for operations whose result has the
+/// class of their argument.
+///
+///     const char*, char[N], std::string, ustring8            =>  ustring8
+///     const code_unit16*, wide_string, ustring16             =>  ustring16
+///     const code_unit32*, std::basic_string<code_unit32>, ustring32  =>  ustring32
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "orva/strings/ustring.hpp"
+
+namespace ORVA_2_18::strings {
+
+namespace _private {
+
+// Declared for deduction only: a class derived from a standard string deduces its base.
+template <code_unit Unit>
+basic_ustring<Unit> same_width(const std::basic_string<Unit>&);
+template <code_unit Unit>
+basic_ustring<Unit> same_width(const Unit*);
+
+}  // namespace _private
+
+template <typename Text>
+using ustring_for = decltype(_private::same_width(std::declval<const Text&>()));
+
+/// Anything that is text of one of the three widths.
+template <typename Text>
+concept any_text = requires {
+  typename ustring_for<Text>;
+};
+
+}  // namespace ORVA_2_18::strings
