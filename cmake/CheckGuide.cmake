@@ -1,3 +1,4 @@
+cmake_minimum_required(VERSION 3.22)
 # A guide page must show its program as it is and the program's output as it is.
 file(READ ${SOURCE} source)
 file(READ ${PAGE} page)

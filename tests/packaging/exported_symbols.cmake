@@ -1,0 +1,34 @@
+cmake_minimum_required(VERSION 3.22)
+# The shared library exports names of its namespace only; of the internal namespaces just those that callers are
+# promised, and nothing of the platform layer.
+execute_process(COMMAND ${NM} -D --defined-only --demangle ${LIBRARY} OUTPUT_VARIABLE output
+  COMMAND_ERROR_IS_FATAL ANY)
+string(REPLACE ";" "," output "${output}")
+string(REGEX MATCHALL "[^\n]+" lines "${output}")
+list(LENGTH lines count)
+if(count LESS 50)
+  message(FATAL_ERROR "only ${count} exported names were seen")
+endif()
+
+set(promised
+  "debug::_private::_+ASSERT_+\\("
+  "debug::_private::_+CONTEXT__ASSERT_+\\("
+  "i18n::_private::format_(int|double|memory|metric|duration)\\("
+  "i18n::_private::xmc_file_loader")
+list(JOIN promised "|" promised)
+
+foreach(line ${lines})
+  string(REGEX REPLACE "^[0-9a-f]* *[A-Za-z] " "" name "${line}")
+  if(name MATCHES "(^|[ (])ORVA_2_18::platform::")
+    message(SEND_ERROR "of the platform layer: ${name}")
+  endif()
+  if(NOT name MATCHES "^(typeinfo for |typeinfo name for |vtable for |VTT for |(non-)?virtual thunk to |guard variable for )?([a-z][A-Za-z0-9_:<>, ]*[ &*])?ORVA_2_18::")
+    message(SEND_ERROR "outside the namespace: ${name}")
+  endif()
+  # What stands before the argument list names the thing itself.
+  string(REGEX REPLACE "\\(.*" "(" head "${name}")
+  if(head MATCHES "::_private::" AND NOT head MATCHES "${promised}")
+    message(SEND_ERROR "internal: ${name}")
+  endif()
+endforeach()
+message(STATUS "${count} exported names")

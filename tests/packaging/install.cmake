@@ -1,0 +1,8 @@
+cmake_minimum_required(VERSION 3.22)
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+file(REMOVE_RECURSE ${PREFIX})
+run(${CMAKE_COMMAND} --install ${BUILD_DIR} --prefix ${PREFIX} --config ${CONFIG})
+file(GLOB_RECURSE platform ${PREFIX}/include/orva/platform/*)
+if(platform)
+  message(FATAL_ERROR "platform headers are installed: ${platform}")
+endif()

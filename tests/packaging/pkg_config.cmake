@@ -1,0 +1,15 @@
+cmake_minimum_required(VERSION 3.22)
+include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
+set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
+find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)
+execute_process(COMMAND ${pkg_config} --modversion orva OUTPUT_VARIABLE version OUTPUT_STRIP_TRAILING_WHITESPACE)
+if(NOT version STREQUAL "2.18.0")
+  message(FATAL_ERROR "pkg-config tells version ${version}")
+endif()
+execute_process(COMMAND ${pkg_config} --cflags --libs orva OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE
+  COMMAND_ERROR_IS_FATAL ANY)
+separate_arguments(flags UNIX_COMMAND "${flags}")
+separate_arguments(build_flags UNIX_COMMAND "${CXX_FLAGS}")
+run(${CXX} -std=c++20 ${build_flags} ${HERE}/consumer/main.cpp ${flags} -Wl,-rpath,${PREFIX}/${LIBDIR}
+  -o ${WORK_DIR}/pkg_config_consumer)
+expect_greeting(${WORK_DIR}/pkg_config_consumer)
