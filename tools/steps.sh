@@ -1,0 +1,50 @@
+# Shared by the scripts of the project: named steps with a log each, and Debian packages.
+# Source it with the project's folder as the working directory.
+
+logs=build/logs
+mkdir -p "$logs"
+
+# step NAME COMMAND...: runs the command with its output in build/logs/NAME.log. A failing step names itself and
+# its log, shows the log's end, and ends the script.
+step() {
+  local name=$1 started=$SECONDS
+  shift
+  printf '%-28s' "$name"
+  # In a subshell with -e of its own: a condition would switch it off for every command inside.
+  set +e
+  (set -e; "$@") > "$logs/$name.log" 2>&1
+  local result=$?
+  set -e
+  if [ $result -eq 0 ]; then
+    printf 'ok    %4d s\n' $((SECONDS - started))
+    return
+  fi
+  printf 'FAILED, see %s\n' "$logs/$name.log"
+  tail -n 60 "$logs/$name.log"
+  exit 1
+}
+
+# need_packages NAME...: installs the Debian packages that are missing, as root or through sudo; without either it
+# names them and ends the script.
+need_packages() {
+  local package missing=() as_root=()
+  for package in "$@"; do
+    dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
+  done
+  [ ${#missing[@]} -eq 0 ] && return
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo > /dev/null; then
+      echo "These packages are missing, and neither root nor sudo is at hand to install them: ${missing[*]}" >&2
+      exit 1
+    fi
+    as_root=(sudo)
+  fi
+  echo "Installing: ${missing[*]}"
+  step packages-index "${as_root[@]}" apt-get update
+  step packages-install "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get install -y --no-install-recommends "${missing[@]}"
+}
+
+build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
+check_packages=("${build_packages[@]}" binutils clang clang-format gettext git libbenchmark-dev libclang-rt-dev
+  libexpat1-dev libgmock-dev libgtest-dev libicu-dev libpugixml-dev llvm locales pkg-config)
