@@ -23,9 +23,13 @@
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 // strings
+#include "orva/strings/characters.hpp"
 #include "orva/strings/code_unit.hpp"
+#include "orva/strings/text_argument.hpp"
+#include "orva/strings/unicode.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/strings/ustring_for.hpp"
+#include "orva/strings/wchar.hpp"
 // types
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"

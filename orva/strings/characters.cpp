@@ -1,0 +1,96 @@
+#include "orva/strings/characters.hpp"
+
+#include <algorithm>
+#include <cstddef>
+#include <string>
+
+#include "orva/strings/unicode/code_point.hpp"
+
+namespace ORVA_2_18::strings {
+
+namespace {
+
+types::uint32 told_in_32_bits(std::size_t length) {
+  return static_cast<types::uint32>(std::min<std::size_t>(length, 0xFFFFFFFF));
+}
+
+template <typename Unit>
+types::uint32 length_before_terminator(const Unit* text) {
+  return told_in_32_bits(std::char_traits<Unit>::length(text));
+}
+
+/// The walk of both widths: `decode_at(index)` tells how many units the character at an index of the text takes, 0
+/// for none.
+template <typename Text, typename UnitsAt>
+types::uint32 walk(const Text& text, types::uint32 count, UnitsAt units_at) {
+  if (count >= text.size()) return no_character;
+  std::size_t index = 0;
+  for (; count > 0 && index < text.size(); --count) {
+    const std::size_t units = units_at(index);
+    if (units == 0) return no_character;
+    index += units;
+  }
+  // Behind the last character the terminator and what would follow it are characters of one unit each.
+  return told_in_32_bits(index + count);
+}
+
+template <typename Unit>
+types::uint32 read_character(const Unit* text, types::uint32 length, types::uint32 position,
+                             types::uint32& step) {
+  const auto found =
+      position < length ? _private::decode(text + position, length - position) : _private::character{};
+  if (found.units == 0) {
+    step = no_character;
+    return '?';
+  }
+  step = static_cast<types::uint32>(found.units);
+  return found.code_point;
+}
+
+}  // namespace
+
+types::uint32 string_length(const char* text) { return length_before_terminator(text); }
+types::uint32 string_length(const code_unit16* text) { return length_before_terminator(text); }
+types::uint32 string_length(const code_unit32* text) { return length_before_terminator(text); }
+types::uint32 string_length(const ustring8& text) { return told_in_32_bits(text.size()); }
+types::uint32 string_length(const ustring16& text) { return told_in_32_bits(text.size()); }
+types::uint32 string_length(const ustring32& text) { return told_in_32_bits(text.size()); }
+
+types::uint32 character_index(const ustring8& text, types::uint32 character) {
+  return walk(text, character, [&](std::size_t index) {
+    return _private::decode(text.data() + index, text.size() - index).units;
+  });
+}
+
+types::uint32 character_index(const ustring16& text, types::uint32 character) {
+  // The first unit of the text and not the unit reached: callers count on stray low surrogates inside a text being
+  // characters of their own.
+  const bool begins_with_low_surrogate = !text.empty() && _private::is_low_surrogate(text.front());
+  return walk(text, character, [&](std::size_t index) -> std::size_t {
+    if (_private::is_high_surrogate(text[index])) {
+      return _private::decode(text.data() + index, text.size() - index).units;
+    }
+    return begins_with_low_surrogate ? 0 : 1;
+  });
+}
+
+types::uint32 unichar(const char* text, types::uint32 length, types::uint32 position, types::uint32& step) {
+  return read_character(text, length, position, step);
+}
+
+types::uint32 unichar(const code_unit16* text, types::uint32 length, types::uint32 position,
+                      types::uint32& step) {
+  return read_character(text, length, position, step);
+}
+
+types::uint32 unichar(const code_unit32* text, types::uint32 length, types::uint32 position,
+                      types::uint32& step) {
+  if (position >= length) {
+    step = no_character;
+    return '?';
+  }
+  step = 1;
+  return static_cast<types::uint32>(text[position]);
+}
+
+}  // namespace ORVA_2_18::strings

@@ -1,0 +1,107 @@
+/// The six transforms between UTF-8, UTF-16 and UTF-32, byte order marks and byte order.
+///
+/// These are the only way from one of the three string classes to another. A transform never throws for bad text: it
+/// answers with a text, and which one is told beside each. Exhausted memory and over-long strings surface as the standard
+/// string's own failures. Arguments are only read, results belong to the caller, and nothing is shared between
+/// calls, so threads need no care.
+///
+///                    bad text                                          gives
+///     utf8_to_utf16  an invalid byte, a cut sequence                   the text "-1" instead of the whole
+///     utf8_to_utf32  an invalid byte, a cut sequence                   a question mark for each bad byte
+///     utf16_to_utf8  an unpaired surrogate                             the text "-1" instead of the whole
+///     utf16_to_utf32 an unpaired surrogate                             the text "-1" instead of the whole
+///     utf32_to_utf8  a surrogate                                       the text "-1" instead of the whole
+///     utf32_to_utf8  a value of 0x110000 or more                       nothing for this unit
+///     utf32_to_utf16 a surrogate, a value of 0x110000 or more          the text "-1" instead of the whole
+///
+/// The failure text cannot be told from a genuine "-1".
+#pragma once
+
+#include <string_view>
+
+#include "orva/export.hpp"
+#include "orva/strings/ustring.hpp"
+
+namespace ORVA_2_18::strings {
+
+/// UTF-8 is read by its bit layout alone: overlong forms, encoded surrogates and values above 0x10FFFF are no
+/// errors and give what the arithmetic gives.
+///
+///     "\xE2\x82\xAC"  =>  u"\u20AC"
+///     "\xED\xA0\x80"  =>  0xD800         an encoded surrogate passes
+///     "abc\x80"       =>  u"-1"
+///
+/// Inverse: `utf16_to_utf8`.
+ORVA_API ustring16 utf8_to_utf16(const ustring8& text);
+
+/// Reads UTF-8 as `utf8_to_utf16` does, but never gives up: a byte that begins no whole sequence becomes '?', and reading goes on
+/// behind that one byte.
+///
+///     "\xE2z"             =>  U"?z"
+///     "\xF4\x90\x80\x80"  =>  0x110000
+///
+/// Inverse: `utf32_to_utf8`.
+ORVA_API ustring32 utf8_to_utf32(const ustring8& text);
+
+/// A leading mark, 0xFEFF, is kept as a character.
+///
+/// REQUIRES: the first unit is not 0xFFFE, the mark of the other byte order. Such a text makes the function call itself with the
+/// same text until the stack is exhausted. Call `check_BOM_and_modify_swap` first where it may occur.
+///
+/// Inverse: `utf8_to_utf16`.
+ORVA_API ustring8 utf16_to_utf8(const ustring16& text);
+
+/// REQUIRES: the first unit is not 0xFFFE, as for `utf16_to_utf8`.
+///
+/// There is no inverse outside the basic plane: see `utf32_to_utf16`.
+ORVA_API ustring32 utf16_to_utf32(const ustring16& text);
+
+/// Inverse: `utf8_to_utf32`.
+///
+///     0x20AC    =>  "\xE2\x82\xAC"
+///     0xD800    =>  "-1"
+///     0x110000  =>  ""
+ORVA_API ustring8 utf32_to_utf8(const ustring32& text);
+
+/// Not the inverse of `utf16_to_utf32` from U+FFFF on: the pair is made of the code point as it is, without the
+/// subtraction of 0x10000 that UTF-16 asks for, and U+FFFF becomes a pair too.
+///
+///     0xFFFE    =>  0xFFFE
+///     0xFFFF    =>  0xD83F 0xDFFF
+///     0x10000   =>  0xD840 0xDC00
+///     0x110000  =>  u"-1"
+ORVA_API ustring16 utf32_to_utf16(const ustring32& text);
+
+/// The byte order mark in the class of the code unit.
+template <code_unit Unit>
+inline constexpr Unit byte_order_mark_units[] = {static_cast<Unit>(0xFEFF), Unit{}};
+template <>
+inline constexpr char byte_order_mark_units<char>[] = "\xEF\xBB\xBF";
+template <code_unit Unit>
+inline constexpr std::basic_string_view<Unit> byte_order_mark{byte_order_mark_units<Unit>};
+
+/// The first unit of UTF-16 text that came from the other byte order.
+inline constexpr code_unit16 swapped_byte_order_mark = static_cast<code_unit16>(0xFFFE);
+
+/// What stands behind a leading byte order mark, or all of `text` if there is none. A second mark stays.
+ORVA_API ustring8 remove_BOM(const ustring8& text);
+ORVA_API ustring16 remove_BOM(const ustring16& text);
+ORVA_API ustring32 remove_BOM(const ustring32& text);
+
+/// Exchanges the two bytes of every unit in place. Its own inverse. Looks at no mark.
+ORVA_API void modify_swap_string_bytes_order(ustring16& text);
+
+/// Returns a copy of `text` as it is. Callers rely on getting their text back: use
+/// `modify_swap_string_bytes_order` to swap.
+ORVA_API ustring16 swap_string_bytes_order(const ustring16& text);
+
+/// Swaps a text that begins with 0xFFFE in place, the mark included, so that it begins with 0xFEFF; leaves any other
+/// alone.
+ORVA_API void check_BOM_and_modify_swap(ustring16& text);
+ORVA_API void check_BOM_and_modify_swap(wide_string& text);
+
+/// Returns a copy of `text` as it is, whatever it begins with: use `check_BOM_and_modify_swap` to swap.
+ORVA_API ustring16 check_BOM_and_swap(const ustring16& text);
+ORVA_API wide_string check_BOM_and_swap(const wide_string& text);
+
+}  // namespace ORVA_2_18::strings
