@@ -1,0 +1,49 @@
+#include "orva/platform/posix/system_calls.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+
+namespace ORVA_2_18::platform::posix::calls {
+
+int open(const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); }
+int close(int file) { return ::close(file); }
+int fstat(int file, struct stat* status) { return ::fstat(file, status); }
+off_t lseek(int file, off_t offset, int whence) { return ::lseek(file, offset, whence); }
+
+ssize_t pread(int file, void* to, std::size_t count, off_t offset) {
+  return ::pread(file, to, count, offset);
+}
+
+ssize_t write(int file, const void* from, std::size_t count) { return ::write(file, from, count); }
+
+int stat(const char* path, struct stat* status) { return ::stat(path, status); }
+
+int fstatat(int directory, const char* name, struct stat* status, int flags) {
+  return ::fstatat(directory, name, status, flags);
+}
+
+int mkdir(const char* path, mode_t mode) { return ::mkdir(path, mode); }
+
+int rename_without_replacing([[maybe_unused]] const char* from, [[maybe_unused]] const char* to) {
+#ifdef RENAME_NOREPLACE
+  return ::renameat2(AT_FDCWD, from, AT_FDCWD, to, RENAME_NOREPLACE);
+#else
+  errno = ENOSYS;
+  return -1;
+#endif
+}
+
+int rename(const char* from, const char* to) { return ::rename(from, to); }
+int lstat(const char* path, struct stat* status) { return ::lstat(path, status); }
+int unlink(const char* path) { return ::unlink(path); }
+int rmdir(const char* path) { return ::rmdir(path); }
+
+DIR* opendir(const char* path) { return ::opendir(path); }
+dirent* readdir(DIR* directory) { return ::readdir(directory); }
+int dirfd(DIR* directory) { return ::dirfd(directory); }
+int closedir(DIR* directory) { return ::closedir(directory); }
+
+}  // namespace ORVA_2_18::platform::posix::calls
