@@ -6,7 +6,7 @@
 ///     struct printer { void print(const ustring8& text); };
 ///     printer p;
 ///     delegate_t<void(const ustring8&)> on_text;
-///     on_text = member_function_t<printer, void(const ustring8&)>(&p, &printer::print);
+///     on_text = member_function_t(&p, &printer::print);
 ///     if (on_text) on_text("hello");
 #pragma once
 

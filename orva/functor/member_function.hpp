@@ -34,4 +34,7 @@ class member_function_t<C, Result(Args...)> : public function_type_interface<Res
   member_pointer function_;
 };
 
+template <typename C, typename Result, typename... Args>
+member_function_t(C*, Result (C::*)(Args...)) -> member_function_t<C, Result(Args...)>;
+
 }  // namespace ORVA_2_18::functor

@@ -18,6 +18,7 @@ class counted_pointer {
   explicit operator bool() const noexcept { return target_ != nullptr; }
   /// Same target; two empty pointers are equal.
   bool operator==(const counted_pointer& other) const noexcept { return target_ == other.target_; }
+  bool operator==(const T* target) const noexcept { return target_ == target; }
 
  protected:
   counted_pointer() noexcept = default;

@@ -1,0 +1,42 @@
+/// A module beside the test program, as an application's loadable module is: built on its own, with everything
+/// hidden that it does not export.
+#pragma once
+
+#include <string>
+
+#include "orva/debug/assert.hpp"
+#include "orva/functor/delegate.hpp"
+#include "orva/generic/abilities/reference_count_pointer_ability.hpp"
+#include "orva/memory/pointers/rc_pointer.hpp"
+#include "orva/types/nil.hpp"
+#include "other_module_export.hpp"
+
+namespace other_module {
+
+/// Raises the class of the library that has this name.
+OTHER_MODULE_EXPORT void raise(const std::string& class_name);
+
+OTHER_MODULE_EXPORT const ORVA_2_18::types::nil_t* address_of_nil();
+
+/// Fails an assertion.
+OTHER_MODULE_EXPORT void assert_something();
+
+struct counted : ORVA_2_18::generic::abilities::reference_count_pointer_ability<counted> {
+  explicit counted(int& destroyed) : destroyed_(&destroyed) {}
+  ~counted() { ++*destroyed_; }
+
+ private:
+  int* destroyed_;
+};
+
+OTHER_MODULE_EXPORT ORVA_2_18::memory::pointers::rc_pointer<counted> make_counted(int& destroyed);
+
+struct listener {
+  void listen(const std::string& text) { heard = text; }
+  std::string heard;
+};
+
+using text_delegate = ORVA_2_18::functor::delegate_t<void(const std::string&)>;
+OTHER_MODULE_EXPORT text_delegate listen_with(listener& ear);
+
+}  // namespace other_module
