@@ -25,12 +25,12 @@ struct report {
 /// Collects what it is called with, for all copies of one hook together, and counts the copies that are alive.
 class recording_hook : public functor::function_type_interface<debug::assert_hook> {
  public:
-  struct record {
+  struct record_t {
     std::vector<report> reports;
     int alive = 0;
   };
 
-  explicit recording_hook(record& record) : record_(record) { ++record_.alive; }
+  explicit recording_hook(record_t& record) : record_(record) { ++record_.alive; }
   recording_hook(const recording_hook& other) : recording_hook(other.record_) {}
   ~recording_hook() override { --record_.alive; }
 
@@ -42,7 +42,7 @@ class recording_hook : public functor::function_type_interface<debug::assert_hoo
   recording_hook* clone() const override { return new recording_hook(*this); }
 
  private:
-  record& record_;
+  record_t& record_;
 };
 
 class assert_hook : public testing::Test {
@@ -51,7 +51,7 @@ class assert_hook : public testing::Test {
 
   void install() { debug::set_assert_hook(recording_hook(record)); }
 
-  recording_hook::record record;
+  recording_hook::record_t record;
 };
 
 TEST_F(assert_hook, is_not_set_at_load) { EXPECT_FALSE(debug::is_assert_hook_set()); }
@@ -129,10 +129,11 @@ class asserting_hook : public recording_hook {
 };
 
 TEST_F(assert_hook, is_out_of_reach_when_it_is_destroyed) {
-  recording_hook::record dying;
+  recording_hook::record_t dying;
   {
     const asserting_hook hook(dying);
     debug::set_assert_hook(hook);
+    dying.reports.clear();
     install();
     EXPECT_EQ(dying.reports.size(), 0u);
     EXPECT_EQ(record.reports.size(), 1u);
@@ -210,7 +211,8 @@ TEST_F(assert_hook, context_macro_reports_condition_and_context) {
 
 TEST_F(assert_hook, context_without_format_is_the_expression_alone) {
   install();
-  _______________CONTEXT__ASSERT________________("e", "file", 1, "function", static_cast<const char*>(nullptr));
+  _______________CONTEXT__ASSERT________________("e", "file", 1, "function",
+                                                 static_cast<const char*>(nullptr));
   EXPECT_EQ(record.reports.at(0).text, "e : ");
   ORVA_CONTEXT_ASSERT(false, nullptr);
   EXPECT_EQ(record.reports.at(1).text, "false : ");

@@ -21,11 +21,10 @@ struct row {
 };
 
 /// Every class that can be raised, with its base.
-using table =
-    testing::Types<row<logic_error, exception>, row<invalid_argument_value, logic_error>,
-                   row<length_error, logic_error>, row<out_of_range, logic_error>, row<runtime_error, exception>,
-                   row<empty_error, runtime_error>, row<full_error, runtime_error>,
-                   row<overflow_error, runtime_error>, row<underflow_error, runtime_error>>;
+using table = testing::Types<
+    row<logic_error, exception>, row<invalid_argument_value, logic_error>, row<length_error, logic_error>,
+    row<out_of_range, logic_error>, row<runtime_error, exception>, row<empty_error, runtime_error>,
+    row<full_error, runtime_error>, row<overflow_error, runtime_error>, row<underflow_error, runtime_error>>;
 
 template <typename Row>
 class exception_class : public testing::Test {};
@@ -50,8 +49,8 @@ TYPED_TEST(exception_class, has_its_base_and_no_other) {
 }
 
 TYPED_TEST(exception_class, adds_no_field_of_its_own) {
-  constexpr auto base_size = std::is_base_of_v<logic_error, typename TypeParam::type> ? sizeof(logic_error)
-                                                                                     : sizeof(runtime_error);
+  constexpr auto base_size =
+      std::is_base_of_v<logic_error, typename TypeParam::type> ? sizeof(logic_error) : sizeof(runtime_error);
   static_assert(sizeof(typename TypeParam::type) == base_size);
 }
 

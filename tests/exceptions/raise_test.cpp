@@ -26,8 +26,10 @@ TEST(source_name, is_the_path_under_the_source_root_without_the_ending) {
   for (const auto& row : table) EXPECT_STREQ(row.name.text, row.expected);
 }
 
-void raise_here(const std::string& what) { ORVA_RAISE(runtime_error, what + " is too much", "test::raise_here"); }
-constexpr unsigned int line_of_raise = __LINE__ - 1;
+constexpr unsigned int line_of_raise = __LINE__ + 2;
+void raise_here(const std::string& what) {
+  ORVA_RAISE(runtime_error, what + " is too much", "test::raise_here");
+}
 
 TEST(raise, throws_the_class_with_message_and_place) {
   try {

@@ -37,6 +37,8 @@ memory::pointers::rc_pointer<counted> make_counted(int& destroyed) {
   return generic::abilities::create_dynamic<counted>(destroyed);
 }
 
+void listener::listen(const std::string& text) { heard = text; }
+
 text_delegate listen_with(listener& ear) { return functor::member_function_t(&ear, &listener::listen); }
 
 }  // namespace other_module

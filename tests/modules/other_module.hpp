@@ -31,8 +31,9 @@ struct counted : ORVA_2_18::generic::abilities::reference_count_pointer_ability<
 
 OTHER_MODULE_EXPORT ORVA_2_18::memory::pointers::rc_pointer<counted> make_counted(int& destroyed);
 
+/// `listen` is exported, not inline: hidden inline functions have another address in every module.
 struct listener {
-  void listen(const std::string& text) { heard = text; }
+  OTHER_MODULE_EXPORT void listen(const std::string& text);
   std::string heard;
 };
 

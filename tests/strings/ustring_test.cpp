@@ -20,19 +20,21 @@ namespace {
 using namespace ORVA_2_18::strings;
 
 template <typename Ustring>
+using unit_of = typename Ustring::value_type;
+template <typename Ustring>
+using standard_of = std::basic_string<unit_of<Ustring>>;
+
+template <typename Ustring>
 class ustring_class : public testing::Test {
  protected:
-  using unit = typename Ustring::value_type;
-  using standard = std::basic_string<unit>;
-
   /// The same characters in the width under test.
-  static standard text(std::string_view ascii) { return standard(ascii.begin(), ascii.end()); }
+  static standard_of<Ustring> text(std::string_view ascii) { return {ascii.begin(), ascii.end()}; }
 };
 using widths = testing::Types<ustring8, ustring16, ustring32>;
 TYPED_TEST_SUITE(ustring_class, widths);
 
 TYPED_TEST(ustring_class, stores_nothing_beside_the_standard_string) {
-  using standard = typename TestFixture::standard;
+  using standard = standard_of<TypeParam>;
   static_assert(sizeof(TypeParam) == sizeof(standard));
   static_assert(std::is_base_of_v<standard, TypeParam>);
   static_assert(!std::is_polymorphic_v<TypeParam>);
@@ -64,7 +66,7 @@ TYPED_TEST(ustring_class, is_made_from_a_pointer_and_a_length) {
 }
 
 TYPED_TEST(ustring_class, is_made_from_a_range_a_repetition_and_a_list) {
-  using unit = typename TestFixture::unit;
+  using unit = unit_of<TypeParam>;
   const std::vector<unit> units{'a', 'b'};
   EXPECT_EQ(TypeParam(units.begin(), units.end()), this->text("ab"));
   EXPECT_EQ(TypeParam(3, unit('x')), this->text("xxx"));
@@ -84,7 +86,7 @@ TYPED_TEST(ustring_class, is_made_from_a_view_when_asked) {
 }
 
 TYPED_TEST(ustring_class, converts_from_and_to_the_standard_string) {
-  using standard = typename TestFixture::standard;
+  using standard = standard_of<TypeParam>;
   static_assert(std::is_convertible_v<standard, TypeParam>);
   static_assert(std::is_convertible_v<TypeParam, standard>);
   static_assert(std::is_convertible_v<TypeParam&, standard&>);
@@ -99,16 +101,16 @@ TYPED_TEST(ustring_class, moves_the_units_from_and_to_the_standard_string) {
   const auto* units = source.data();
   TypeParam there = std::move(source);
   EXPECT_EQ(there.data(), units);
-  const typename TestFixture::standard back = std::move(there);
+  const standard_of<TypeParam> back = std::move(there);
   EXPECT_EQ(back.data(), units);
 }
 
 TYPED_TEST(ustring_class, stays_a_type_of_its_own) {
-  static_assert(!std::is_same_v<TypeParam, typename TestFixture::standard>);
+  static_assert(!std::is_same_v<TypeParam, standard_of<TypeParam>>);
 }
 
 TYPED_TEST(ustring_class, is_assigned_from_everything_it_is_made_from) {
-  using unit = typename TestFixture::unit;
+  using unit = unit_of<TypeParam>;
   const auto source = this->text("source");
   TypeParam target;
   target = source;
@@ -142,7 +144,7 @@ TYPED_TEST(ustring_class, has_the_standard_operations) {
   edited.erase(0, 2);
   EXPECT_EQ(edited.find(this->text("o"), 5), 7u);
   EXPECT_EQ(edited.find('z'), TypeParam::npos);
-  EXPECT_EQ(edited[0], static_cast<typename TestFixture::unit>('J'));
+  EXPECT_EQ(edited[0], static_cast<unit_of<TypeParam>>('J'));
   edited.resize(5);
   EXPECT_EQ(edited, this->text("Jello"));
   edited += this->text("s");
@@ -164,8 +166,8 @@ TYPED_TEST(ustring_class, compares_with_its_own_kind_the_standard_string_and_poi
 }
 
 TYPED_TEST(ustring_class, order_is_by_unit_value_and_then_by_length) {
-  const std::vector<TypeParam> in_order{TypeParam(), this->text("A"), this->text("AB"), this->text("B"),
-                                        this->text("a"), this->text("aa")};
+  const std::vector<TypeParam> in_order{TypeParam(),     this->text("A"), this->text("AB"),
+                                        this->text("B"), this->text("a"), this->text("aa")};
   for (std::size_t i = 0; i < in_order.size(); ++i) {
     for (std::size_t j = 0; j < in_order.size(); ++j) EXPECT_EQ(in_order[i] < in_order[j], i < j);
   }
@@ -181,7 +183,7 @@ TYPED_TEST(ustring_class, is_a_key_of_maps_and_sets) {
 
 TYPED_TEST(ustring_class, hash_is_that_of_the_same_units) {
   const auto plain = this->text("the same units");
-  EXPECT_EQ(std::hash<TypeParam>()(plain), std::hash<typename TestFixture::standard>()(plain));
+  EXPECT_EQ(std::hash<TypeParam>()(plain), std::hash<standard_of<TypeParam>>()(plain));
 }
 
 TYPED_TEST(ustring_class, substr_keeps_the_class) {
@@ -214,7 +216,7 @@ TYPED_TEST(ustring_class, longer_than_possible_is_the_standard_length_error) {
 }
 
 TYPED_TEST(ustring_class, sum_keeps_the_class_whatever_stands_beside_it) {
-  using unit = typename TestFixture::unit;
+  using unit = unit_of<TypeParam>;
   const TypeParam text(this->text("ab"));
   const auto plain = this->text("cd");
   static_assert(std::is_same_v<decltype(text + text), TypeParam>);
@@ -272,7 +274,8 @@ TEST(ustring, widths_do_not_convert_into_each_other) {
 }
 
 TEST(ustring, wide_string_and_ustring16_are_one_text_in_two_types) {
-  static_assert(std::is_convertible_v<wide_string, ustring16> && std::is_convertible_v<ustring16, wide_string>);
+  static_assert(std::is_convertible_v<wide_string, ustring16> &&
+                std::is_convertible_v<ustring16, wide_string>);
   static_assert(!std::is_same_v<wide_string, ustring16>);
 }
 
@@ -296,8 +299,8 @@ TEST(ustring, literals_work) {
 }
 
 /// Not one of these is UTF-8.
-const std::vector<std::string> invalid_utf8{"\x80", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80",
-                                            "\xFF", "\xFE\xFF", "a\xE2\x82"};
+const std::vector<std::string> invalid_utf8{
+    "\x80", "\xC3", "\xC0\x80", "\xED\xA0\x80", "\xF4\x90\x80\x80", "\xFF", "\xFE\xFF", "a\xE2\x82"};
 
 TEST(ustring, invalid_utf8_is_stored_untouched) {
   for (const auto& bytes : invalid_utf8) {

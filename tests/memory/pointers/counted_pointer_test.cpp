@@ -8,6 +8,7 @@
 #include <memory>
 #include <random>
 #include <thread>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -60,22 +61,16 @@ struct derived : polymorphic {
 };
 
 template <typename Pointer>
-struct target_of;
-template <template <typename> typename Pointer, typename Target>
-struct target_of<Pointer<Target>> {
-  using type = Target;
-};
+using target_of = std::remove_reference_t<decltype(*std::declval<Pointer>())>;
 
 template <typename Pointer>
 class counted_pointer : public testing::Test {
  protected:
-  using target = typename target_of<Pointer>::type;
-
   void SetUp() override { ASSERT_EQ(alive, 0); }
   void TearDown() override { EXPECT_EQ(alive, 0); }
 };
-using pointers = testing::Types<rc_pointer<polymorphic>, shared_pointer<plain>>;
-TYPED_TEST_SUITE(counted_pointer, pointers);
+using pointer_templates = testing::Types<rc_pointer<polymorphic>, shared_pointer<plain>>;
+TYPED_TEST_SUITE(counted_pointer, pointer_templates);
 
 TYPED_TEST(counted_pointer, is_one_word) { static_assert(sizeof(TypeParam) == sizeof(void*)); }
 
@@ -94,7 +89,7 @@ TYPED_TEST(counted_pointer, null_is_empty) {
 }
 
 TYPED_TEST(counted_pointer, last_one_destroys_a_heap_object) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   TypeParam first(create_dynamic<target>());
   EXPECT_EQ(first->get_ref_count(), 1u);
   {
@@ -109,7 +104,7 @@ TYPED_TEST(counted_pointer, last_one_destroys_a_heap_object) {
 }
 
 TYPED_TEST(counted_pointer, leaves_an_object_of_a_scope_alive_at_zero) {
-  typename TestFixture::target object;
+  target_of<TypeParam> object;
   { const TypeParam pointer(&object); }
   EXPECT_EQ(alive, 1);
   EXPECT_EQ(object.get_ref_count(), 0u);
@@ -118,13 +113,13 @@ TYPED_TEST(counted_pointer, leaves_an_object_of_a_scope_alive_at_zero) {
 }
 
 TYPED_TEST(counted_pointer, leaves_an_unmarked_heap_object_to_its_owner) {
-  const auto owner = std::make_unique<typename TestFixture::target>();
+  const auto owner = std::make_unique<target_of<TypeParam>>();
   { const TypeParam pointer(owner.get()); }
   EXPECT_EQ(alive, 1);
 }
 
 TYPED_TEST(counted_pointer, is_made_again_from_the_raw_pointer) {
-  TypeParam first(create_dynamic<typename TestFixture::target>());
+  TypeParam first(create_dynamic<target_of<TypeParam>>());
   auto* raw = first.get();
   const TypeParam second(raw);
   first = nullptr;
@@ -133,7 +128,7 @@ TYPED_TEST(counted_pointer, is_made_again_from_the_raw_pointer) {
 }
 
 TYPED_TEST(counted_pointer, assignment_to_itself_changes_nothing) {
-  TypeParam pointer(create_dynamic<typename TestFixture::target>());
+  TypeParam pointer(create_dynamic<target_of<TypeParam>>());
   auto* raw = pointer.get();
   const TypeParam& same = pointer;
   pointer = same;
@@ -145,7 +140,7 @@ TYPED_TEST(counted_pointer, assignment_to_itself_changes_nothing) {
 }
 
 TYPED_TEST(counted_pointer, assignment_of_the_raw_pointer_held_changes_nothing) {
-  TypeParam pointer(create_dynamic<typename TestFixture::target>());
+  TypeParam pointer(create_dynamic<target_of<TypeParam>>());
   auto* raw = pointer.get();
   pointer = raw;
   EXPECT_EQ(pointer.get(), raw);
@@ -153,7 +148,7 @@ TYPED_TEST(counted_pointer, assignment_of_the_raw_pointer_held_changes_nothing) 
 }
 
 TYPED_TEST(counted_pointer, assignment_releases_the_old_target) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   TypeParam one(create_dynamic<target>());
   const TypeParam two(create_dynamic<target>());
   one = two;
@@ -167,20 +162,20 @@ TYPED_TEST(counted_pointer, assignment_releases_the_old_target) {
 }
 
 TYPED_TEST(counted_pointer, assignment_between_pointers_to_one_target_keeps_it) {
-  TypeParam one(create_dynamic<typename TestFixture::target>());
+  TypeParam one(create_dynamic<target_of<TypeParam>>());
   const TypeParam two(one);
   one = two;
   EXPECT_EQ(two->get_ref_count(), 2u);
 }
 
 TYPED_TEST(counted_pointer, move_hands_the_target_over_without_counting) {
-  TypeParam source(create_dynamic<typename TestFixture::target>());
+  TypeParam source(create_dynamic<target_of<TypeParam>>());
   auto* raw = source.get();
   TypeParam moved(std::move(source));
   EXPECT_FALSE(source);
   EXPECT_EQ(moved.get(), raw);
   EXPECT_EQ(moved->get_ref_count(), 1u);
-  TypeParam assigned(create_dynamic<typename TestFixture::target>());
+  TypeParam assigned(create_dynamic<target_of<TypeParam>>());
   assigned = std::move(moved);
   EXPECT_FALSE(moved);
   EXPECT_EQ(assigned.get(), raw);
@@ -188,7 +183,7 @@ TYPED_TEST(counted_pointer, move_hands_the_target_over_without_counting) {
 }
 
 TYPED_TEST(counted_pointer, emptied_by_a_move_can_be_used_again) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   TypeParam source(create_dynamic<target>());
   const TypeParam moved(std::move(source));
   source = moved;
@@ -196,7 +191,7 @@ TYPED_TEST(counted_pointer, emptied_by_a_move_can_be_used_again) {
 }
 
 TYPED_TEST(counted_pointer, compares_by_target) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   const TypeParam one(create_dynamic<target>()), same(one), other(create_dynamic<target>()), empty;
   EXPECT_TRUE(one == same);
   EXPECT_TRUE(one != other);
@@ -207,13 +202,13 @@ TYPED_TEST(counted_pointer, compares_by_target) {
 }
 
 TYPED_TEST(counted_pointer, dereferences_to_the_target_itself) {
-  const TypeParam pointer(create_dynamic<typename TestFixture::target>());
+  const TypeParam pointer(create_dynamic<target_of<TypeParam>>());
   EXPECT_EQ(&*pointer, pointer.get());
   EXPECT_EQ(pointer.operator->(), pointer.get());
 }
 
 TYPED_TEST(counted_pointer, stands_in_containers) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   const TypeParam kept(create_dynamic<target>());
   {
     std::vector<TypeParam> many(100, kept);
@@ -228,7 +223,7 @@ TYPED_TEST(counted_pointer, stands_in_containers) {
 
 /// A pointer inside the object that it keeps alive: when the head moves on, the old head goes and the new one stays.
 TYPED_TEST(counted_pointer, moves_along_a_chain_that_only_the_head_keeps_alive) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   TypeParam head;
   for (int i = 0; i < 1000; ++i) {
     TypeParam added(create_dynamic<target>());
@@ -249,7 +244,7 @@ TYPED_TEST(counted_pointer, moves_along_a_chain_that_only_the_head_keeps_alive) 
 TYPED_TEST(counted_pointer, destroys_a_chain_with_its_head) {
   TypeParam head;
   for (int i = 0; i < 1000; ++i) {
-    TypeParam added(create_dynamic<typename TestFixture::target>());
+    TypeParam added(create_dynamic<target_of<TypeParam>>());
     added->next = std::move(head);
     head = std::move(added);
   }
@@ -258,7 +253,7 @@ TYPED_TEST(counted_pointer, destroys_a_chain_with_its_head) {
 }
 
 TYPED_TEST(counted_pointer, copy_of_a_counted_object_belongs_to_nobody) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   const TypeParam one(create_dynamic<target>()), two(one);
   const target copy(*one);
   EXPECT_EQ(copy.get_ref_count(), 0u);
@@ -268,7 +263,7 @@ TYPED_TEST(counted_pointer, copy_of_a_counted_object_belongs_to_nobody) {
 /// Random copies, moves and assignments between a handful of pointers; the counts must be what a count by hand
 /// gives.
 TYPED_TEST(counted_pointer, counts_agree_with_a_count_by_hand) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   const unsigned int seed = std::random_device{}();
   SCOPED_TRACE(testing::Message() << "seed " << seed);
   std::mt19937 random(seed);
@@ -277,12 +272,24 @@ TYPED_TEST(counted_pointer, counts_agree_with_a_count_by_hand) {
     auto& to = pointers[random() % pointers.size()];
     auto& from = pointers[random() % pointers.size()];
     switch (random() % 6) {
-      case 0: to = create_dynamic<target>(); break;
-      case 1: to = from; break;
-      case 2: to = std::move(from); break;
-      case 3: to = from.get(); break;
-      case 4: std::swap(to, from); break;
-      default: to = nullptr; break;
+      case 0:
+        to = create_dynamic<target>();
+        break;
+      case 1:
+        to = from;
+        break;
+      case 2:
+        to = std::move(from);
+        break;
+      case 3:
+        to = from.get();
+        break;
+      case 4:
+        std::swap(to, from);
+        break;
+      default:
+        to = nullptr;
+        break;
     }
     std::vector<target*> distinct;
     for (const auto& pointer : pointers) {
@@ -298,7 +305,7 @@ TYPED_TEST(counted_pointer, counts_agree_with_a_count_by_hand) {
 
 TYPED_TEST(counted_pointer, is_shared_between_threads) {
   constexpr int threads = 4, rounds = 5000;
-  TypeParam shared(create_dynamic<typename TestFixture::target>());
+  TypeParam shared(create_dynamic<target_of<TypeParam>>());
   std::vector<std::thread> users;
   for (int i = 0; i < threads; ++i) {
     users.emplace_back([mine = shared] {
@@ -318,7 +325,7 @@ TYPED_TEST(counted_pointer, is_shared_between_threads) {
 
 /// The last reference may go on any thread; what others wrote before they let go is visible to the destructor.
 TYPED_TEST(counted_pointer, is_destroyed_once_by_whichever_thread_is_last) {
-  using target = typename TestFixture::target;
+  using target = target_of<TypeParam>;
   for (int round = 0; round < 200; ++round) {
     TypeParam shared(create_dynamic<target>());
     std::vector<std::thread> users;
