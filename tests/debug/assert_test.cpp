@@ -124,7 +124,7 @@ TEST_F(assert_hook, may_be_a_member_function) {
 class asserting_hook : public recording_hook {
  public:
   using recording_hook::recording_hook;
-  ~asserting_hook() override { ORVA_ASSERT(!"destroyed"); }
+  ~asserting_hook() override { ORVA_ASSERT(false); }
   asserting_hook* clone() const override { return new asserting_hook(*this); }
 };
 

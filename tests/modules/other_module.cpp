@@ -31,7 +31,7 @@ void raise(const std::string& class_name) {
 
 const types::nil_t* address_of_nil() { return &types::nil; }
 
-void assert_something() { ORVA_ASSERT(!"something"); }
+void assert_something() { ORVA_ASSERT(1 > 2); }
 
 memory::pointers::rc_pointer<counted> make_counted(int& destroyed) {
   return generic::abilities::create_dynamic<counted>(destroyed);
