@@ -18,13 +18,18 @@
 #include "orva/generic/abilities/id_ability.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/generic/clone_interface.hpp"
+#include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/x_to_str.hpp"
 // memory
 #include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 // strings
+#include "orva/strings/case_mapping.hpp"
 #include "orva/strings/characters.hpp"
 #include "orva/strings/code_unit.hpp"
+#include "orva/strings/replace.hpp"
+#include "orva/strings/split.hpp"
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/unicode.hpp"
 #include "orva/strings/ustring.hpp"
@@ -33,6 +38,7 @@
 // types
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
+#include "orva/types/radix.hpp"
 
 /// The version stands in the namespace, so that two versions can live in one process; source code follows the
 /// alias.

@@ -1,0 +1,58 @@
+/// Case mapping of single code units, by the C runtime's current locale.
+///
+/// This is no Unicode case mapping: each unit is taken on its own, so in a `ustring8` no multi-byte sequence is
+/// decoded, and in the C locale only the ASCII letters change. A single-byte locale has its letters from 128 to
+/// 255 mapped, in every width; units above 255 never change, and the ASCII letters are the same in every locale.
+/// Any thread may call these as long as none changes the locale.
+///
+///     to_lower("Straße A1")   =>  "straße a1"
+///     to_upper("Straße a1")   =>  "STRAßE A1"
+///     lower_case("ABCDEF", 2, 4)  =>  "ABcdEF"
+#pragma once
+
+#include <cstddef>
+
+#include "orva/export.hpp"
+#include "orva/strings/ustring_for.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_2_18::strings {
+
+namespace _private {
+
+template <code_unit Unit>
+ORVA_API void lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last);
+template <code_unit Unit>
+ORVA_API void upper(basic_ustring<Unit>& text);
+
+}  // namespace _private
+
+/// A new string with each unit in lower case.
+template <any_text Text>
+ustring_for<Text> to_lower(const Text& text) {
+  ustring_for<Text> result(text);
+  _private::lower(result, 0, result.size());
+  return result;
+}
+
+/// A new string with each unit in upper case.
+template <any_text Text>
+ustring_for<Text> to_upper(const Text& text) {
+  ustring_for<Text> result(text);
+  _private::upper(result);
+  return result;
+}
+
+/// A `last` that stands for the end of the text.
+inline constexpr types::uint32 end_of_text = 0xFFFFFFFF;
+
+/// A new string with the units from `first` up to but not including `last` in lower case. A `last` of `end_of_text`,
+/// and any other behind the end, is the end; from a `first` behind `last` nothing changes.
+template <any_text Text>
+ustring_for<Text> lower_case(const Text& text, std::size_t first, std::size_t last) {
+  ustring_for<Text> result(text);
+  _private::lower(result, first, last == end_of_text ? result.size() : last);
+  return result;
+}
+
+}  // namespace ORVA_2_18::strings

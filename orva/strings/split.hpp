@@ -1,0 +1,59 @@
+/// `split_string`: a text cut at each place where a delimiter stands.
+///
+/// Works on code units: nothing is decoded, and a delimiter of several units is compared unit by unit. The result
+/// owns its pieces. Any thread may call it.
+///
+///     text     delimiter  max
+///     "a,b"    ","        0    =>  "a", "b"
+///     ",a"     ","        0    =>  "", "a"          a leading delimiter yields an empty element
+///     "a,,b"   ","        0    =>  "a", "", "b"
+///     "a,"     ","        0    =>  "a"              a delimiter at the end yields none
+///     ""       ","        0    =>  nothing
+///     "a"      ""         0    =>  "a"              an empty delimiter: the text as it is, also when it is empty
+///     "a,b,c"  ","        1    =>  "a", "b,c"       at most `max` cuts; 0 or less is no limit
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "orva/export.hpp"
+#include "orva/strings/ustring_for.hpp"
+
+namespace ORVA_2_18::strings {
+
+namespace _private {
+
+/// Text of a string class keeps its class; anything else becomes the library's string of its width.
+template <typename Text>
+struct class_of {
+  using type = ustring_for<Text>;
+};
+template <code_unit Unit>
+struct class_of<std::basic_string<Unit>> {
+  using type = std::basic_string<Unit>;
+};
+
+/// Where the pieces stand in `text`.
+template <code_unit Unit>
+ORVA_API std::vector<std::basic_string_view<Unit>> pieces(std::basic_string_view<Unit> text,
+                                                          std::basic_string_view<Unit> delimiter, int max);
+
+}  // namespace _private
+
+/// The string class in which the pieces of a text come: `std::string` for a `std::string`, `ustring8` for a
+/// `ustring8` and for a literal, and so for each width.
+template <any_text Text>
+using piece_of = typename _private::class_of<std::remove_cvref_t<Text>>::type;
+
+template <any_text Text>
+std::vector<piece_of<Text>> split_string(
+    const Text& text,
+    std::type_identity_t<std::basic_string_view<typename piece_of<Text>::value_type>> delimiter, int max) {
+  const auto pieces = _private::pieces<typename piece_of<Text>::value_type>(text, delimiter, max);
+  return std::vector<piece_of<Text>>(pieces.begin(), pieces.end());
+}
+
+}  // namespace ORVA_2_18::strings
