@@ -35,6 +35,10 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/strings/ustring_for.hpp"
 #include "orva/strings/wchar.hpp"
+// system
+#include "orva/system/file_utility.hpp"
+#include "orva/system/io.hpp"
+#include "orva/system/path_argument.hpp"
 // types
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"

@@ -1,0 +1,35 @@
+/// Status of a path, make, rename and remove: one system call each.
+///
+/// Internal: not installed. A port owes what is told beside each, and that a path which holds a zero unit names
+/// nothing: cut short at that unit, it would name something else. Functions may be called by any thread.
+#pragma once
+
+#include "orva/platform/native_path.hpp"
+
+namespace ORVA_2_18::platform {
+
+/// What a path names, symbolic links followed. All false: nothing that can be reached.
+struct file_status {
+  bool exists = false;
+  bool is_directory = false;
+  /// A regular file: no directory, pipe, socket or device.
+  bool is_file = false;
+  /// The owner's read permission, whoever asks.
+  bool owner_may_read = false;
+};
+
+file_status status(const native_string& path);
+
+/// True if this call made the directory: not if it was there, not if its parent is missing.
+bool make_directory(const native_string& path);
+
+/// Gives `from` the name `to`, which must be free: nothing is replaced.
+bool rename(const native_string& from, const native_string& to);
+
+/// Removes one name of a file, a symbolic link itself, never a directory.
+bool remove_file(const native_string& path);
+
+/// Removes an empty directory.
+bool remove_directory(const native_string& path);
+
+}  // namespace ORVA_2_18::platform

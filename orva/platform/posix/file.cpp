@@ -1,0 +1,87 @@
+#include "orva/platform/file.hpp"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <utility>
+
+#include "orva/platform/posix/c_path.hpp"
+#include "orva/platform/posix/write_all.hpp"
+
+namespace ORVA_2_18::platform {
+
+namespace {
+
+/// O_NOFOLLOW: a link that takes the file's place after someone looked for links is refused all the same.
+/// O_NONBLOCK: opening a pipe does not wait for its other end; files are not affected.
+constexpr int common_flags = O_CLOEXEC | O_NOCTTY | O_NOFOLLOW | O_NONBLOCK;
+
+/// An open file descriptor; -1 is none.
+class descriptor {
+ public:
+  descriptor(const native_string& path, int flags) {
+    do {
+      file_ = posix::calls::open(posix::c_path(path), flags | common_flags, 0666);
+    } while (file_ < 0 && errno == EINTR);
+  }
+  descriptor(const descriptor&) = delete;
+  descriptor& operator=(const descriptor&) = delete;
+  // An interrupted close has closed: a second one could hit a file that another thread just opened.
+  ~descriptor() {
+    if (file_ >= 0) posix::calls::close(file_);
+  }
+
+  int get() const { return file_; }
+  int release() { return std::exchange(file_, -1); }
+
+ private:
+  int file_;
+};
+
+/// The position of the end, or -1 for what has none.
+std::int64_t size_of(int file) {
+  struct stat status = {};
+  if (posix::calls::fstat(file, &status) != 0 || S_ISDIR(status.st_mode)) return -1;
+  if (S_ISREG(status.st_mode)) return status.st_size;
+  return posix::calls::lseek(file, 0, SEEK_END);
+}
+
+bool is_pipe(int file) {
+  struct stat status = {};
+  return posix::calls::fstat(file, &status) != 0 || S_ISFIFO(status.st_mode);
+}
+
+}  // namespace
+
+input_file::input_file(const native_string& path) {
+  descriptor file(path, O_RDONLY);
+  if (file.get() < 0) return;
+  size_ = size_of(file.get());
+  if (size_ >= 0) handle_ = file.release();
+}
+
+input_file::~input_file() {
+  if (is_open()) posix::calls::close(static_cast<int>(handle_));
+}
+
+std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
+  std::size_t done = 0;
+  while (done < count) {
+    const auto at = offset + static_cast<std::int64_t>(done);
+    const ssize_t got = posix::calls::pread(static_cast<int>(handle_), to + done, count - done, at);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    done += static_cast<std::size_t>(got);
+  }
+  return done;
+}
+
+bool write_file(const native_string& path, std::string_view contents) {
+  const descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+  if (file.get() < 0 || is_pipe(file.get())) return false;
+  posix::write_all(file.get(), contents);
+  return true;
+}
+
+}  // namespace ORVA_2_18::platform

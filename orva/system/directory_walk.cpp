@@ -1,0 +1,96 @@
+#include "orva/platform/directory_listing.hpp"
+#include "orva/system/file_utility.hpp"
+
+namespace ORVA_2_18::system {
+
+namespace {
+
+using platform::directory_listing;
+using platform::native_string;
+using platform::native_view;
+
+bool is_dots(native_view name) {
+  return name.size() <= 2 && name.find_first_not_of(static_cast<platform::native_char>('.')) == name.npos;
+}
+
+/// Joins a directory and the names of its entries in the width of the result.
+template <typename Ustring>
+class path_joiner {
+ public:
+  explicit path_joiner(const native_string& directory) {
+    platform::append_native(prefix_, directory + platform::separator);
+  }
+
+  Ustring operator()(native_view name) const {
+    Ustring full;
+    full.reserve(prefix_.size() + name.size());
+    full.append(prefix_);
+    platform::append_native(full, name);
+    return full;
+  }
+
+ private:
+  Ustring prefix_;
+};
+
+/// A directory that the walk is in, and how far it has come there.
+template <typename Ustring>
+struct walked_directory {
+  explicit walked_directory(const native_string& path)
+      : join(path), listing(path, directory_listing::detail::names_and_status) {}
+
+  path_joiner<Ustring> join;
+  directory_listing listing;
+  std::size_t next = 0;
+};
+
+}  // namespace
+
+namespace _private {
+
+template <typename Ustring>
+std::vector<Ustring> list_directory(const path_argument& path) {
+  const auto native = platform::to_native(path.get());
+  const directory_listing listing(native, directory_listing::detail::names);
+  std::vector<Ustring> paths;
+  if (listing.size() == 0) return paths;
+  paths.reserve(listing.size());
+  const path_joiner<Ustring> join(native);
+  // The first entry goes unseen: it is "." wherever there is one, and where there is none callers expect what is
+  // first to be missing.
+  for (std::size_t i = 1; i < listing.size(); ++i)
+    if (!is_dots(listing.name(i))) paths.push_back(join(listing.name(i)));
+  return paths;
+}
+
+template <typename Ustring>
+void get_directory_files(const path_argument& path, std::vector<Ustring>& files) {
+  std::vector<walked_directory<Ustring>> walk;
+  walk.emplace_back(platform::to_native(path.get()));
+  while (!walk.empty()) {
+    auto& directory = walk.back();
+    if (directory.next == directory.listing.size()) {
+      walk.pop_back();
+      continue;
+    }
+    const auto entry = directory.next++;
+    const auto name = directory.listing.name(entry);
+    const auto& status = directory.listing.status(entry);
+    if (is_dots(name) || !status.owner_may_read) continue;
+    if (status.is_file) files.push_back(directory.join(name));
+    // A directory is entered by the path that a caller would have for it, whatever its width makes of the name.
+    if (status.is_directory)
+      walk.emplace_back(platform::to_native(path_argument(directory.join(name)).get()));
+  }
+}
+
+template ORVA_API std::vector<strings::ustring8> list_directory<strings::ustring8>(const path_argument&);
+template ORVA_API std::vector<strings::ustring16> list_directory<strings::ustring16>(const path_argument&);
+template ORVA_API std::vector<strings::ustring32> list_directory<strings::ustring32>(const path_argument&);
+template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring8>&);
+template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring16>&);
+template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring32>&);
+
+}  // namespace _private
+
+}  // namespace ORVA_2_18::system
