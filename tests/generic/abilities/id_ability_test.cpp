@@ -12,16 +12,16 @@ namespace {
 
 using ORVA_2_18::generic::abilities::id_ability;
 
-TEST(id_ability, default_id_is_the_objects_address) {
+TEST(id_ability, default_id_is_the_low_32_bits_of_the_objects_address) {
   const id_ability object;
-  EXPECT_EQ(object.id(), reinterpret_cast<std::uintptr_t>(&object));
+  EXPECT_EQ(object.id(), static_cast<ORVA_2_18::types::uint32>(reinterpret_cast<std::uintptr_t>(&object)));
 }
 
 TEST(id_ability, default_ids_of_live_objects_differ) {
   static id_ability in_static_storage;
   const id_ability on_the_stack;
   std::vector<std::unique_ptr<id_ability>> on_the_heap;
-  std::set<id_ability::id_type> ids{in_static_storage.id(), on_the_stack.id()};
+  std::set<ORVA_2_18::types::uint32> ids{in_static_storage.id(), on_the_stack.id()};
   for (int i = 0; i < 1000; ++i) {
     on_the_heap.push_back(std::make_unique<id_ability>());
     ids.insert(on_the_heap.back()->id());
@@ -51,7 +51,7 @@ TEST(id_ability, copies_take_the_id_over) {
 
 TEST(id_ability, is_one_field_without_virtual_functions) {
   static_assert(!std::is_polymorphic_v<id_ability>);
-  static_assert(sizeof(id_ability) == sizeof(id_ability::id_type));
+  static_assert(sizeof(id_ability) == sizeof(ORVA_2_18::types::uint32));
 }
 
 }  // namespace
