@@ -1,0 +1,64 @@
+/// The payload of a `variant`: one immutable value with the whole conversion matrix of its type.
+///
+/// Programs hold a `types::variant` and never see a payload; it is declared so that copying a `variant` costs no
+/// call. A payload counts the variants that share it and goes with the last of them; as it never changes, threads
+/// may share it.
+#pragma once
+
+#include <iosfwd>
+#include <string>
+#include <typeinfo>
+
+#include "orva/export.hpp"
+#include "orva/generic/abilities/clone_ability.hpp"
+#include "orva/generic/abilities/reference_count_pointer_ability.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_2_18::types {
+
+/// What each operation answers is told by the accessor of `variant` that has its name. The order of the operations
+/// is part of the binary interface.
+class ORVA_API variant_type : public generic::abilities::clone_ability,
+                              public generic::abilities::reference_count_pointer_ability<variant_type> {
+ public:
+  ~variant_type() override;
+
+  /// True for every payload.
+  virtual bool is_valid() const = 0;
+  virtual const std::type_info& type() const = 0;
+  /// A payload of its own with a copy of the value, for a counted pointer to take.
+  virtual variant_type* clone() const = 0;
+  virtual std::ostream& ostream(std::ostream& stream) const = 0;
+
+  virtual int as_int() const = 0;
+  virtual short as_short() const = 0;
+  virtual int32 as_long() const = 0;
+  virtual signed char as_int8() const = 0;
+  virtual short as_int16() const = 0;
+  virtual int32 as_int32() const = 0;
+  virtual long long as_int64() const = 0;
+  virtual unsigned char as_uint8() const = 0;
+  virtual unsigned short as_uint16() const = 0;
+  virtual uint32 as_uint32() const = 0;
+  virtual unsigned long long as_uint64() const = 0;
+  virtual bool as_bool() const = 0;
+
+  virtual std::string as_string() const = 0;
+  virtual strings::wide_string as_wstring() const = 0;
+  virtual strings::wide_string as_ustring() const = 0;
+  virtual strings::ustring8 as_utf8() const = 0;
+  virtual strings::ustring16 as_utf16() const = 0;
+  virtual strings::ustring32 as_utf32() const = 0;
+
+  virtual float as_float() const = 0;
+  virtual double as_double() const = 0;
+  virtual long double as_long_double() const = 0;
+
+ protected:
+  variant_type() noexcept = default;
+  variant_type(const variant_type&) = delete;
+  variant_type& operator=(const variant_type&) = delete;
+};
+
+}  // namespace ORVA_2_18::types
