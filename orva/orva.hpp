@@ -17,9 +17,11 @@
 #include "orva/generic/abilities/create_ability.hpp"
 #include "orva/generic/abilities/id_ability.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
+#include "orva/generic/argument.hpp"
 #include "orva/generic/clone_interface.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
+#include "orva/generic/varg_list.hpp"
 // memory
 #include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
@@ -43,6 +45,8 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/radix.hpp"
+#include "orva/types/variant.hpp"
+#include "orva/types/variant_type.hpp"
 
 /// The version stands in the namespace, so that two versions can live in one process; source code follows the
 /// alias.
