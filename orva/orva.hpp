@@ -26,6 +26,10 @@
 #include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
+// parser
+#include "orva/parser/name_list.hpp"
+#include "orva/parser/xml_parser.hpp"
+#include "orva/parser/xml_token_stream.hpp"
 // strings
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/characters.hpp"

@@ -1,0 +1,162 @@
+/// The scanners of the grammar that `xml_parser` reads, each under the name of its construct.
+///
+/// Internal: not installed. A scanner stands on a position of the text and moves behind what it took. It never reads
+/// at the end of the text: where a construct is cut off there, it fails with no character to show.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <utility>
+
+#include "orva/generic/convert/str_to_x.hpp"
+#include "orva/parser/xml_parser.hpp"
+#include "orva/strings/character_class.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_2_18::parser::_private {
+
+class xml_scanner {
+ public:
+  using ustring8 = strings::ustring8;
+  using parse_error = xml_parser::parse_error;
+
+  /// `line` is counted on, and told by failures.
+  xml_scanner(const char* first, const char* last, types::uint32& line) noexcept
+      : at_(first), end_(last), line_(line) {}
+
+  const char* position() const noexcept { return at_; }
+
+  static constexpr bool is_white_space(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+
+  std::string_view white_space() {
+    const char* const first = at_;
+    for (; at_ != end_ && is_white_space(*at_); ++at_) line_ += *at_ == '\n' ? 1 : 0;
+    return between(first, at_);
+  }
+
+  std::string_view name() {
+    const char* at = at_;
+    if (at == end_ || !strings::character_class::isalpha(*at)) fail_at(at);
+    while (++at != end_ && is_name_character(*at)) {
+    }
+    return between(std::exchange(at_, at), at);
+  }
+
+  /// From the opening quote to the closing one, or to the end of the text.
+  void attribute_value(ustring8& value) {
+    if (at_end() || (*at_ != '\'' && *at_ != '"')) fail(parse_error::missing_quote);
+    const char quote = *at_++;
+    value.clear();
+    while (true) {
+      const char* const first = at_;
+      at_ = std::find_if(at_, end_, [quote](char c) { return c == quote || c == '<' || c == '&'; });
+      value.append(first, at_);
+      if (at_end() || *at_ == quote) return;
+      if (*at_ == '<') fail_at(at_);
+      value.push_back(character());
+    }
+  }
+
+  /// A run of text: up to the next tag, or to the first of two white-space characters in a row.
+  void text_run(ustring8& text) {
+    text.clear();
+    while (true) {
+      const char* const first = at_;
+      at_ = end_of_plain_text();
+      text.append(first, at_);
+      if (at_end() || *at_ != '&') return;
+      text.push_back(character());
+    }
+  }
+
+  /// The byte that an entity or a character reference stands for.
+  char character() {
+    if (at_end() || *at_ != '&') fail_at(at_);
+    if (starts_with("&#x")) return character_reference(3, types::radix_t::hexadecimal);
+    if (starts_with("&#")) return character_reference(2, types::radix_t::decimal);
+    return named_entity();
+  }
+
+  [[noreturn]] void fail(parse_error::error_type type, std::string_view data = {}) const {
+    throw parse_error{type, line_, ustring8(data)};
+  }
+
+  /// An unexpected character, which is none if the text ended instead.
+  [[noreturn]] void fail_at(const char* place) const {
+    fail(parse_error::unexpected_character, {place, place < end_ ? 1u : 0u});
+  }
+
+ protected:
+  bool at_end() const noexcept { return at_ == end_; }
+  char current() const noexcept { return *at_; }
+  void step(std::size_t count = 1) noexcept { at_ += count; }
+  std::string_view rest() const noexcept { return between(at_, end_); }
+  bool starts_with(std::string_view opener) const noexcept { return rest().starts_with(opener); }
+
+ private:
+  static std::string_view between(const char* first, const char* last) noexcept {
+    return {first, static_cast<std::size_t>(last - first)};
+  }
+
+  static bool is_name_character(char c) { return strings::character_class::isalnum(c) || c == '_'; }
+
+  static constexpr bool may_end_text(char c) {
+    constexpr auto table = [] {
+      std::array<bool, 256> ends{};
+      for (const unsigned char unit : {'<', '&', ' ', '\t', '\r', '\n'}) ends[unit] = true;
+      return ends;
+    }();
+    return table[static_cast<unsigned char>(c)];
+  }
+
+  const char* end_of_plain_text() const {
+    for (const char* at = at_; at != end_; ++at) {
+      if (!may_end_text(*at)) continue;
+      if (!is_white_space(*at)) return at;
+      if (end_ - at > 1 && is_white_space(at[1])) return at;
+    }
+    return end_;
+  }
+
+  char character_reference(std::size_t opener, types::radix_t::base radix) {
+    const char* const digits = at_ + opener;
+    const char* const last = std::find_if_not(digits, end_, [radix](char c) {
+      return radix == types::radix_t::hexadecimal ? strings::character_class::isxdigit(c)
+                                                  : strings::character_class::isdigit(c);
+    });
+    if (last == end_ || *last != ';') fail_at(last);
+    // Without digits the reader takes the semicolon for the first unit, and no digit reads as 0.
+    const auto value =
+        generic::convert::str_to_uint8(digits, static_cast<std::size_t>(last - digits), radix, true);
+    at_ = last + 1;
+    return static_cast<char>(value);
+  }
+
+  char named_entity() {
+    struct entity {
+      std::string_view text;
+      char value;
+    };
+    static constexpr std::array<entity, 6> entities{
+        {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&apos;", '\''}, {"&quot;", '"'}, {"&nbsp;", ' '}}};
+    bool opens_one = false;
+    for (const auto& [text, value] : entities) {
+      if (starts_with(text)) {
+        step(text.size());
+        return value;
+      }
+      opens_one = opens_one || starts_with(text.substr(0, 2));
+    }
+    if (!opens_one) fail(parse_error::unknown_entity);
+    fail_at(at_ + 2);
+  }
+
+  const char* at_;
+  const char* end_;
+  types::uint32& line_;
+};
+
+}  // namespace ORVA_2_18::parser::_private

@@ -1,0 +1,68 @@
+#include "orva/parser/xml_token_stream.hpp"
+
+#include "orva/functor/member_function.hpp"
+
+namespace ORVA_2_18::parser {
+
+xml_token_stream::xml_token_stream() {
+  using text_handler = functor::member_function_t<xml_token_stream, void(const ustring8&)>;
+  using attribute_handler =
+      functor::member_function_t<xml_token_stream, void(const ustring8&, const ustring8&)>;
+
+  parser_.on_element_start = text_handler(this, &xml_token_stream::on_element_start);
+  parser_.on_element_end = text_handler(this, &xml_token_stream::on_element_end);
+  parser_.on_attribute = attribute_handler(this, &xml_token_stream::on_attribute);
+  parser_.on_character = text_handler(this, &xml_token_stream::on_character);
+  parser_.on_space = text_handler(this, &xml_token_stream::on_space);
+  parser_.on_comment = text_handler(this, &xml_token_stream::on_comment);
+}
+
+xml_token_stream::xml_token_stream(const xml_token_stream& other) = default;
+xml_token_stream& xml_token_stream::operator=(const xml_token_stream& other) = default;
+xml_token_stream::~xml_token_stream() = default;
+
+xml_parser::parse_error xml_token_stream::parse(const ustring8& text) {
+  return parse(text.begin(), text.end());
+}
+
+xml_parser::parse_error xml_token_stream::parse(xml_parser::iterator first, xml_parser::iterator last) {
+  start_tag_closed_ = true;
+  return parser_.parse(first, last);
+}
+
+void xml_token_stream::on_element_start(const ustring8& name) {
+  close_start_tag();
+  tokens_.emplace_back(token::element_start, name);
+  start_tag_closed_ = false;
+}
+
+void xml_token_stream::on_element_end(const ustring8& name) {
+  close_start_tag();
+  tokens_.emplace_back(token::element_end, name);
+}
+
+void xml_token_stream::on_attribute(const ustring8& name, const ustring8& value) {
+  tokens_.emplace_back(token::attribute_name, name);
+  tokens_.emplace_back(token::attribute_value, value);
+}
+
+void xml_token_stream::on_space(const ustring8& text) {
+  close_start_tag();
+  tokens_.emplace_back(token::space, text);
+}
+
+void xml_token_stream::on_character(const ustring8& text) {
+  close_start_tag();
+  tokens_.emplace_back(token::character, text);
+}
+
+// A comment may stand anywhere, and leaves a start tag as it is.
+void xml_token_stream::on_comment(const ustring8& text) { tokens_.emplace_back(token::comment, text); }
+
+void xml_token_stream::close_start_tag() {
+  if (start_tag_closed_) return;
+  tokens_.emplace_back(token::start_tag_end);
+  start_tag_closed_ = true;
+}
+
+}  // namespace ORVA_2_18::parser
