@@ -8,7 +8,7 @@
 
 namespace {
 
-using orva::parser::xml_parser;
+using ORVA_2_18::parser::xml_parser;
 using error = xml_parser::parse_error;
 
 class scanners : public xml_parser {
@@ -21,7 +21,8 @@ class scanners : public xml_parser {
   using xml_parser::parse_whitespace;
 };
 
-using scanner = orva::strings::ustring8 (scanners::*)(xml_parser::iterator&, xml_parser::iterator&) const;
+using scanner = ORVA_2_18::strings::ustring8 (scanners::*)(xml_parser::iterator&,
+                                                           xml_parser::iterator&) const;
 
 struct scan_result {
   std::string taken;

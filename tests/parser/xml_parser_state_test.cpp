@@ -10,9 +10,9 @@
 
 namespace {
 
-using orva::functor::member_function_t;
-using orva::parser::xml_parser;
-using orva::strings::ustring8;
+using ORVA_2_18::functor::member_function_t;
+using ORVA_2_18::parser::xml_parser;
+using ORVA_2_18::strings::ustring8;
 using test_support::parse_with;
 using test_support::xml_outcome;
 using test_support::xml_recorder;

@@ -11,7 +11,7 @@
 // A failed comparison prints the tokens.
 namespace ORVA_2_18::parser {
 
-static void PrintTo(const xml_token_stream::token& token, std::ostream* out) {
+void PrintTo(const xml_token_stream::token& token, std::ostream* out) {
   *out << token.type() << " '" << token.value() << '\'';
 }
 
@@ -19,8 +19,8 @@ static void PrintTo(const xml_token_stream::token& token, std::ostream* out) {
 
 namespace {
 
-using orva::parser::xml_parser;
-using orva::parser::xml_token_stream;
+using ORVA_2_18::parser::xml_parser;
+using ORVA_2_18::parser::xml_token_stream;
 using token = xml_token_stream::token;
 using tokens = std::vector<token>;
 using error = xml_parser::parse_error;
@@ -204,7 +204,7 @@ TEST(xml_token_stream, range_of_a_byte_string_is_parsed) {
 
 TEST(xml_token_stream, character_reference_out_of_range_throws_and_keeps_the_tokens) {
   xml_token_stream stream;
-  EXPECT_THROW(stream.parse("<?xml?><a>b<c>&#256;</c></a>"), orva::exceptions::overflow_error);
+  EXPECT_THROW(stream.parse("<?xml?><a>b<c>&#256;</c></a>"), ORVA_2_18::exceptions::overflow_error);
   EXPECT_EQ(stream.size(), 4u);
 }
 
