@@ -1,0 +1,13 @@
+/// The decimal point of the process's current C locale, as `printf` writes it.
+///
+/// Internal: not installed. A port owes an answer that any thread may ask for while no thread changes the locale.
+#pragma once
+
+#include <string_view>
+
+namespace ORVA_2_18::platform {
+
+/// The text stays valid until the locale is changed.
+std::string_view decimal_point() noexcept;
+
+}  // namespace ORVA_2_18::platform

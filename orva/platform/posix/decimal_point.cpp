@@ -1,0 +1,10 @@
+#include "orva/platform/decimal_point.hpp"
+
+#include <langinfo.h>
+
+namespace ORVA_2_18::platform {
+
+// localeconv gives the same, but fills a buffer that all threads share.
+std::string_view decimal_point() noexcept { return nl_langinfo(RADIXCHAR); }
+
+}  // namespace ORVA_2_18::platform
