@@ -22,6 +22,9 @@
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
+// i18n
+#include "orva/i18n/formatters.hpp"
+#include "orva/i18n/message.hpp"
 // memory
 #include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"

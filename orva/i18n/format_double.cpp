@@ -1,0 +1,116 @@
+#include <algorithm>
+#include <charconv>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <limits>
+#include <string_view>
+
+#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/formatters.hpp"
+#include "orva/platform/decimal_point.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+namespace {
+
+struct double_attributes {
+  int precision = 2;
+  std::int64_t fieldsize = 0;
+
+  bool set(std::string_view key, std::string_view value) {
+    if (selects(key, "precision")) {
+      precision = to_number(value);
+      return true;
+    }
+    if (!selects(key, "fieldsize")) return false;
+    fieldsize = to_number(value);
+    return true;
+  }
+};
+
+using limits = std::numeric_limits<double>;
+
+/// No double has more decimals than this, all further ones are zeros.
+constexpr int most_decimals = limits::digits - limits::min_exponent;
+static_assert(most_decimals == 1074);
+
+/// The digits of one value, with room for the longest.
+class number_text {
+ public:
+  number_text(double value, std::chars_format form, int precision) {
+    const auto result =
+        std::to_chars(text_, text_ + most_digits, value, form, std::min(precision, most_decimals));
+    size_ = static_cast<std::size_t>(result.ptr - text_);
+    if (form == std::chars_format::scientific) widen_exponent();
+    localise();
+  }
+
+  std::string_view view() const { return {text_, size_}; }
+
+ private:
+  static constexpr std::size_t most_digits = 1 + (limits::max_exponent10 + 1) + 1 + most_decimals;
+  static constexpr std::size_t longest_point = 16;
+
+  void insert(std::size_t position, std::string_view piece, std::size_t replaced) {
+    std::memmove(text_ + position + piece.size(), text_ + position + replaced, size_ - position - replaced);
+    std::memcpy(text_ + position, piece.data(), piece.size());
+    size_ += piece.size() - replaced;
+  }
+
+  /// Exponents have three digits, as the field rules expect them.
+  void widen_exponent() {
+    if (size_ > 4 && text_[size_ - 4] == 'e') insert(size_ - 2, "0", 0);
+  }
+
+  void localise() {
+    const std::string_view point = platform::decimal_point();
+    if (point == "." || point.size() > longest_point) return;
+    const std::size_t position = view().find('.');
+    if (position != std::string_view::npos) insert(position, point, 1);
+  }
+
+  char text_[most_digits + 1 + longest_point];
+  std::size_t size_;
+};
+
+/// What the C runtime prints into a buffer of limited length for a field of that width.
+strings::ustring8 print(double value, std::chars_format form, const double_attributes& attributes) {
+  const number_text number(value, form, attributes.precision);
+  const auto length = static_cast<std::int64_t>(number.view().size());
+  const auto most = static_cast<std::int64_t>(max_double_length);
+  const auto blanks_before = std::clamp<std::int64_t>(attributes.fieldsize - length, 0, most);
+  const auto blanks_behind = std::clamp<std::int64_t>(-attributes.fieldsize - length, 0, most);
+
+  strings::ustring8 text(static_cast<std::size_t>(blanks_before), ' ');
+  text.append(number.view().substr(0, max_double_length));
+  text.append(static_cast<std::size_t>(blanks_behind), ' ');
+  if (text.size() > max_double_length) text.resize(max_double_length);
+  return text;
+}
+
+/// Drops the first digit of the exponent. The field may be a blank too narrow then, or padded behind the number,
+/// so that the test counts all that stands behind the `e`.
+void shorten_exponent(strings::ustring8& text) {
+  const std::size_t exponent = text.find('e');
+  if (exponent != text.npos && text.size() - exponent >= 5) text.erase(exponent + 2, 1);
+}
+
+}  // namespace
+
+strings::ustring8 format_double(double value, std::string_view attrs) {
+  double_attributes attributes;
+  if (!read_attributes(attrs, attributes) || attributes.precision < 0) return refused();
+  const auto is_longer = [&](const strings::ustring8& text) {
+    return static_cast<std::int64_t>(text.size()) > attributes.fieldsize;
+  };
+  strings::ustring8 text = print(value, std::chars_format::fixed, attributes);
+  if (attributes.fieldsize == 0 || !is_longer(text)) return text;
+
+  text = print(value, std::chars_format::scientific, attributes);
+  shorten_exponent(text);
+  if (static_cast<std::int64_t>(text.size()) < attributes.fieldsize) text.insert(0, 1, ' ');
+  return text;
+}
+
+}  // namespace ORVA_2_18::i18n::_private

@@ -1,0 +1,98 @@
+#include <cmath>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <utility>
+
+#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/formatters.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+namespace {
+
+struct duration_attributes {
+  std::string_view precision = "2";
+  bool short_form = false;
+
+  bool set(std::string_view key, std::string_view value) {
+    if (selects(key, "precision")) {
+      precision = value;
+      return true;
+    }
+    if (!selects(key, "short_form")) return false;
+    short_form = to_flag(value);
+    return true;
+  }
+};
+
+struct duration_labels {
+  std::string_view days, hours, minutes, seconds;
+};
+constexpr duration_labels short_labels{"d ", "h ", "m ", "s"};
+constexpr duration_labels long_labels{" dy ", " hr ", " min ", " sec"};
+
+constexpr std::int64_t minute = 60;
+constexpr std::int64_t hour = 60 * minute;
+constexpr std::int64_t day = 24 * hour;
+
+/// Without the fraction. What does not fit, NaN included, becomes the most negative number.
+std::int64_t whole_seconds(double seconds) {
+  constexpr double limit = 0x1p63;
+  const bool fits = seconds >= -limit && seconds < limit;
+  return fits ? static_cast<std::int64_t>(seconds) : std::numeric_limits<std::int64_t>::min();
+}
+
+double fraction_of(double seconds) {
+  double whole = 0;
+  return std::modf(seconds, &whole);
+}
+
+/// An empty precision at the end of an attribute string is no value, and a negative one is refused.
+bool is_precision(std::string_view text) { return !text.empty() && to_number(text) >= 0; }
+
+strings::ustring8 seconds_text(double seconds, std::string_view precision) {
+  strings::ustring8 attrs("prec");
+  attrs += field_separator;
+  attrs.append(precision);
+  return format_double(seconds, attrs);
+}
+
+/// Writes the parts from the largest down.
+class part_writer {
+ public:
+  /// A part that is zero is left out as long as nothing stands before it.
+  void add(std::int64_t value, std::string_view label) {
+    if (value == 0 && text_.empty()) return;
+    char buffer[generic::convert::number_buffer_size];
+    generic::convert::lltoa(value, buffer, 10);
+    text_.append(buffer).append(label);
+  }
+
+  strings::ustring8 finish(std::string_view seconds, std::string_view label) {
+    text_.append(seconds).append(label);
+    return std::move(text_);
+  }
+
+ private:
+  strings::ustring8 text_;
+};
+
+}  // namespace
+
+strings::ustring8 format_duration(double seconds, std::string_view attrs) {
+  duration_attributes attributes;
+  if (!read_attributes(attrs, attributes) || !is_precision(attributes.precision)) return refused();
+  const std::int64_t whole = whole_seconds(seconds);
+  const double rest = static_cast<double>(whole % minute) + fraction_of(seconds);
+  const duration_labels& labels = attributes.short_form ? short_labels : long_labels;
+
+  part_writer writer;
+  writer.add(whole / day, labels.days);
+  writer.add(whole % day / hour, labels.hours);
+  writer.add(whole % hour / minute, labels.minutes);
+  return writer.finish(seconds_text(rest, attributes.precision), labels.seconds);
+}
+
+}  // namespace ORVA_2_18::i18n::_private

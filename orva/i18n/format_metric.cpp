@@ -1,0 +1,73 @@
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <optional>
+#include <string_view>
+
+#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/formatters.hpp"
+#include "orva/i18n/scaled_value.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+namespace {
+
+struct si_prefix {
+  std::string_view short_form;
+  std::string_view long_form;
+};
+
+constexpr si_prefix prefixes[] = {
+    {"a", "atto"},  {"f", "femto"}, {"p", "pico"}, {"n", "nano"},  {"mc", "micro"},
+    {"m", "milli"}, {"", ""},       {"k", "kilo"}, {"M", "mega"},  {"G", "giga"},
+    {"T", "tera"},  {"P", "peta"},  {"E", "exa"},  {"Z", "zetta"}, {"Y", "yotta"},
+};
+constexpr int first_unit = -6;
+
+/// Scaling without a target goes no further.
+constexpr int tera = 4;
+
+/// The index of a unit, from `first_unit` on.
+std::optional<int> find_unit(std::string_view name) {
+  // The words may be shortened, and the letter comes first: "m" is milli and no beginning of "mc".
+  const auto found = std::find_if(std::begin(prefixes), std::end(prefixes),
+                                  [&](const si_prefix& prefix) { return name == prefix.short_form; });
+  if (found != std::end(prefixes)) return first_unit + static_cast<int>(found - std::begin(prefixes));
+  if (selects(name, "base")) return 0;
+  return std::nullopt;
+}
+
+const si_prefix& prefix_of(int unit) { return prefixes[unit - first_unit]; }
+
+struct metric_attributes : scaled_attributes {
+  bool short_form = true;
+
+  bool set(std::string_view key, std::string_view value) {
+    if (selects(key, "base_unit")) return set_base_unit(find_unit(value));
+    if (selects(key, "target_unit")) return set_target_unit(find_unit(value));
+    if (selects(key, "short_form")) {
+      short_form = to_flag(value);
+      return true;
+    }
+    return set_number_form(key, value);
+  }
+};
+
+}  // namespace
+
+strings::ustring8 format_metric(const types::variant& value, std::string_view attrs,
+                                strings::ustring8& unit) {
+  unit.clear();
+  metric_attributes attributes;
+  // Only a value without any attributes has decimals unasked.
+  if (attrs.empty()) attributes.precision = "3";
+  if (!read_attributes(attrs, attributes)) return refused();
+  const auto as_integer = [](const types::variant& quantity) -> std::int64_t { return quantity.as_int64(); };
+  int index = 0;
+  strings::ustring8 number = scaled_text(value, attributes, tera, as_integer, index);
+  if (number == refused_value) return number;
+  unit = attributes.short_form ? prefix_of(index).short_form : prefix_of(index).long_form;
+  return number;
+}
+
+}  // namespace ORVA_2_18::i18n::_private

@@ -1,0 +1,174 @@
+/// `message_t`: one localisable message, and `message_item`, the pieces that it is made of.
+///
+/// A message is a name and a sequence of pieces: plain text, and placeholders that name an argument and say how it
+/// is shown. Rendered with a list of arguments it gives text in any of the library's string classes. Messages come
+/// out of catalogs as a rule, but may be made by hand as well. They are plain values that own all they hold; a
+/// message that nobody changes may be rendered by several threads at once.
+///
+///     const message_t message("disk_free", {message_item("Free: "),
+///                                           message_item("n\x01precision\x01" "1", message_item::memory),
+///                                           message_item(" "),
+///                                           message_item("n\x01precision\x01" "1", message_item::memory_unit)});
+///     message.as_utf8(generic::argument("n", 1500))  =>  "Free: 1.5 KB"
+///     message.as_utf8()                              =>  "Free: ?invalid? ?invalid?"
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "orva/export.hpp"
+#include "orva/generic/varg_list.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+#include "orva/types/nil.hpp"
+
+namespace ORVA_2_18::i18n {
+
+/// A piece of a message.
+class ORVA_API message_item {
+ public:
+  /// What a piece is, and how the argument that it names is shown.
+  enum type_t {
+    /// Plain text: the data as it stands.
+    text = 0,
+    /// `variant::as_string`.
+    string = 1,
+    /// Reserved: a placeholder of this type is never shown.
+    number = 2,
+    /// `format_int`.
+    integer = 3,
+    /// `format_double`.
+    real = 4,
+    /// Reserved: a placeholder of this type is never shown.
+    time = 5,
+    /// Reserved: a placeholder of this type is never shown.
+    date = 6,
+    /// The number of `format_memory`.
+    memory = 7,
+    /// The unit of `format_memory`.
+    memory_unit = 8,
+    /// The number of `format_metric`.
+    metric = 9,
+    /// The unit of `format_metric`.
+    metric_unit = 10,
+    /// `format_duration`.
+    duration = 11,
+  };
+
+  /// What a placeholder shows that cannot be rendered.
+  static constexpr std::string_view invalid = "?invalid?";
+
+  message_item(const strings::ustring8& data) : data_(data) {}
+  message_item(const strings::ustring8& data, type_t type) : data_(data), type_(type) {}
+
+  message_item& assign(const message_item& other) { return *this = other; }
+
+  type_t type() const { return type_; }
+
+  /// The text of a text item. Otherwise the placeholder: the argument's name, and behind a byte 0x01, if there is
+  /// one, the attributes of the formatter.
+  strings::ustring8 data() const { return data_; }
+
+  /// `data` up to the first byte 0x01:  "n|precision|1"  =>  "n"
+  strings::ustring8 name() const { return strings::ustring8(argument_name()); }
+
+  /// The piece as it reads with these arguments, in UTF-8.
+  ///
+  /// A placeholder without its argument, of a reserved type, or whose formatter refuses, reads "?invalid?", and the
+  /// line "Failure -- " with `data` goes to the platform's debug output. So does an argument whose own text is the
+  /// formatters' sign of failure, "-0".
+  strings::ustring8 as_string(const generic::varg_list& args) const;
+
+ private:
+  friend class message_t;
+
+  std::string_view argument_name() const;
+  std::string_view attributes() const;
+  strings::ustring8 placeholder_text(const generic::varg_list& args) const;
+  strings::ustring8 format(const types::variant& value) const;
+
+  strings::ustring8 data_;
+  type_t type_ = text;
+};
+
+/// A named sequence of pieces. The nil message has no name, no pieces and no note; it reads as empty text.
+class ORVA_API message_t {
+ public:
+  using item_list = std::vector<message_item>;
+  using iterator = item_list::iterator;
+  using const_iterator = item_list::const_iterator;
+
+  message_t() = default;
+  message_t(const types::nil_t&) {}
+  message_t(const item_list& items) : items_(items) {}
+  message_t(const strings::ustring8& name, const item_list& items, const strings::ustring8& meta = {},
+            const strings::ustring8& original_locale = {})
+      : name_(name), items_(items), orginal_locale_(original_locale), meta_(meta) {}
+
+  message_t& assign(const message_t& other) { return *this = other; }
+  message_t& assign(const types::nil_t&) { return *this = message_t(); }
+  message_t& operator=(const types::nil_t& nil) { return assign(nil); }
+
+  // Rendering never fails: a piece that cannot be shown reads "?invalid?", and the others stand around it. The forms
+  // other than UTF-8 are converted from it by `strings/unicode.hpp`; bad text becomes "-1" there.
+
+  strings::ustring8 as_utf8(const generic::varg_list& args = generic::varg_list()) const;
+  std::string as_string(const generic::varg_list& args = generic::varg_list()) const;
+  strings::ustring16 as_utf16(const generic::varg_list& args = generic::varg_list()) const;
+  strings::ustring32 as_utf32(const generic::varg_list& args = generic::varg_list()) const;
+  strings::wide_string as_wstring(const generic::varg_list& args = generic::varg_list()) const;
+  /// The same as `as_wstring`.
+  strings::wide_string as_ustring(const generic::varg_list& args = generic::varg_list()) const;
+
+  /// The number of pieces.
+  types::uint32 count() const { return static_cast<types::uint32>(items_.size()); }
+  types::uint32 size() const { return count(); }
+
+  /// The number of placeholders; one that is used twice counts twice.
+  types::uint32 argument_count() const;
+
+  /// What the message asks for: for each placeholder, in order, an argument without a value whose name is the whole
+  /// `data` of the placeholder, attributes included. Like every list of arguments it has each name once, so that a
+  /// placeholder that is repeated with the same attributes stands in it once.
+  generic::varg_list arguments() const;
+
+  /// Whether the message has pieces and `args` all that they ask for: at least `argument_count()` entries, and one
+  /// by the name of each placeholder.
+  bool has_valid_args(const generic::varg_list& args) const;
+
+  iterator begin() { return items_.begin(); }
+  iterator end() { return items_.end(); }
+  const_iterator begin() const { return items_.begin(); }
+  const_iterator end() const { return items_.end(); }
+
+  // Getters, and setters that return the new value.
+
+  const strings::ustring8& name() const { return name_; }
+  const strings::ustring8& name(const strings::ustring8& name) { return name_ = name; }
+  /// The translator's note.
+  const strings::ustring8& meta() const { return meta_; }
+  const strings::ustring8& meta(const strings::ustring8& meta) { return meta_ = meta; }
+  /// The locale that the message was loaded from.
+  const strings::ustring8& _orginal_locale() const { return orginal_locale_; }
+  const strings::ustring8& _orginal_locale(const strings::ustring8& locale) {
+    return orginal_locale_ = locale;
+  }
+
+  /// Whether this is the nil message. The locale plays no part in it.
+  bool equal(const types::nil_t&) const { return name_.empty() && items_.empty() && meta_.empty(); }
+  bool operator==(const types::nil_t& nil) const { return equal(nil); }
+
+  /// Does nothing: messages hold no references to others. It is what `message_catalogs::set_resolve_container` would
+  /// call.
+  void resolve(const std::map<strings::ustring8, strings::ustring8>&) {}
+
+ private:
+  strings::ustring8 name_;
+  item_list items_;
+  strings::ustring8 orginal_locale_;
+  strings::ustring8 meta_;
+};
+
+}  // namespace ORVA_2_18::i18n
