@@ -57,6 +57,11 @@ constexpr character decode(const code_unit16* at, std::size_t remaining) {
   return {(first << 10) + second - 0x35FDC00, 2};
 }
 
+/// Any value is a character. REQUIRES: remaining > 0.
+constexpr character decode(const code_unit32* at, std::size_t) {
+  return {static_cast<std::uint32_t>(*at), 1};
+}
+
 /// Writes `code_point` in one to four bytes and returns the end.
 ///
 /// REQUIRES: code_point < 0x110000.

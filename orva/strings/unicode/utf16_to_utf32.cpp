@@ -1,8 +1,10 @@
 #include <cstddef>
+#include <span>
 
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/ahead.hpp"
 #include "orva/strings/unicode/code_point.hpp"
-#include "orva/strings/unicode/failure_text.hpp"
+#include "orva/strings/unicode/written.hpp"
 
 namespace ORVA_2_18::strings {
 
@@ -12,15 +14,21 @@ ustring32 utf16_to_utf32(const ustring16& text) {
     const ustring16 same_text = swap_string_bytes_order(text);
     return utf16_to_utf32(same_text);
   }
-  ustring32 output;
-  output.reserve(text.size());
-  for (std::size_t i = 0; i < text.size();) {
-    const auto found = _private::decode(text.data() + i, text.size() - i);
-    if (found.units == 0) return _private::failure_text<code_unit32>();
-    output.push_back(static_cast<code_unit32>(found.code_point));
-    i += found.units;
-  }
-  return output;
+  return _private::written<code_unit32>(text.size(), [&](std::span<code_unit32> output) {
+    const code_unit16* from = text.data();
+    const code_unit16* const end = from + text.size();
+    code_unit32* to = output.data();
+    while (from != end) {
+      _private::run_ahead(from, end, to);
+      for (const auto* const stop = _private::block_end(from, end); from < stop;) {
+        const auto found = _private::decode(from, static_cast<std::size_t>(end - from));
+        if (found.units == 0) return _private::failed;
+        *to++ = static_cast<code_unit32>(found.code_point);
+        from += found.units;
+      }
+    }
+    return static_cast<std::size_t>(to - output.data());
+  });
 }
 
 }  // namespace ORVA_2_18::strings

@@ -1,9 +1,11 @@
 #include <cstddef>
+#include <span>
 
 #include "orva/debug/assert.hpp"
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/ahead.hpp"
 #include "orva/strings/unicode/code_point.hpp"
-#include "orva/strings/unicode/failure_text.hpp"
+#include "orva/strings/unicode/written.hpp"
 
 namespace ORVA_2_18::strings {
 
@@ -14,18 +16,23 @@ ustring8 utf16_to_utf8(const ustring16& text) {
     const ustring16 same_text = swap_string_bytes_order(text);
     return utf16_to_utf8(same_text);
   }
-  ustring8 output(text.size() * 4, '\0');
-  char* to = output.data();
-  for (std::size_t i = 0; i < text.size();) {
-    const auto found = _private::decode(text.data() + i, text.size() - i);
-    if (found.units == 0) return _private::failure_text<char>();
-    to = _private::encode(found.code_point, to);
-    i += found.units;
-  }
-  const auto k = static_cast<std::size_t>(to - output.data());
-  ORVA_ASSERT(k <= output.size());
-  output.resize(k);
-  return output;
+  return _private::written<char>(_private::times(text.size(), 4), [&](std::span<char> output) {
+    const code_unit16* from = text.data();
+    const code_unit16* const end = from + text.size();
+    char* to = output.data();
+    while (from != end) {
+      _private::run_ahead_in_ascii(from, end, to);
+      for (const auto* const stop = _private::block_end(from, end); from < stop;) {
+        const auto found = _private::decode(from, static_cast<std::size_t>(end - from));
+        if (found.units == 0) return _private::failed;
+        to = _private::encode(found.code_point, to);
+        from += found.units;
+      }
+    }
+    const auto k = static_cast<std::size_t>(to - output.data());
+    ORVA_ASSERT(k <= output.size());
+    return k;
+  });
 }
 
 }  // namespace ORVA_2_18::strings

@@ -1,23 +1,35 @@
+#include <cstddef>
+#include <cstdint>
+#include <span>
+
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/ahead.hpp"
 #include "orva/strings/unicode/code_point.hpp"
-#include "orva/strings/unicode/failure_text.hpp"
+#include "orva/strings/unicode/written.hpp"
 
 namespace ORVA_2_18::strings {
 
 ustring16 utf32_to_utf16(const ustring32& text) {
-  ustring16 output;
-  output.reserve(text.size());
-  for (const std::uint32_t unit : text) {
-    if (_private::is_surrogate(unit) || unit >= 0x110000) return _private::failure_text<code_unit16>();
-    if (unit < 0xFFFF) {
-      output.push_back(static_cast<code_unit16>(unit));
-      continue;
+  return _private::written<code_unit16>(_private::times(text.size(), 2), [&](std::span<code_unit16> output) {
+    const code_unit32* from = text.data();
+    const code_unit32* const end = from + text.size();
+    code_unit16* to = output.data();
+    while (from != end) {
+      _private::run_ahead(from, end, to);
+      for (const auto* const stop = _private::block_end(from, end); from < stop; ++from) {
+        const std::uint32_t unit = _private::value_of(*from);
+        if (_private::is_surrogate(unit) || unit >= 0x110000) return _private::failed;
+        if (unit < 0xFFFF) {
+          *to++ = static_cast<code_unit16>(unit);
+          continue;
+        }
+        // No 0x10000 is subtracted, and 0xFFFF comes here too: stored texts hold pairs made in this way.
+        *to++ = static_cast<code_unit16>((unit >> 10) + 0xD800);
+        *to++ = static_cast<code_unit16>((unit & 0x3FF) + 0xDC00);
+      }
     }
-    // No 0x10000 is subtracted, and 0xFFFF comes here too: stored texts hold pairs made in this way.
-    output.push_back(static_cast<code_unit16>((unit >> 10) + 0xD800));
-    output.push_back(static_cast<code_unit16>((unit & 0x3FF) + 0xDC00));
-  }
-  return output;
+    return static_cast<std::size_t>(to - output.data());
+  });
 }
 
 }  // namespace ORVA_2_18::strings
