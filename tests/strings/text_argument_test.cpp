@@ -1,0 +1,58 @@
+#include "orva/strings/text_argument.hpp"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include "orva/orva.hpp"
+
+namespace {
+
+using namespace orva::strings;
+
+ustring8 taken(const text_argument& text) { return text; }
+
+constexpr const char* euro = "x\xE2\x82\xAC";
+const code_unit16 euro16[] = {'x', 0x20AC, 0};
+const code_unit32 euro32[] = {'x', 0x20AC, 0};
+
+TEST(text_argument, is_made_from_every_width) {
+  EXPECT_EQ(taken(ustring8(euro)), euro);
+  EXPECT_EQ(taken(std::string(euro)), euro);
+  EXPECT_EQ(taken(euro), euro);
+  EXPECT_EQ(taken("literal"), "literal");
+  EXPECT_EQ(taken(ustring16(euro16)), euro);
+  EXPECT_EQ(taken(wide_string(euro16)), euro);
+  EXPECT_EQ(taken(euro16), euro);
+  EXPECT_EQ(taken(ustring32(euro32)), euro);
+  EXPECT_EQ(taken(std::basic_string<code_unit32>(euro32)), euro);
+  EXPECT_EQ(taken(euro32), euro);
+}
+
+TEST(text_argument, borrows_a_ustring8) {
+  const ustring8 text("not copied");
+  const text_argument argument(text);
+  EXPECT_EQ(&argument.get(), &text);
+  EXPECT_EQ(&static_cast<const ustring8&>(argument), &text);
+}
+
+TEST(text_argument, keeps_the_bytes_of_a_ustring8_and_a_byte_string) {
+  EXPECT_EQ(taken(ustring8("a\0\xFF", 3)), ustring8("a\0\xFF", 3));
+  EXPECT_EQ(taken(std::string("a\0\xFF", 3)), ustring8("a\0\xFF", 3));
+}
+
+TEST(text_argument, bad_text_arrives_as_minus_one) {
+  EXPECT_EQ(taken(ustring16(1, static_cast<code_unit16>(0xD800))), "-1");
+  EXPECT_EQ(taken(ustring32(1, static_cast<code_unit32>(0xD800))), "-1");
+}
+
+TEST(text_argument, copy_owns_what_the_original_converted) {
+  text_argument copy("");
+  {
+    const text_argument original(euro16);
+    copy = original;
+  }
+  EXPECT_EQ(copy.get(), euro);
+}
+
+}  // namespace
