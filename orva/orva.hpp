@@ -23,8 +23,14 @@
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 // i18n
+#include "orva/i18n/catalog.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/language_tag.hpp"
+#include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
+#include "orva/i18n/message_catalogs.hpp"
+#include "orva/i18n/path_list.hpp"
+#include "orva/i18n/xmc_file_loader.hpp"
 // memory
 #include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"

@@ -1,0 +1,263 @@
+// Catalogs beside what a program would use instead: an XML parser and a map, and gettext with printf.
+#include <benchmark/benchmark.h>
+#include <libintl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <clocale>
+#include <cstdint>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <pugixml.hpp>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "orva/i18n/message_catalogs.hpp"
+
+namespace {
+
+namespace fs = std::filesystem;
+using ORVA_2_18::generic::varg_list;
+using ORVA_2_18::i18n::message_catalogs;
+using ORVA_2_18::strings::ustring8;
+
+constexpr unsigned message_count = 20000;
+
+std::string name_of(unsigned i) {
+  char name[64];
+  std::snprintf(name, sizeof name, "settings.page.item_%05u_label", i * 7919 % message_count);
+  return name;
+}
+
+std::string msg_element(unsigned i) {
+  return "    <msg name=\"" + name_of(i) + "\" meta=\"label on page " + std::to_string(i % 40) +
+         "\">The file <arg name=\"file\"/> could not be opened: <arg name=\"count\" type=\"int\"/> attempts "
+         "were made "
+         "before giving up</msg>\n";
+}
+
+/// The catalog as a file, made for the run and removed behind it.
+class catalog_file {
+ public:
+  catalog_file() : directory_(fs::temp_directory_path() / ("orva-bench-" + std::to_string(::getpid()))) {
+    fs::create_directories(directory_);
+    std::ofstream stream(path(), std::ios::binary);
+    stream << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<xmc version=\"1.1\">\n  <catalog name=\"app\" "
+              "lang=\"en\">\n";
+    for (unsigned i = 0; i < message_count; ++i) stream << msg_element(i);
+    stream << "  </catalog>\n</xmc>\n";
+  }
+  catalog_file(const catalog_file&) = delete;
+  catalog_file& operator=(const catalog_file&) = delete;
+  ~catalog_file() {
+    std::error_code ignored;
+    fs::remove_all(directory_, ignored);
+  }
+
+  const fs::path& directory() const { return directory_; }
+  std::string path() const { return (directory_ / "app.xmc").string(); }
+
+ private:
+  fs::path directory_;
+};
+
+const catalog_file& file() {
+  static const catalog_file instance;
+  return instance;
+}
+
+void set_bytes(benchmark::State& state) {
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(file().path())));
+}
+
+void load_message_catalogs(benchmark::State& state) {
+  const ustring8 path = file().path();
+  for (auto _ : state) {
+    message_catalogs catalogs;
+    if (catalogs.load(path, "en") != message_catalogs::no_error) throw std::runtime_error("not loaded");
+    benchmark::DoNotOptimize(catalogs.count("app"));
+  }
+  set_bytes(state);
+}
+BENCHMARK(load_message_catalogs)->Unit(benchmark::kMillisecond);
+
+std::string text_of(const pugi::xml_node& message) {
+  std::string text;
+  for (const pugi::xml_node& piece : message.children()) {
+    if (piece.type() == pugi::node_element) {
+      text.append("{").append(piece.attribute("name").value()).append("}");
+    } else {
+      text += piece.value();
+    }
+  }
+  return text;
+}
+
+void load_pugixml_into_map(benchmark::State& state) {
+  const std::string path = file().path();
+  for (auto _ : state) {
+    pugi::xml_document document;
+    if (!document.load_file(path.c_str())) throw std::runtime_error("not loaded");
+    std::map<std::string, std::string> texts;
+    for (const pugi::xml_node& catalog : document.child("xmc").children("catalog")) {
+      for (const pugi::xml_node& message : catalog.children("msg")) {
+        texts.emplace(message.attribute("name").value(), text_of(message));
+      }
+    }
+    benchmark::DoNotOptimize(texts.size());
+  }
+  set_bytes(state);
+}
+BENCHMARK(load_pugixml_into_map)->Unit(benchmark::kMillisecond);
+
+/// Names in an order that no cache expects.
+const std::vector<std::string>& names() {
+  static const std::vector<std::string> all = [] {
+    std::vector<std::string> result;
+    for (unsigned i = 0; i < message_count; ++i) result.push_back(name_of(i * 104729 % message_count));
+    return result;
+  }();
+  return all;
+}
+
+void look_up_and_render_message(benchmark::State& state) {
+  message_catalogs catalogs;
+  catalogs.load(file().path(), "en");
+  const std::vector<ustring8> keys(names().begin(), names().end());
+  const ustring8 catalog = "app";
+  std::size_t next = 0;
+  for (auto _ : state) {
+    varg_list args;
+    args.push_back("file", "report.txt");
+    args.push_back("count", 3);
+    benchmark::DoNotOptimize(catalogs.message(catalog, keys[next]).as_utf8(args));
+    next = next + 1 == keys.size() ? 0 : next + 1;
+  }
+}
+BENCHMARK(look_up_and_render_message);
+
+void look_up_message(benchmark::State& state) {
+  message_catalogs catalogs;
+  catalogs.load(file().path(), "en");
+  const std::vector<ustring8> keys(names().begin(), names().end());
+  const ustring8 catalog = "app";
+  std::size_t next = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(&catalogs.message(catalog, keys[next]));
+    next = next + 1 == keys.size() ? 0 : next + 1;
+  }
+}
+BENCHMARK(look_up_message);
+
+/// A catalog in gettext's compiled form, with the hash table that its compiler writes.
+class mo_file {
+ public:
+  explicit mo_file(std::vector<std::pair<std::string, std::string>> entries) : entries_(std::move(entries)) {
+    std::sort(entries_.begin(), entries_.end());
+    const auto count = static_cast<std::uint32_t>(entries_.size());
+    hash_size_ = next_prime(count * 4 / 3);
+    const std::uint32_t tables = 28;
+    const std::uint32_t hashes = tables + 16 * count;
+    text_at_ = hashes + 4 * hash_size_;
+    for (const std::uint32_t word : {0x950412DEu, 0u, count, tables, tables + 8 * count, hash_size_, hashes})
+      put(word);
+    for (const auto& entry : entries_) add_text(entry.first);
+    for (const auto& entry : entries_) add_text(entry.second);
+    for (const std::uint32_t slot : hash_table()) put(slot);
+    bytes_ += texts_;
+  }
+
+  const std::string& bytes() const { return bytes_; }
+
+ private:
+  static std::uint32_t next_prime(std::uint32_t number) {
+    const auto is_prime = [](std::uint32_t n) {
+      for (std::uint32_t i = 2; i * i <= n; ++i) {
+        if (n % i == 0) return false;
+      }
+      return true;
+    };
+    while (!is_prime(number)) ++number;
+    return number;
+  }
+
+  /// The hash that the format prescribes.
+  static std::uint32_t hash(const std::string& text) {
+    std::uint32_t value = 0;
+    for (const char c : text) {
+      value = (value << 4) + static_cast<unsigned char>(c);
+      const std::uint32_t high = value & 0xF0000000u;
+      if (high != 0) value ^= (high >> 24) ^ high;
+    }
+    return value;
+  }
+
+  std::vector<std::uint32_t> hash_table() const {
+    std::vector<std::uint32_t> table(hash_size_, 0);
+    for (std::uint32_t i = 0; i < entries_.size(); ++i) {
+      const std::uint32_t value = hash(entries_[i].first);
+      const std::uint32_t step = 1 + value % (hash_size_ - 2);
+      std::uint32_t slot = value % hash_size_;
+      while (table[slot] != 0) slot = (slot + step) % hash_size_;
+      table[slot] = i + 1;
+    }
+    return table;
+  }
+
+  void put(std::uint32_t word) { bytes_.append(reinterpret_cast<const char*>(&word), sizeof word); }
+
+  void add_text(const std::string& text) {
+    put(static_cast<std::uint32_t>(text.size()));
+    put(text_at_ + static_cast<std::uint32_t>(texts_.size()));
+    texts_.append(text).push_back('\0');
+  }
+
+  std::vector<std::pair<std::string, std::string>> entries_;
+  std::uint32_t hash_size_ = 0;
+  std::uint32_t text_at_ = 0;
+  std::string bytes_;
+  std::string texts_;
+};
+
+/// Makes `gettext` answer with the messages of the catalog.
+void install_gettext() {
+  const fs::path folder = file().directory() / "C.UTF-8" / "LC_MESSAGES";
+  fs::create_directories(folder);
+  std::vector<std::pair<std::string, std::string>> entries = {
+      {"", "Content-Type: text/plain; charset=UTF-8\n"}};
+  for (const std::string& name : names()) {
+    entries.emplace_back(name, "The file %s could not be opened: %d attempts were made before giving up");
+  }
+  std::ofstream(folder / "app.mo", std::ios::binary) << mo_file(entries).bytes();
+  std::setlocale(LC_ALL, "C.UTF-8");
+  bindtextdomain("app", file().directory().c_str());
+  textdomain("app");
+  if (names()[0] == gettext(names()[0].c_str())) throw std::runtime_error("gettext finds no message");
+}
+
+void look_up_and_render_gettext_snprintf(benchmark::State& state) {
+  install_gettext();
+  std::size_t next = 0;
+  for (auto _ : state) {
+    char text[256];
+    const int size = std::snprintf(text, sizeof text, gettext(names()[next].c_str()), "report.txt", 3);
+    benchmark::DoNotOptimize(std::string(text, static_cast<std::size_t>(size)));
+    next = next + 1 == names().size() ? 0 : next + 1;
+  }
+}
+BENCHMARK(look_up_and_render_gettext_snprintf);
+
+void look_up_gettext(benchmark::State& state) {
+  install_gettext();
+  std::size_t next = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(gettext(names()[next].c_str()));
+    next = next + 1 == names().size() ? 0 : next + 1;
+  }
+}
+BENCHMARK(look_up_gettext);
+
+}  // namespace

@@ -1,0 +1,54 @@
+#include <cstdio>
+#include <fstream>
+#include <iostream>
+
+#include "orva/orva.hpp"
+
+using namespace orva;
+
+const char* const catalog_file = "guide_catalogs.xmc";
+
+void write_catalogs() {
+  std::ofstream(catalog_file) << R"(<?xml version="1.0" encoding="UTF-8"?>
+<xmc version="1.1">
+  <catalog name="app" lang="en">
+    <msg name="disk_free">Free: <arg name="n" type="mem" precision="1"/> <arg name="n" type="mem_unit"/></msg>
+    <msg name="quit">Quit</msg>
+  </catalog>
+  <catalog name="app" lang="de">
+    <msg name="disk_free" meta="shown in the status bar">
+      Frei:
+      <arg name="n" type="mem" precision="1"/> <arg name="n" type="mem_unit"/></msg>
+  </catalog>
+</xmc>
+)";
+}
+
+int main() {
+  write_catalogs();
+
+  // A file, a directory, or a list of them; always for a language.
+  i18n::message_catalogs catalogs;
+  if (catalogs.load(catalog_file, "de_DE") != i18n::message_catalogs::no_error) return 1;
+  std::cout << catalogs.count() << " catalog, " << catalogs.count("app") << " messages\n";
+
+  // The more specific language wins, and English fills the gaps.
+  generic::varg_list args;
+  args.push_back("n", 1500000);
+  std::cout << catalogs.message("app", "disk_free").as_utf8(args) << '\n';
+  std::cout << catalogs.message("app", "quit").as_utf8() << '\n';
+
+  // A message tells where it comes from, and a catalog what it holds.
+  std::cout << catalogs.message("app", "quit")._orginal_locale() << '\n';
+  std::cout << std::boolalpha << catalogs.has_catalog("app", "de") << ' '
+            << catalogs.has_catalog("app", "de_DE") << '\n';
+
+  // No lookup fails.
+  std::cout << '[' << catalogs.message("app", "unknown").as_utf8() << "]\n";
+
+  // A load that fails says what and where.
+  std::ofstream(catalog_file) << R"(<?xml?><xmc version="1.1"><catalog name="app" lang="de">
+    <msg name="quit">Be<b>enden</b></msg></catalog></xmc>)";
+  std::cout << catalogs.load(catalog_file, "de_DE") << '\n';
+  std::remove(catalog_file);
+}

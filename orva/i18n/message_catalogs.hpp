@@ -1,0 +1,162 @@
+/// `message_catalogs`: all the messages of an application, loaded from XMC files and looked up by catalog and name.
+///
+///     i18n::message_catalogs catalogs;
+///     const auto result = catalogs.load("messages", "de_DE");
+///     if (result != i18n::message_catalogs::no_error) std::cerr << result << '\n';
+///     catalogs.message("app", "disk_free").as_utf8(args);
+///
+/// Several loads build up one set, and of two messages with one name the one in the more specific language stays.
+/// Copies share their catalogs until one of them drops a catalog: a load into one copy is seen through all.
+///
+/// No lookup fails: what is not there comes back as a nil message, which renders as empty text. References and
+/// iterators stay valid until the next load or `erase`. Lookups on a loaded set may run on many threads; loading
+/// must be done before they start.
+#pragma once
+
+#include <initializer_list>
+#include <iosfwd>
+#include <map>
+#include <vector>
+
+#include "orva/export.hpp"
+#include "orva/i18n/catalog.hpp"
+#include "orva/i18n/load_error.hpp"
+#include "orva/i18n/message.hpp"
+#include "orva/i18n/path_list.hpp"
+#include "orva/memory/pointers/shared_pointer.hpp"
+#include "orva/strings/text_argument.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+#include "orva/types/nil.hpp"
+
+namespace ORVA_2_18::i18n {
+
+class ORVA_API message_catalogs {
+ public:
+  /// The x of a comment is the text that a result is made with.
+  enum error_type : int {
+    no_error = 0,
+    no_catalog = 1,           ///< x is the file, or the directory if the set holds no catalog after its load
+    no_default_locale = 2,    ///< the caller names no language
+    file_not_found = 3,       ///< x is the file
+    directory_not_found = 4,  ///< x is the directory
+    entity_not_found = 5,     ///< neither a file nor a directory; x is the path
+    xml_parse_error = 6,      ///< not well-formed
+    xmc_invalid = 7,          ///< well-formed, but no XMC file
+    unexpected_error = 8      ///< the file or the directory cannot be read to its end
+  };
+
+  /// The outcome of a load: a code and a text for humans.
+  class ORVA_API result_type {
+   public:
+    /// The codes of files' contents (2, 6, 7, 8) come from a `load_error` only, and here give "unknown, or
+    /// unhandle case happened!" like every code outside the table.
+    result_type(error_type type, const strings::ustring8& text);
+    /// A heading, then the error's own text on the lines below it.
+    result_type(const _private::load_error& error);
+
+    error_type type() const noexcept { return type_; }
+    operator error_type() const noexcept { return type_; }
+    const strings::ustring8& message() const noexcept { return message_; }
+
+   protected:
+    static strings::ustring8 format_message(error_type type, const strings::ustring8& text);
+
+   private:
+    error_type type_;
+    strings::ustring8 message_;
+  };
+
+  using catalog_map = std::map<strings::ustring8, memory::pointers::shared_pointer<catalog_t>>;
+  using iterator = catalog_map::iterator;
+  using const_iterator = catalog_map::const_iterator;
+  using resolve_map = std::map<strings::ustring8, strings::ustring8>;
+
+  /// A directory tree in which links lead back up has no end: a load gives up after this many directories.
+  static constexpr types::uint32 max_directories = 10000;
+
+  /// What lookups that find nothing return references to.
+  static const catalog_t s_nil_catalog;
+  static const message_t s_nil_message;
+
+  // Constructed, copied and moved member by member: copies share their catalogs.
+
+  message_catalogs& assign(const message_catalogs& other) { return *this = other; }
+  /// Drops all catalogs.
+  message_catalogs& assign(const types::nil_t&);
+  message_catalogs& operator=(const types::nil_t& nil) { return assign(nil); }
+
+  /// Loads a file or a directory for `language`, its parents, English and the neutral language ".". With
+  /// `catalog`, only the catalog of that name is loaded.
+  ///
+  /// A failure leaves all earlier loads as they were, and nothing of the failing file is kept. An empty language
+  /// gives `no_default_locale`. A directory that leaves the set without any catalog gives `no_catalog`.
+  result_type load(const strings::text_argument& path, const strings::text_argument& language,
+                   const strings::text_argument& catalog = "");
+  /// Takes files and directories in their order and stops at the first failure, which is the result. The ones
+  /// before it stay loaded. Here directories without any catalog are no failure.
+  result_type load(const path_list& paths, const strings::text_argument& language,
+                   const strings::text_argument& catalog = "");
+
+  /// Loads a file. One that does not exist gives `file_not_found`.
+  result_type load_file(const strings::text_argument& file, const strings::text_argument& language,
+                        const strings::text_argument& catalog = "");
+
+  /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml" in
+  /// letters of either case, in the order of `system::list_directory`. Ends at the first file that fails; a file
+  /// without a catalog for the language is such a failure.
+  result_type load_directory(const strings::text_argument& directory, const strings::text_argument& language,
+                             const strings::text_argument& catalog = "");
+
+  /// Drops all catalogs.
+  void erase() { catalogs_.clear(); }
+  void remove() { erase(); }
+  /// Drops one catalog. An unknown name is no error.
+  void erase(const strings::text_argument& name);
+
+  bool has_catalog(const strings::text_argument& name) const;
+  /// Whether a message of the catalog came from exactly this language (see `catalog_t::is_language_loaded`).
+  bool has_catalog(const strings::text_argument& name, const strings::text_argument& language) const;
+  /// The catalog, or `s_nil_catalog`.
+  const catalog_t& catalog(const strings::text_argument& name) const;
+
+  /// The number of catalogs.
+  types::uint32 count() const noexcept { return static_cast<types::uint32>(catalogs_.size()); }
+  types::uint32 size() const noexcept { return count(); }
+  /// The number of messages in a catalog; 0 if it is unknown.
+  types::uint32 count(const strings::text_argument& name) const { return catalog(name).size(); }
+  types::uint32 size(const strings::text_argument& name) const { return count(name); }
+
+  /// The catalogs, sorted by name.
+  iterator begin() noexcept { return catalogs_.begin(); }
+  iterator end() noexcept { return catalogs_.end(); }
+  const_iterator begin() const noexcept { return catalogs_.begin(); }
+  const_iterator end() const noexcept { return catalogs_.end(); }
+  /// The messages of one catalog, sorted by name; those of `s_nil_catalog` if it is unknown.
+  catalog_t::const_iterator begin(const strings::text_argument& name) const { return catalog(name).begin(); }
+  catalog_t::const_iterator end(const strings::text_argument& name) const { return catalog(name).end(); }
+
+  /// Whether the catalog is there and its message is not nil.
+  bool has_message(const strings::text_argument& catalog, const strings::text_argument& name) const;
+  /// The message. `s_nil_message` if the catalog is unknown, `catalog_t::m_nil_message` if only the message is.
+  const message_t& message(const strings::text_argument& catalog, const strings::text_argument& name) const;
+
+  /// Stored for `message_t::resolve`, which expands nothing: messages do not change.
+  void set_resolve_container(const resolve_map& container) { resolve_container_ = container; }
+
+  /// Nil means no catalogs.
+  bool equal(const types::nil_t&) const noexcept { return catalogs_.empty(); }
+  bool operator==(const types::nil_t& nil) const noexcept { return equal(nil); }
+  bool operator!=(const types::nil_t& nil) const noexcept { return !equal(nil); }
+
+ private:
+  class loading;
+
+  catalog_map catalogs_;
+  resolve_map resolve_container_;
+};
+
+/// Writes `message()`.
+ORVA_API std::ostream& operator<<(std::ostream& stream, const message_catalogs::result_type& result);
+
+}  // namespace ORVA_2_18::i18n

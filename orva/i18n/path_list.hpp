@@ -1,0 +1,30 @@
+/// `path_list`: the parameter of an operation that takes several paths, made implicitly from a vector of any text.
+///
+///     catalogs.load(std::vector<strings::ustring16>{...}, "de_DE");
+///     catalogs.load(std::vector<std::string>{"messages", "plugins/messages"}, "de_DE");
+#pragma once
+
+#include <vector>
+
+#include "orva/strings/text_argument.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/strings/ustring_for.hpp"
+
+namespace ORVA_2_18::i18n {
+
+class path_list {
+ public:
+  template <strings::any_text Text>
+  path_list(const std::vector<Text>& paths) {
+    paths_.reserve(paths.size());
+    for (const Text& path : paths) paths_.push_back(strings::text_argument(path).get());
+  }
+
+  auto begin() const noexcept { return paths_.begin(); }
+  auto end() const noexcept { return paths_.end(); }
+
+ private:
+  std::vector<strings::ustring8> paths_;
+};
+
+}  // namespace ORVA_2_18::i18n

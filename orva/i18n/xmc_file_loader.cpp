@@ -1,0 +1,174 @@
+#include "orva/i18n/xmc_file_loader.hpp"
+
+#include <utility>
+
+#include "orva/exceptions/exception.hpp"
+#include "orva/i18n/xmc_tokens.hpp"
+#include "orva/system/file_utility.hpp"
+#include "orva/system/io.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+using parser::xml_parser;
+using parser::xml_token_stream;
+using strings::text_argument;
+using strings::ustring8;
+using types::uint32;
+
+namespace {
+
+/// Up to and with the last separator of either kind: catalogs written on one platform are read on all.
+ustring8 directory_of(const ustring8& file) {
+  const auto separator = file.find_last_of("/\\");
+  return separator == file.npos ? ustring8("./") : file.substr(0, separator + 1);
+}
+
+bool is_absolute(const ustring8& path) {
+  if (path.starts_with('/') || path.starts_with('\\')) return true;
+  return path.size() >= 3 && path[1] == ':';
+}
+
+/// Puts the old value back at the end of the scope, in whichever way it is left.
+template <typename Value>
+class restored {
+ public:
+  explicit restored(Value& variable) : variable_(variable), value_(variable) {}
+  restored(const restored&) = delete;
+  restored& operator=(const restored&) = delete;
+  ~restored() { variable_ = std::move(value_); }
+
+ private:
+  Value& variable_;
+  Value value_;
+};
+
+}  // namespace
+
+load_error xmc_file_loader::parse(const text_argument& file) {
+  handle_language("");
+  included_files_ = 0;
+  return parse_file(file);
+}
+
+load_error xmc_file_loader::parse(const text_argument& file, const text_argument& language,
+                                  const text_argument& catalog) {
+  if (language.get().empty()) return {no_default_locale, ""};
+  handle_language(language);
+  catalog_id_ = catalog;
+  included_files_ = 0;
+  return parse_file(file);
+}
+
+load_error xmc_file_loader::parse_file(const ustring8& file) {
+  if (!system::io::exists(file)) return {file_not_found, file};
+  base_directory_ = directory_of(file);
+  return told_as_error(file, [&] {
+    ustring8 text;
+    system::load_file(file, text);
+    parse_text(text);
+  });
+}
+
+load_error xmc_file_loader::parse_string(const ustring8& text, const ustring8& file) {
+  return told_as_error(file, [&] { parse_text(text); });
+}
+
+template <typename Read>
+load_error xmc_file_loader::told_as_error(const ustring8& file, Read read) {
+  load_error failure;
+  try {
+    read();
+    return data_.empty() ? load_error(load_error::no_catalog, file) : load_error();
+  } catch (const load_error& error) {
+    failure = error;
+  } catch (const exceptions::exception&) {
+    // A character reference that is no byte, or a file that is larger than a string.
+    failure = load_error(load_error::unexpected_parse_error, "");
+  }
+  failure.append_error_stack(load_error::in_file, file);
+  return failure;
+}
+
+void xmc_file_loader::parse_text(const ustring8& text) {
+  xml_token_stream tokens;
+  const xml_parser::parse_error error = tokens.parse(text);
+  if (error.type != xml_parser::parse_error::no_error) throw load_error(xml_parse_error, error);
+  parse_document(tokens.begin(), tokens.end());
+}
+
+void xmc_file_loader::parse_document(token_iterator it, token_iterator end) {
+  parse_ignorable(it, end);
+  if (it == end) throw load_error(unexpected_parse_error, "Nothing of interest in the file.");
+  parse_xmc_header(it, end);
+  parse_ignorable(it, end);
+  for (; it != end && !xmc::is_end_of(it, end, "xmc"); parse_ignorable(it, end)) {
+    if (xmc::is_start_of(*it, "catalog")) {
+      parse_catalog(it, end);
+    } else if (xmc::is_start_of(*it, "include")) {
+      parse_include(it, end);
+    } else {
+      throw load_error(invalid_element, it->value());
+    }
+  }
+}
+
+void xmc_file_loader::parse_xmc_header(token_iterator& it, token_iterator end) {
+  xmc::require_token(it, end);
+  if (!xmc::is_start_of(*it, "xmc")) throw load_error(not_xmc_file, it->value());
+  bool versioned = false;
+  xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
+    if (versioned || name->value() != "version") return false;
+    if (value->value() != "1.1" && value->value() != "1.0")
+      throw load_error(unsupported_version, value->value());
+    return versioned = true;
+  });
+  if (!versioned) throw load_error(invalid_attribute, "");
+}
+
+void xmc_file_loader::parse_include(token_iterator& it, token_iterator end) {
+  ustring8 file;
+  xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
+    if (name->value() != "file") return false;
+    file = xmc::take_value(value);
+    return true;
+  });
+  if (file.empty()) throw load_error(invalid_attribute, "file");
+  parse_included_file(is_absolute(file) ? file : base_directory_ + file);
+  if (!xmc::is_end_of(it, end, "include")) throw load_error(include_end_missing, "");
+  ++it;
+}
+
+void xmc_file_loader::parse_included_file(const ustring8& file) {
+  if (include_depth_ == max_include_depth || included_files_ == max_included_files) {
+    throw load_error(invalid_element, file);
+  }
+  const restored directory(base_directory_);
+  const restored depth(include_depth_);
+  ++include_depth_;
+  ++included_files_;
+  const load_error error = parse_file(file);
+  if (error.type() != no_error) throw error;
+}
+
+void xmc_file_loader::parse_ignorable(token_iterator& it, token_iterator end) {
+  const auto is_ignorable = [](token::token_type type) {
+    return type == token::comment || type == token::space || type == token::character;
+  };
+  while (it != end && is_ignorable(it->type())) ++it;
+}
+
+void xmc_file_loader::reset() { data_.clear(); }
+
+void xmc_file_loader::handle_language(const text_argument& language) {
+  languages_ = accepted_languages(language.get());
+}
+
+uint32 xmc_file_loader::get_locale_weight(const text_argument& language) const {
+  return languages_.weight(language.get());
+}
+
+bool xmc_file_loader::is_catalog_matched(const text_argument& name) const {
+  return !is_cat_id_set() || catalog_id_ == name.get();
+}
+
+}  // namespace ORVA_2_18::i18n::_private

@@ -1,0 +1,174 @@
+// The `msg` element and what stands in it.
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/xmc_file_loader.hpp"
+#include "orva/i18n/xmc_tokens.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+using strings::ustring8;
+
+/// The pieces of a message as they come in: text is gathered until a placeholder or the end cuts it off.
+class xmc_file_loader::message_body {
+ public:
+  void add_text(ustring8&& text) {
+    if (text_.empty()) {
+      text_ = std::move(text);
+    } else {
+      text_ += text;
+    }
+  }
+
+  void add_line_feed() { text_ += '\n'; }
+
+  /// A run of white space is one blank, and none at all at the start of a message.
+  void add_space() {
+    const bool wanted = text_.empty() ? !items_.empty() : text_.back() != ' ';
+    if (wanted) text_ += ' ';
+  }
+
+  void add_placeholder(message_item&& item) {
+    end_text();
+    items_.push_back(std::move(item));
+  }
+
+  std::vector<message_item> finish() {
+    end_text();
+    return std::move(items_);
+  }
+
+ private:
+  void end_text() {
+    if (text_.empty()) return;
+    items_.emplace_back(std::move(text_));
+    text_.clear();
+  }
+
+  ustring8 text_;
+  std::vector<message_item> items_;
+};
+
+namespace {
+
+void parse_line_break(xmc::token_iterator& it, xmc::token_iterator end) {
+  xmc::skip_comments(++it, end);
+  if (!xmc::is_type(it, end, xmc::token::start_tag_end) || !xmc::is_end_of(++it, end, "br")) {
+    throw load_error(load_error::br_end_missing, "");
+  }
+  ++it;
+}
+
+}  // namespace
+
+message_t xmc_file_loader::parse_message(token_iterator& it, token_iterator end) {
+  ustring8 name;
+  ustring8 meta;
+  try {
+    xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
+      if (attribute->value() == "name") {
+        name = xmc::take_value(value);
+      } else if (attribute->value() == "meta") {
+        meta = xmc::take_value(value);
+      } else {
+        return false;
+      }
+      return true;
+    });
+    return message_t(name, parse_message_content(it, end, name), meta);
+  } catch (load_error& error) {
+    error.append_error_stack(load_error::in_message, name);
+    throw;
+  }
+}
+
+std::vector<message_item> xmc_file_loader::parse_message_content(token_iterator& it, token_iterator end,
+                                                                 const ustring8& name) {
+  message_body body;
+  for (;;) {
+    xmc::require_token(it, end);
+    switch (it->type()) {
+      case token::element_end:
+        if (it->value() != "msg") throw load_error(msg_end_missing, name);
+        ++it;
+        return body.finish();
+      case token::space:
+        body.add_space();
+        ++it;
+        break;
+      case token::character:
+        body.add_text(xmc::take_value(it));
+        ++it;
+        break;
+      case token::comment:
+        ++it;
+        break;
+      default:
+        parse_message_element(it, end, body);
+    }
+  }
+}
+
+void xmc_file_loader::parse_message_element(token_iterator& it, token_iterator end, message_body& body) {
+  if (xmc::is_start_of(*it, "br")) {
+    parse_line_break(it, end);
+    body.add_line_feed();
+  } else if (xmc::is_start_of(*it, "arg") || xmc::is_start_of(*it, "argument")) {
+    body.add_placeholder(parse_message_arg(it, end));
+  } else {
+    throw load_error(invalid_element, it->value());
+  }
+}
+
+message_item xmc_file_loader::parse_message_arg(token_iterator& it, token_iterator end) {
+  const ustring8 element = xmc::take_value(it);
+  ustring8 name;
+  ustring8 attributes;
+  auto type = message_item::string;
+  xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
+    if (attribute->value() == "name") {
+      name = xmc::take_value(value);
+    } else if (attribute->value() == "type") {
+      type = parse_message_type(value->value());
+    } else {
+      attributes.append(1, field_separator).append(attribute->value());
+      attributes.append(1, field_separator).append(value->value());
+    }
+    return true;
+  });
+  if (!xmc::is_end_of(it, end, element)) throw load_error(arg_end_missing, name);
+  ++it;
+  return message_item(name + attributes, type);
+}
+
+message_item::type_t xmc_file_loader::parse_message_type(const ustring8& word) const {
+  struct type_word {
+    std::string_view word;
+    message_item::type_t type;
+  };
+  static constexpr type_word words[] = {
+      {"date", message_item::date},
+      {"duration", message_item::duration},
+      {"memory", message_item::memory},
+      {"mem", message_item::memory},
+      {"mem_unit", message_item::memory_unit},
+      {"memory_unit", message_item::memory_unit},
+      {"metric", message_item::metric},
+      {"metric_unit", message_item::metric_unit},
+      {"number", message_item::number},
+      {"int", message_item::integer},
+      {"double", message_item::real},
+      {"string", message_item::string},
+      {"time", message_item::time},
+      // The placeholder itself becomes the text.
+      {"value", message_item::text},
+  };
+  for (const type_word& known : words) {
+    if (word == known.word) return known.type;
+  }
+  return message_item::string;
+}
+
+}  // namespace ORVA_2_18::i18n::_private
