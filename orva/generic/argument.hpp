@@ -11,43 +11,49 @@
 /// Two arguments cannot be compared with each other.
 #pragma once
 
-#include "orva/export.hpp"
-#include "orva/strings/text_argument.hpp"
+#include <utility>
+
 #include "orva/strings/ustring.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/variant.hpp"
 
 namespace ORVA_2_18::generic {
 
-class ORVA_API argument {
+class argument {
  public:
   /// No name and no value: nil.
   argument() = default;
-  argument(const types::nil_t& nothing);
+  argument(const types::nil_t&) {}
   /// A positional argument.
-  argument(const types::variant& value);
-  argument(const strings::text_argument& name, const types::variant& value);
+  argument(types::variant value) : value_(std::move(value)) {}
+  argument(strings::ustring8 name, types::variant value) : name_(std::move(name)), value_(std::move(value)) {}
 
   bool has_name() const noexcept { return !name_.empty(); }
 
   const strings::ustring8& name() const noexcept { return name_; }
   /// Sets the name and returns the new one.
-  const strings::ustring8& name(const strings::text_argument& new_name);
+  const strings::ustring8& name(strings::ustring8 new_name) { return name_ = std::move(new_name); }
 
   const types::variant& value() const noexcept { return value_; }
   /// Sets the value and returns the new one.
-  const types::variant& value(const types::variant& new_value);
+  const types::variant& value(types::variant new_value) { return value_ = std::move(new_value); }
 
   /// Replaces the value and keeps the name.
-  argument& assign(const types::variant& new_value);
-  argument& operator=(const types::variant& new_value) { return assign(new_value); }
+  argument& assign(types::variant new_value) {
+    value_ = std::move(new_value);
+    return *this;
+  }
+  argument& operator=(types::variant new_value) { return assign(std::move(new_value)); }
 
   /// Replaces both.
-  argument& assign(const strings::text_argument& new_name, const types::variant& new_value);
+  argument& assign(strings::ustring8 new_name, types::variant new_value) {
+    name_ = std::move(new_name);
+    return assign(std::move(new_value));
+  }
   argument& assign(const argument& other) { return *this = other; }
 
   /// Nil is an empty name with a nil value: a named argument is never nil.
-  bool equal(const types::nil_t& nothing) const noexcept;
+  bool equal(const types::nil_t& nothing) const noexcept { return !has_name() && value_ == nothing; }
   bool operator==(const types::nil_t& nothing) const noexcept { return equal(nothing); }
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 
 namespace ORVA_2_18::generic {
 
@@ -12,8 +13,8 @@ namespace {
 
 /// The same walk for a list that may be changed and for one that may not.
 template <typename List>
-auto find_name(List& list, const strings::ustring8& name) {
-  return std::find_if(list.begin(), list.end(), [&](const argument& each) { return each.name() == name; });
+auto find_name(List& list, std::string_view name) {
+  return std::find_if(list.begin(), list.end(), [name](const argument& each) { return each.name() == name; });
 }
 
 /// The same test for a list that may be changed and for one that may not.
@@ -41,26 +42,24 @@ varg_list::varg_list(const argument& a1, const argument& a2, const argument& a3,
   std::for_each(std::begin(given), end, [this](const argument* each) { push_back(*each); });
 }
 
-bool varg_list::push_back(const argument& added) { return push_back(added.name(), added.value()); }
-
-bool varg_list::push_back(const strings::text_argument& name, const types::variant& value) {
-  if (!name.get().empty() && has_argument(name)) return false;
+bool varg_list::push_back(argument added) {
+  if (added.has_name() && has_argument(added.name())) return false;
   if (size() == std::numeric_limits<types::uint32>::max()) throw std::length_error("vector<T> too long");
-  arguments_.emplace_back(name, value);
+  arguments_.push_back(std::move(added));
   return true;
 }
 
-bool varg_list::has_argument(const strings::text_argument& name) const { return find(name) != end(); }
-
-varg_list::iterator varg_list::find(const strings::text_argument& name) { return find_name(*this, name); }
-
-varg_list::const_iterator varg_list::find(const strings::text_argument& name) const {
-  return find_name(*this, name);
+bool varg_list::has_argument(std::string_view name) const {
+  return find_name(arguments_, name) != arguments_.end();
 }
 
-const argument& varg_list::at(const strings::text_argument& name) const {
-  const auto found = find(name);
-  return found != end() ? *found : nil_argument;
+varg_list::iterator varg_list::find(std::string_view name) { return find_name(arguments_, name); }
+
+varg_list::const_iterator varg_list::find(std::string_view name) const { return find_name(arguments_, name); }
+
+const argument& varg_list::at(std::string_view name) const {
+  const auto found = find_name(arguments_, name);
+  return found != arguments_.end() ? *found : nil_argument;
 }
 
 argument& varg_list::at(std::size_t position) { return checked_at(arguments_, position); }
@@ -71,7 +70,7 @@ varg_list::iterator varg_list::erase(const_iterator position) {
   return position != end() ? arguments_.erase(position) : end();
 }
 
-void varg_list::erase(const strings::text_argument& name) { erase(find(name)); }
+void varg_list::erase(std::string_view name) { erase(find(name)); }
 
 void varg_list::erase(std::size_t position) {
   if (position < arguments_.size()) arguments_.erase(begin() + static_cast<std::ptrdiff_t>(position));

@@ -19,11 +19,13 @@
 #pragma once
 
 #include <cstddef>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "orva/export.hpp"
 #include "orva/generic/argument.hpp"
-#include "orva/strings/text_argument.hpp"
+#include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/variant.hpp"
@@ -58,17 +60,19 @@ class ORVA_API varg_list {
   varg_list& assign(const varg_list& other) { return *this = other; }
 
   /// Adds at the end, a nil argument like any other. False, and nothing is changed, when the name is taken.
-  bool push_back(const argument& added);
-  bool push_back(const strings::text_argument& name, const types::variant& value);
+  bool push_back(argument added);
+  bool push_back(strings::ustring8 name, types::variant value) {
+    return push_back(argument(std::move(name), std::move(value)));
+  }
 
-  bool has_argument(const strings::text_argument& name) const;
+  bool has_argument(std::string_view name) const;
   /// The first argument of that name, or `end()`.
-  iterator find(const strings::text_argument& name);
-  const_iterator find(const strings::text_argument& name) const;
+  iterator find(std::string_view name);
+  const_iterator find(std::string_view name) const;
 
   /// The first argument of that name, or `nil_argument`. To change a named argument use `find`, or its position.
-  const argument& at(const strings::text_argument& name) const;
-  const argument& operator[](const strings::text_argument& name) const { return at(name); }
+  const argument& at(std::string_view name) const;
+  const argument& operator[](std::string_view name) const { return at(name); }
 
   /// The argument at that position, counted from 0. At or past the end throws `std::out_of_range` with the words
   /// "invalid vector<T> subscript".
@@ -100,7 +104,7 @@ class ORVA_API varg_list {
   iterator erase(const_iterator position);
   iterator erase(const_iterator first, const_iterator last) { return arguments_.erase(first, last); }
   /// Removes the first argument of that name, if there is one.
-  void erase(const strings::text_argument& name);
+  void erase(std::string_view name);
   /// Removes the argument at that position. At or past the end there is nothing to remove, and nothing is thrown:
   /// a lookup must give an answer, a removal has none to give.
   void erase(std::size_t position);

@@ -4,21 +4,22 @@
 /// gives what the conversion instructions of x86 give, on every processor.
 #pragma once
 
-#include <cmath>
 #include <concepts>
 #include <limits>
 
 namespace ORVA_2_18::types::_private {
 
 /// Toward zero; beyond the range, and for NaN, the most negative number.
+///
+/// Where the floating type has no value between the most negative number and the next one below, the comparison
+/// leaves that number itself out, and the result is the same.
 template <std::signed_integral Integer, std::floating_point Floating>
 Integer truncate_signed(Floating value) {
   constexpr auto lowest = std::numeric_limits<Integer>::min();
   constexpr auto bound = static_cast<Floating>(lowest);
   static_assert(static_cast<Integer>(bound) == lowest,
-                "a power of two, so that both ends of the range are exact");
-  const Floating whole = std::trunc(value);
-  return whole >= bound && whole < -bound ? static_cast<Integer>(whole) : lowest;
+                "a power of two, which every floating type holds exactly");
+  return value > bound - 1 && value < -bound ? static_cast<Integer>(value) : lowest;
 }
 
 /// There is no instruction for 64 unsigned bits: what a signed one cannot hold is brought into its range and back.

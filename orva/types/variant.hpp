@@ -90,18 +90,18 @@ class ORVA_API variant {
   variant(std::nullptr_t) = delete;
 
   /// Shares the payload of the other; its own goes, unless others hold it.
-  variant& assign(const variant& other);
+  variant& assign(const variant& other) { return *this = other; }
   variant& operator=(const variant& other) noexcept = default;
   /// The source is left holding nil.
   variant& operator=(variant&& other) noexcept = default;
   variant& operator=(const nil_t& nothing);
 
   /// Whether it holds nil.
-  bool equal(const nil_t& nothing) const noexcept;
+  bool equal(const nil_t&) const noexcept { return type() == typeid(nil_t); }
   bool operator==(const nil_t& nothing) const noexcept { return equal(nothing); }
 
   /// The stored type: `nil_t`, `bool`, a number's own, or one of the five string classes.
-  const std::type_info& type() const noexcept;
+  const std::type_info& type() const noexcept { return payload().type(); }
 
   /// Writes the value. Text comes as UTF-8, up to the first zero byte except for a byte string, which comes whole.
   ///
@@ -109,7 +109,7 @@ class ORVA_API variant {
   ///     true                              =>  1      or as the stream's flags say
   ///     static_cast<signed char>(65)      =>  A      both one-byte types are characters here
   ///     wide string                       =>  "< name instance at address >", with the name of its `type()`
-  std::ostream& ostream(std::ostream& stream) const;
+  std::ostream& ostream(std::ostream& stream) const { return payload().ostream(stream); }
 
   // Numbers. From integers the low bits are taken, after a signed value is extended by its sign. From `bool` 0 or
   // 1. From text the number that it begins with, in the radix that its prefix tells, saturated to the range of the
@@ -122,18 +122,18 @@ class ORVA_API variant {
   //     as_uint32                      the low 32 bits of as_int64: 4294967295 for -1.0, 0 for 1e30
   //     as_uint64                      as_int64 below 0; 9223372036854775808 from 2 to the 64 on, and for NaN
 
-  int as_int() const;
-  short as_short() const;
+  int as_int() const { return payload().as_int(); }
+  short as_short() const { return payload().as_short(); }
   /// 32 bits on every platform, also for a stored `long` of 64.
-  int32 as_long() const;
-  signed char as_int8() const;
-  short as_int16() const;
-  int32 as_int32() const;
-  long long as_int64() const;
-  unsigned char as_uint8() const;
-  unsigned short as_uint16() const;
-  uint32 as_uint32() const;
-  unsigned long long as_uint64() const;
+  int32 as_long() const { return payload().as_long(); }
+  signed char as_int8() const { return payload().as_int8(); }
+  short as_int16() const { return payload().as_int16(); }
+  int32 as_int32() const { return payload().as_int32(); }
+  long long as_int64() const { return payload().as_int64(); }
+  unsigned char as_uint8() const { return payload().as_uint8(); }
+  unsigned short as_uint16() const { return payload().as_uint16(); }
+  uint32 as_uint32() const { return payload().as_uint32(); }
+  unsigned long long as_uint64() const { return payload().as_uint64(); }
 
   /// The signed accessor of that width with its result read as unsigned. Text and floating values therefore end
   /// at the signed range, which `as_uint32` and `as_uint16` do not:
@@ -142,21 +142,21 @@ class ORVA_API variant {
   ///     variant("4000000000").as_uint32()  =>  4000000000
   ///     variant("-1").as_uint()            =>  4294967295
   ///     variant("-1").as_uint32()          =>  0
-  unsigned int as_uint() const;
-  unsigned int as_unsigned() const;
-  uint32 as_ulong() const;
-  unsigned short as_ushort() const;
+  unsigned int as_uint() const { return static_cast<unsigned int>(as_int()); }
+  unsigned int as_unsigned() const { return as_uint(); }
+  uint32 as_ulong() const { return static_cast<uint32>(as_long()); }
+  unsigned short as_ushort() const { return static_cast<unsigned short>(as_short()); }
   /// The same as `as_int`.
-  int as_signed() const;
+  int as_signed() const { return as_int(); }
 
   /// Whether a number is not zero; NaN is not. Of text: whether it is "yes", "on" or "true" in any case, or begins
   /// with a number that is not zero. There is no list of false words.
-  bool as_bool() const;
+  bool as_bool() const { return payload().as_bool(); }
 
-  float as_float() const;
-  double as_double() const;
+  float as_float() const { return payload().as_float(); }
+  double as_double() const { return payload().as_double(); }
   /// As wide as the platform's `long double`.
-  long double as_long_double() const;
+  long double as_long_double() const { return payload().as_long_double(); }
 
   // Text: empty for nil, "1" or "0" for `bool`, decimal digits for integers. Floating values come as an output
   // stream writes them: six significant digits, with the signs of the global C++ locale. Text crosses widths by the
@@ -172,9 +172,10 @@ class ORVA_API variant {
  private:
   explicit variant(variant_type* payload) noexcept : payload_(payload) {}
 
-  const variant_type& payload() const noexcept;
+  /// A variant that was moved from has no payload and reads as nil.
+  const variant_type& payload() const noexcept { return payload_ ? *payload_ : moved_from(); }
+  static const variant_type& moved_from() noexcept;
 
-  /// Empty only in a variant that was moved from, which reads as nil.
   memory::pointers::rc_pointer<variant_type> payload_;
 };
 

@@ -22,7 +22,7 @@ namespace ORVA_2_18::types {
 class ORVA_API variant_type : public generic::abilities::clone_ability,
                               public generic::abilities::reference_count_pointer_ability<variant_type> {
  public:
-  ~variant_type() override;
+  ~variant_type() override = default;
 
   /// True for every payload.
   virtual bool is_valid() const = 0;

@@ -60,11 +60,9 @@ TEST(argument, empty_name_with_a_nil_value_is_nil) { EXPECT_TRUE(argument("", ni
 
 TEST(argument, empty_name_with_a_value_is_not_nil) { EXPECT_TRUE(argument("", 0) != nil); }
 
-TEST(argument, takes_a_name_of_any_width) {
+TEST(argument, takes_a_name_of_either_byte_string_class) {
   EXPECT_EQ(argument(std::string("n\xC3\xA9"), 1).name(), "n\xC3\xA9");
   EXPECT_EQ(argument(ustring8("n\xC3\xA9"), 1).name(), "n\xC3\xA9");
-  EXPECT_EQ(argument(strings::ustring16{'n', 0xE9}, 1).name(), "n\xC3\xA9");
-  EXPECT_EQ(argument(strings::ustring32{'n', 0xE9}, 1).name(), "n\xC3\xA9");
 }
 
 TEST(argument, setters_return_what_they_set) {
@@ -141,12 +139,12 @@ TEST(argument, copy_is_independent) {
   EXPECT_EQ(copy.value().as_int32(), 1);
 }
 
-TEST(argument, moved_from_has_no_value) {
+TEST(argument, moved_from_is_nil) {
   argument source("name", 1);
   const argument target = std::move(source);
   EXPECT_EQ(target.name(), "name");
   EXPECT_EQ(target.value().as_int32(), 1);
-  EXPECT_TRUE(source.value() == nil);
+  EXPECT_TRUE(source == nil);
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <random>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -183,12 +184,14 @@ TEST(varg_list, names_are_compared_byte_by_byte) {
   EXPECT_FALSE(list.has_argument("n"));
 }
 
-TEST(varg_list, names_of_every_width_are_found) {
-  const varg_list list(argument("n\xC3\xA9", 2));
-  EXPECT_EQ(list[std::string("n\xC3\xA9")].value().as_int32(), 2);
-  EXPECT_EQ(list[ustring8("n\xC3\xA9")].value().as_int32(), 2);
-  EXPECT_EQ(list[strings::ustring16({'n', 0xE9})].value().as_int32(), 2);
-  EXPECT_EQ(list[strings::ustring32({'n', 0xE9})].value().as_int32(), 2);
+TEST(varg_list, text_of_any_byte_string_class_names_an_argument) {
+  const varg_list list(argument("name", 2));
+  const char pointer[] = "name";
+  EXPECT_EQ(list["name"].value().as_int32(), 2);
+  EXPECT_EQ(list[pointer].value().as_int32(), 2);
+  EXPECT_EQ(list[std::string("name")].value().as_int32(), 2);
+  EXPECT_EQ(list[ustring8("name")].value().as_int32(), 2);
+  EXPECT_EQ(list[std::string_view("names", 4)].value().as_int32(), 2);
 }
 
 TEST(varg_list, missing_name_gives_the_nil_argument) {
@@ -233,7 +236,6 @@ TEST(varg_list, position_at_or_past_the_end_throws) {
   expect_no_such_position([&] { list[list.size()]; });
   expect_no_such_position([&] { three().at(3); });
   expect_no_such_position([&] { three()[4]; });
-  expect_no_such_position([&] { three().at(-1); });
   expect_no_such_position([&] { three().at(std::numeric_limits<std::size_t>::max()); });
   expect_no_such_position([] { varg_list().at(0); });
 }
@@ -337,7 +339,6 @@ TEST(varg_list, erase_by_the_name_of_an_argument_in_the_list) {
 TEST(varg_list, erase_by_position_past_the_end_does_nothing) {
   varg_list list = three();
   list.erase(list.size());
-  list.erase(-1);
   list.erase(std::numeric_limits<std::size_t>::max());
   EXPECT_EQ(list.size(), 3U);
   list.erase(2);
