@@ -1,3 +1,5 @@
+#include <utility>
+
 #include "orva/platform/directory_listing.hpp"
 #include "orva/system/file_utility.hpp"
 
@@ -36,13 +38,22 @@ class path_joiner {
 /// A directory that the walk is in, and how far it has come there.
 template <typename Ustring>
 struct walked_directory {
-  explicit walked_directory(const native_string& path)
-      : join(path), listing(path, directory_listing::detail::names_and_status) {}
+  explicit walked_directory(native_string directory)
+      : path(std::move(directory)), join(path), listing(path, directory_listing::detail::names_and_status) {}
 
+  native_string path;
   path_joiner<Ustring> join;
   directory_listing listing;
   std::size_t next = 0;
 };
+
+/// The native path of an entry, empty if its path in the width of the result names something else: such a directory is
+/// not entered. It would be another one, or the same one again and again.
+template <typename Ustring>
+native_string path_to_enter(const walked_directory<Ustring>& directory, native_view name) {
+  const auto native = platform::to_native(path_argument(directory.join(name)).get());
+  return native == directory.path + platform::separator + native_string(name) ? native : native_string();
+}
 
 }  // namespace
 
@@ -78,9 +89,8 @@ void get_directory_files(const path_argument& path, std::vector<Ustring>& files)
     const auto& status = directory.listing.status(entry);
     if (is_dots(name) || !status.owner_may_read) continue;
     if (status.is_file) files.push_back(directory.join(name));
-    // A directory is entered by the path that a caller would have for it, whatever its width makes of the name.
-    if (status.is_directory)
-      walk.emplace_back(platform::to_native(path_argument(directory.join(name)).get()));
+    if (!status.is_directory) continue;
+    if (auto below = path_to_enter(directory, name); !below.empty()) walk.emplace_back(std::move(below));
   }
 }
 

@@ -8,6 +8,7 @@
 #include "orva/exceptions/raise.hpp"
 #include "orva/platform/file.hpp"
 #include "orva/platform/file_operations.hpp"
+#include "orva/platform/memory.hpp"
 #include "orva/system/symlink_check.hpp"
 
 namespace ORVA_2_18::system {
@@ -22,6 +23,7 @@ void reserve_anew(std::string& contents, std::size_t size) {
   if (size > contents.capacity()) {
     std::string larger;
     larger.reserve(size);
+    platform::expect_filling(larger.data(), size);
     contents = std::move(larger);
   }
   contents.clear();

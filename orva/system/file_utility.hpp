@@ -89,7 +89,8 @@ std::vector<strings::ustring_for<Path>> list_directory(const Path& path) {
 
 /// Appends the full paths of all files below a directory to `files`, which is not cleared: regular files that
 /// `have_read_access` holds for, in the order of `list_directory`, with the files of a directory in the place of its
-/// name. A directory without that bit is not entered. Names are told as by `list_directory`.
+/// name. A directory without that bit is not entered. Names are told as by `list_directory`; in `ustring32`, a directory
+/// whose path would not open is not entered.
 ///
 /// Symbolic links are followed, and there is no guard against a link that leads back up: the walk then goes round
 /// until the system refuses the path for its length or its number of links. The depth costs no stack.

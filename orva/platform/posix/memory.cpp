@@ -1,0 +1,27 @@
+#include "orva/platform/memory.hpp"
+
+#include <sys/mman.h>
+
+#include <cstdint>
+
+namespace ORVA_2_18::platform {
+
+#ifdef MADV_HUGEPAGE
+
+void expect_filling(char* begin, std::size_t size) noexcept {
+  // Only whole large pages inside the memory are touched by the advice, so that nothing is spent on its neighbours.
+  constexpr std::uintptr_t large_page = 0x200000;
+  const auto address = reinterpret_cast<std::uintptr_t>(begin);
+  const auto first = (address + large_page - 1) / large_page * large_page;
+  const auto last = (address + size) / large_page * large_page;
+  // A refusal changes nothing but the speed.
+  if (first < last) ::madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+}
+
+#else
+
+void expect_filling(char*, std::size_t) noexcept {}
+
+#endif
+
+}  // namespace ORVA_2_18::platform

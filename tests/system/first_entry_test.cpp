@@ -1,0 +1,38 @@
+// Directory listings above a search that this test makes up. On the systems that the tests run on, every search reports
+// "." first, so no real directory shows what becomes of another first entry.
+#include <gtest/gtest.h>
+
+#include "orva/platform/directory_listing.hpp"
+#include "orva/system/file_utility.hpp"
+
+namespace ORVA_2_18::platform {
+
+/// Reports "first", "." and "second", all of them readable files.
+directory_listing::directory_listing(const native_string&, detail) {
+  for (const auto* name : {"first", ".", "second"}) add(name);
+  for (auto& reported : entries_) reported.status = {true, false, true, true};
+}
+
+void directory_listing::add(native_view name) {
+  entries_.push_back({names_.size(), name.size(), {}});
+  names_.append(name);
+}
+
+}  // namespace ORVA_2_18::platform
+
+namespace {
+
+using ORVA_2_18::strings::ustring8;
+namespace sys = ORVA_2_18::system;
+
+TEST(list_directory, first_entry_is_lost_where_it_is_not_the_dot) {
+  EXPECT_EQ(sys::list_directory("d"), (std::vector<ustring8>{"d/second"}));
+}
+
+TEST(get_directory_files, first_entry_is_kept_where_it_is_not_the_dot) {
+  std::vector<ustring8> files;
+  sys::get_directory_files("d", files);
+  EXPECT_EQ(files, (std::vector<ustring8>{"d/first", "d/second"}));
+}
+
+}  // namespace
