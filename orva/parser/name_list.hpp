@@ -59,7 +59,7 @@ class name_set {
 
   void clear() noexcept {
     first_.clear();
-    rest_.clear();
+    if (!rest_.empty()) rest_.clear();
   }
 
  private:

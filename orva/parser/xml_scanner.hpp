@@ -7,10 +7,12 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <string_view>
 #include <utility>
 
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/parser/byte_block.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/strings/character_class.hpp"
 #include "orva/strings/ustring.hpp"
@@ -29,12 +31,14 @@ class xml_scanner {
 
   const char* position() const noexcept { return at_; }
 
-  static constexpr bool is_white_space(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
+  static constexpr bool is_white_space(char c) { return is(white, c); }
 
   std::string_view white_space() {
-    const char* const first = at_;
-    for (; at_ != end_ && is_white_space(*at_); ++at_) line_ += *at_ == '\n' ? 1 : 0;
-    return between(first, at_);
+    const char* at = at_;
+    types::uint32 feeds = 0;
+    for (; at != end_ && is_white_space(*at); ++at) feeds += *at == '\n' ? 1 : 0;
+    line_ += feeds;
+    return between(std::exchange(at_, at), at);
   }
 
   std::string_view name() {
@@ -47,28 +51,22 @@ class xml_scanner {
 
   /// From the opening quote to the closing one, or to the end of the text.
   void attribute_value(ustring8& value) {
-    if (at_end() || (*at_ != '\'' && *at_ != '"')) fail(parse_error::missing_quote);
+    if (at_end() || !is_quote(*at_)) fail(parse_error::missing_quote);
     const char quote = *at_++;
-    value.clear();
-    while (true) {
-      const char* const first = at_;
-      at_ = std::find_if(at_, end_, [quote](char c) { return c == quote || c == '<' || c == '&'; });
-      value.append(first, at_);
-      if (at_end() || *at_ == quote) return;
+    value.assign(plain_value(quote));
+    while (!at_end() && *at_ != quote) {
       if (*at_ == '<') fail_at(at_);
       value.push_back(character());
+      value.append(plain_value(quote));
     }
   }
 
   /// A run of text: up to the next tag, or to the first of two white-space characters in a row.
   void text_run(ustring8& text) {
-    text.clear();
-    while (true) {
-      const char* const first = at_;
-      at_ = end_of_plain_text();
-      text.append(first, at_);
-      if (at_end() || *at_ != '&') return;
+    text.assign(plain_text());
+    while (!at_end() && *at_ == '&') {
       text.push_back(character());
+      text.append(plain_text());
     }
   }
 
@@ -101,24 +99,57 @@ class xml_scanner {
     return {first, static_cast<std::size_t>(last - first)};
   }
 
-  static bool is_name_character(char c) { return strings::character_class::isalnum(c) || c == '_'; }
+  enum byte_class : std::uint8_t { white = 1, in_name = 2, may_end_text = 4, may_end_value = 8 };
 
-  static constexpr bool may_end_text(char c) {
-    constexpr auto table = [] {
-      std::array<bool, 256> ends{};
-      for (const unsigned char unit : {'<', '&', ' ', '\t', '\r', '\n'}) ends[unit] = true;
-      return ends;
-    }();
-    return table[static_cast<unsigned char>(c)];
+  static constexpr auto classes = [] {
+    std::array<std::uint8_t, 256> table{};
+    const auto add = [&table](std::string_view bytes, unsigned int in) {
+      for (const char byte : bytes) table[static_cast<unsigned char>(byte)] |= static_cast<std::uint8_t>(in);
+    };
+    add(" \t\r\n", white | may_end_text);
+    add("<&", may_end_text | may_end_value);
+    add("'\"", may_end_value);
+    add("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_", in_name);
+    return table;
+  }();
+
+  static constexpr bool is(byte_class expected, char c) {
+    return (classes[static_cast<unsigned char>(c)] & expected) != 0;
   }
 
-  const char* end_of_plain_text() const {
-    for (const char* at = at_; at != end_; ++at) {
-      if (!may_end_text(*at)) continue;
-      if (!is_white_space(*at)) return at;
-      if (end_ - at > 1 && is_white_space(at[1])) return at;
+  /// Below 128 the table answers; the rest is the locale's.
+  static bool is_name_character(char c) {
+    return is(in_name, c) || (static_cast<unsigned char>(c) >= 128 && strings::character_class::isalnum(c));
+  }
+
+  /// Up to the closing quote, a < or an &.
+  std::string_view plain_value(char quote) {
+    const char* at = at_;
+    for (; remaining(at) >= byte_block::size; at += byte_block::size) {
+      const byte_block block(at);
+      if (block.holds(quote) || block.holds('<') || block.holds('&')) break;
     }
-    return end_;
+    while (at != end_ && (!is(may_end_value, *at) || (*at != quote && is_quote(*at)))) ++at;
+    return between(std::exchange(at_, at), at);
+  }
+
+  /// Up to a <, an & or the first of two white-space characters.
+  std::string_view plain_text() {
+    const char* at = at_;
+    // The last byte of a block is looked at again as the first of the next: a pair may lie across both.
+    for (; remaining(at) >= byte_block::size; at += byte_block::size - 1) {
+      const byte_block block(at);
+      if (block.holds('<') || block.holds('&') || block.holds_two_blanks_in_a_row()) break;
+    }
+    while (at != end_ && (!is(may_end_text, *at) || is_lone_white_space(at))) ++at;
+    return between(std::exchange(at_, at), at);
+  }
+
+  std::size_t remaining(const char* at) const noexcept { return static_cast<std::size_t>(end_ - at); }
+
+  static constexpr bool is_quote(char c) { return c == '\'' || c == '"'; }
+  bool is_lone_white_space(const char* at) const {
+    return is_white_space(*at) && (remaining(at) == 1 || !is_white_space(at[1]));
   }
 
   char character_reference(std::size_t opener, types::radix_t::base radix) {

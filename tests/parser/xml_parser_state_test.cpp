@@ -13,9 +13,9 @@ namespace {
 using ORVA_2_18::functor::member_function_t;
 using ORVA_2_18::parser::xml_parser;
 using ORVA_2_18::strings::ustring8;
-using test_support::parse_with;
-using test_support::xml_outcome;
-using test_support::xml_recorder;
+using orva_test::parse_with;
+using orva_test::xml_outcome;
+using orva_test::xml_recorder;
 using error = xml_parser::parse_error;
 
 TEST(xml_parser_state, parser_without_delegates_skips_the_events) {

@@ -13,8 +13,8 @@
 namespace {
 
 using ORVA_2_18::parser::xml_parser;
-using test_support::parse_xml;
-using test_support::xml_outcome;
+using orva_test::parse_xml;
+using orva_test::xml_outcome;
 using error = xml_parser::parse_error;
 using std::string_literals::operator""s;
 

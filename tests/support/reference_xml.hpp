@@ -10,7 +10,7 @@
 
 #include "tests/support/xml_events.hpp"
 
-namespace test_support {
+namespace orva_test {
 
 class reference_xml {
  public:
@@ -232,4 +232,4 @@ class reference_xml {
   xml_outcome outcome_;
 };
 
-}  // namespace test_support
+}  // namespace orva_test

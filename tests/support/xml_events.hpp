@@ -9,7 +9,7 @@
 #include "orva/functor/member_function.hpp"
 #include "orva/parser/xml_parser.hpp"
 
-namespace test_support {
+namespace orva_test {
 
 /// The events as they came, each as its kind and its text: `start a`, `attribute b=1`; then how the parse ended.
 struct xml_outcome {
@@ -89,4 +89,4 @@ inline xml_outcome parse_xml(const std::string& text) {
   return parse_with(parser, text);
 }
 
-}  // namespace test_support
+}  // namespace orva_test

@@ -1,0 +1,93 @@
+// Any bytes through xml_parser, held against the plain reference parser, twice with one object, so that the names a
+// failed parse leaves behind are held too; and through xml_token_stream, whose tokens must follow the events.
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+
+#include "orva/exceptions/exception.hpp"
+#include "orva/parser/xml_parser.hpp"
+#include "orva/parser/xml_token_stream.hpp"
+#include "tests/support/reference_xml.hpp"
+#include "tests/support/xml_events.hpp"
+
+namespace {
+
+using ORVA_2_18::parser::xml_token_stream;
+using token = xml_token_stream::token;
+using orva_test::xml_outcome;
+
+void require(bool holds, const char* what) {
+  if (holds) return;
+  std::cerr << what << std::endl;
+  std::abort();
+}
+
+void require_equal(const xml_outcome& actual, const xml_outcome& expected, const char* what) {
+  if (actual == expected) return;
+  std::cerr << what << "\nthe parser:\n" << actual << "\nthe reference:\n" << expected << std::endl;
+  std::abort();
+}
+
+/// The event that a token was made of; none for a marker.
+std::string event_of(const token& from, const std::string& attribute_name) {
+  static constexpr const char* kinds[] = {"start ", "end ", "", "", "", "comment ", "space ", "character "};
+  if (from.type() == token::attribute_value) return "attribute " + attribute_name + '=' + from.value();
+  return kinds[from.type()] + from.value();
+}
+
+void require_tokens_follow_events(const xml_token_stream& stream, const xml_outcome& outcome) {
+  auto event = outcome.events.begin();
+  bool start_tag_open = false;
+  std::string attribute_name;
+  for (const auto& each : stream) {
+    switch (each.type()) {
+      case token::attribute_name:
+        attribute_name = each.value();
+        continue;
+      case token::start_tag_end:
+        require(start_tag_open && each.value().empty(), "a marker without a start tag");
+        start_tag_open = false;
+        continue;
+      case token::attribute_value:
+      case token::comment:
+        break;
+      default:
+        require(!start_tag_open, "no marker behind a start tag");
+        start_tag_open = each.type() == token::element_start;
+    }
+    require(event != outcome.events.end() && *event == event_of(each, attribute_name), "a token is no event");
+    ++event;
+  }
+  require(event == outcome.events.end(), "an event gave no token");
+}
+
+void check_tokens(const std::string& text, const xml_outcome& outcome) {
+  xml_token_stream stream;
+  try {
+    const auto error = stream.parse(text.begin(), text.end());
+    require(!outcome.overflowed && error.type == outcome.type && error.line == outcome.line &&
+                error.data == outcome.data,
+            "the token stream ends otherwise than its parser");
+  } catch (const ORVA_2_18::exceptions::overflow_error&) {
+    require(outcome.overflowed, "the token stream throws and its parser does not");
+  }
+  require_tokens_follow_events(stream, outcome);
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string bytes(reinterpret_cast<const char*>(data), size);
+  for (const std::string& text : {bytes, "<?xml?>" + bytes}) {
+    ORVA_2_18::parser::xml_parser parser;
+    orva_test::reference_xml reference;
+    const auto outcome = reference.parse(text);
+    require_equal(orva_test::parse_with(parser, text), outcome, "first parse");
+    require_equal(orva_test::parse_with(parser, text), reference.parse(text), "second parse");
+    check_tokens(text, outcome);
+  }
+  return 0;
+}
