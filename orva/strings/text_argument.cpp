@@ -1,14 +1,15 @@
 #include "orva/strings/text_argument.hpp"
 
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/any_utf16.hpp"
 
 namespace ORVA_2_18::strings {
 
 text_argument::text_argument(const std::string& text) : converted_(text) {}
 text_argument::text_argument(const char* text) : converted_(text) {}
-text_argument::text_argument(const ustring16& text) : converted_(utf16_to_utf8(text)) {}
-text_argument::text_argument(const wide_string& text) : converted_(utf16_to_utf8(text)) {}
-text_argument::text_argument(const code_unit16* text) : converted_(utf16_to_utf8(text)) {}
+text_argument::text_argument(const ustring16& text) : converted_(_private::any_utf16_to_utf8(text)) {}
+text_argument::text_argument(const wide_string& text) : converted_(_private::any_utf16_to_utf8(text)) {}
+text_argument::text_argument(const code_unit16* text) : converted_(_private::any_utf16_to_utf8(text)) {}
 text_argument::text_argument(const ustring32& text) : converted_(utf32_to_utf8(text)) {}
 text_argument::text_argument(const std::basic_string<code_unit32>& text) : converted_(utf32_to_utf8(text)) {}
 text_argument::text_argument(const code_unit32* text) : converted_(utf32_to_utf8(text)) {}

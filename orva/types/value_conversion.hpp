@@ -18,6 +18,7 @@
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/strings/character_class.hpp"
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/any_utf16.hpp"
 #include "orva/strings/ustring_for.hpp"
 #include "orva/types/floating_truncation.hpp"
 #include "orva/types/nil.hpp"
@@ -161,8 +162,8 @@ basic_ustring<Target> to_text(const basic_ustring<Unit>& text) {
     if constexpr (std::same_as<Target, code_unit16>) return strings::utf8_to_utf16(text);
     if constexpr (std::same_as<Target, code_unit32>) return strings::utf8_to_utf32(text);
   } else if constexpr (std::same_as<Unit, code_unit16>) {
-    if constexpr (std::same_as<Target, char>) return strings::utf16_to_utf8(text);
-    if constexpr (std::same_as<Target, code_unit32>) return strings::utf16_to_utf32(text);
+    if constexpr (std::same_as<Target, char>) return strings::_private::any_utf16_to_utf8(text);
+    if constexpr (std::same_as<Target, code_unit32>) return strings::_private::any_utf16_to_utf32(text);
   } else {
     if constexpr (std::same_as<Target, char>) return strings::utf32_to_utf8(text);
     if constexpr (std::same_as<Target, code_unit16>) return strings::utf32_to_utf16(text);

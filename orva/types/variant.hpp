@@ -161,6 +161,7 @@ class ORVA_API variant {
   // Text: empty for nil, "1" or "0" for `bool`, decimal digits for integers. Floating values come as an output
   // stream writes them: six significant digits, with the signs of the global C++ locale. Text crosses widths by the
   // transforms of strings/unicode.hpp, whose failure text "-1" stands for text that is not what it promises to be.
+  // UTF-16 that begins with 0xFFFE is converted like any other: a value must give a result.
 
   strings::ustring8 as_string() const;
   strings::wide_string as_wstring() const;

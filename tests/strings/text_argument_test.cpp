@@ -46,6 +46,16 @@ TEST(text_argument, bad_text_arrives_as_minus_one) {
   EXPECT_EQ(taken(ustring32(1, static_cast<code_unit32>(0xD800))), "-1");
 }
 
+TEST(text_argument, swapped_mark_in_front_is_a_character) {
+  const code_unit16 mark = swapped_byte_order_mark;
+  const code_unit16 only_mark[] = {mark, 0};
+  EXPECT_EQ(taken(only_mark), "\xEF\xBF\xBE");
+  EXPECT_EQ(taken(ustring16(only_mark)), "\xEF\xBF\xBE");
+  EXPECT_EQ(taken(wide_string(only_mark)), "\xEF\xBF\xBE");
+  EXPECT_EQ(taken(ustring16({mark, mark, '+', 'a'})), "\xEF\xBF\xBE\xEF\xBF\xBE+a");
+  EXPECT_EQ(taken(ustring16({mark, 0xD800})), "-1");
+}
+
 TEST(text_argument, copy_owns_what_the_original_converted) {
   text_argument copy("");
   {

@@ -355,6 +355,15 @@ TEST(variant, bad_text_crosses_widths_as_the_transforms_have_it) {
   EXPECT_EQ(variant(ustring32{0x10000}).as_utf16(), (ustring16{0xD840, 0xDC00}));
 }
 
+TEST(variant, utf16_that_begins_with_the_swapped_mark_gives_a_result) {
+  const ORVA_2_18::strings::ustring16 text({0xFFFE, '7'});
+  EXPECT_EQ(ORVA_2_18::types::variant(text).as_utf8(),
+            "\xEF\xBF\xBE"
+            "7");
+  EXPECT_EQ(ORVA_2_18::types::variant(text).as_utf32(), ORVA_2_18::strings::ustring32({0xFFFE, '7'}));
+  EXPECT_EQ(ORVA_2_18::types::variant(ORVA_2_18::strings::wide_string(text)).as_double(), 0.0);
+}
+
 TEST(variant, text_is_copied_out_never_lent) {
   const variant value("text");
   ustring8 text = value.as_utf8();
