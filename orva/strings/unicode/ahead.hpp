@@ -9,12 +9,12 @@
 #pragma once
 
 #include <bit>
-#include <cstddef>
 #include <cstdint>
 #include <cstring>
 
 #include "orva/strings/unicode/block.hpp"
 #include "orva/strings/unicode/code_point.hpp"
+#include "orva/strings/unicode/pack_utf8.hpp"
 
 namespace ORVA_2_18::strings::_private {
 
@@ -94,6 +94,34 @@ void run_ahead(const char*& from_, const char* const end, To*& to_) {
   }
   from_ = from;
   to_ = to;
+}
+
+/// The inverse of `load_sequence` for four bytes, in one store, which compilers do not always make of four.
+inline void store_four_bytes(std::uint32_t code_point, char* to) {
+  std::uint32_t sequence = 0x808080F0 | code_point >> 18 | (code_point >> 4 & 0x3F00) |
+                           (code_point << 10 & 0x3F0000) | (code_point & 0x3F) << 24;
+  if constexpr (std::endian::native == std::endian::big) {
+    sequence = sequence << 24 | (sequence << 8 & 0xFF0000) | (sequence >> 8 & 0xFF00) | sequence >> 24;
+  }
+  std::memcpy(to, &sequence, sizeof sequence);
+}
+
+/// UTF-16 or UTF-32 into UTF-8.
+///
+/// REQUIRES: room for four bytes for each unit that is left.
+template <typename From>
+void run_ahead(const From*& from, const From* const end, char*& to) {
+  run_ahead_in_ascii(from, end, to);
+  const auto reached = pack_utf8(from, end, to);
+  from = reached.from;
+  to = reached.to;
+  while (from != end) {
+    const auto found = decode(from, static_cast<std::size_t>(end - from));
+    if (found.code_point < 0x10000 || found.code_point >= 0x110000) break;
+    store_four_bytes(found.code_point, to);
+    from += found.units;
+    to += 4;
+  }
 }
 
 /// UTF-16 into UTF-32 and back, as far as both are alike.

@@ -21,7 +21,7 @@ ustring8 utf16_to_utf8(const ustring16& text) {
     const code_unit16* const end = from + text.size();
     char* to = output.data();
     while (from != end) {
-      _private::run_ahead_in_ascii(from, end, to);
+      _private::run_ahead(from, end, to);
       for (const auto* const stop = _private::block_end(from, end); from < stop;) {
         const auto found = _private::decode(from, static_cast<std::size_t>(end - from));
         if (found.units == 0) return _private::failed;

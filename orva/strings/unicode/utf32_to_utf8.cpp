@@ -15,7 +15,7 @@ ustring8 utf32_to_utf8(const ustring32& text) {
     const code_unit32* const end = from + text.size();
     char* to = output.data();
     while (from != end) {
-      _private::run_ahead_in_ascii(from, end, to);
+      _private::run_ahead(from, end, to);
       for (const auto* const stop = _private::block_end(from, end); from < stop; ++from) {
         const std::uint32_t unit = _private::value_of(*from);
         if (_private::is_surrogate(unit)) return _private::failed;
