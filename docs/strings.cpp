@@ -1,0 +1,58 @@
+#include <iomanip>
+#include <iostream>
+#include <string>
+
+#include "orva/orva.hpp"
+
+using namespace orva;
+using strings::ustring16;
+using strings::ustring32;
+using strings::ustring8;
+
+void print_units(const char* what, const auto& text) {
+  std::cout << what;
+  for (const auto unit : text) std::cout << ' ' << std::hex << static_cast<types::uint32>(unit) << std::dec;
+  std::cout << '\n';
+}
+
+// Text of any width, read as UTF-8: a ustring8 is borrowed, everything else converted.
+void greet(const strings::text_argument& name) { std::cout << "Hello, " << name.get() << "!\n"; }
+
+int main() {
+  const ustring8 text("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80");  // a, a umlaut, euro sign, a grinning face
+
+  // Lengths are in code units.
+  const ustring16 text16 = strings::utf8_to_utf16(text);
+  const ustring32 text32 = strings::utf8_to_utf32(text);
+  std::cout << strings::string_length(text) << " bytes, " << strings::string_length(text16) << " units, "
+            << strings::string_length(text32) << " characters\n";
+  print_units("UTF-16:", text16);
+  print_units("UTF-32:", text32);
+
+  // Character by character.
+  types::uint32 step = 0;
+  for (types::uint32 i = 0; i < strings::string_length(text); i += step) {
+    const auto character = strings::unichar(text.data(), strings::string_length(text), i, step);
+    if (step == strings::no_character) break;
+    std::cout << "at " << i << ": U+" << std::hex << std::uppercase << std::setw(4) << std::setfill('0')
+              << character << std::dec << std::nouppercase << '\n';
+  }
+  std::cout << "character 3 begins at " << strings::character_index(text, 3) << '\n';
+
+  // Bad text gives a text.
+  const ustring8 bad("abc\x80xyz");
+  std::cout << strings::utf16_to_utf8(strings::utf8_to_utf16(bad)) << '\n';
+  std::cout << strings::utf32_to_utf8(strings::utf8_to_utf32(bad)) << '\n';
+
+  // A file from a machine of the other byte order: swap it before any transform sees it.
+  ustring16 foreign = strings::utf8_to_utf16("\xEF\xBB\xBFHi");
+  strings::modify_swap_string_bytes_order(foreign);
+  print_units("foreign:", foreign);
+  strings::check_BOM_and_modify_swap(foreign);
+  std::cout << strings::utf16_to_utf8(strings::remove_BOM(foreign)) << '\n';
+
+  // Wide text crosses by name, and any width meets a text_argument.
+  greet("bytes");
+  greet(strings::from_wchar(L"wide"));
+  greet(text32);
+}
