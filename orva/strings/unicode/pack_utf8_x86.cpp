@@ -16,16 +16,16 @@ struct shuffle {
   alignas(16) std::array<char, 16> from{};
   std::size_t size = 0;
 
-  constexpr void take(int first, int count) {
-    for (int i = 0; i < count; ++i) from[size++] = static_cast<char>(first + i);
+  constexpr void take(std::size_t first, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) from[size++] = static_cast<char>(first + i);
   }
 };
 
 /// Eight lanes of two bytes. Bit i of the mask: lane i holds one byte.
 constexpr std::array<shuffle, 256> shuffles_of_two_byte_lanes = [] {
   std::array<shuffle, 256> all{};
-  for (int mask = 0; mask < 256; ++mask) {
-    for (int lane = 0; lane < 8; ++lane) all[mask].take(2 * lane, (mask >> lane & 1) != 0 ? 1 : 2);
+  for (std::size_t mask = 0; mask < 256; ++mask) {
+    for (std::size_t lane = 0; lane < 8; ++lane) all[mask].take(2 * lane, (mask >> lane & 1) != 0 ? 1 : 2);
   }
   return all;
 }();
@@ -33,8 +33,8 @@ constexpr std::array<shuffle, 256> shuffles_of_two_byte_lanes = [] {
 /// Four lanes of four bytes. Bit i of the mask: lane i holds more than one byte; bit 4 + i: it holds more than two.
 constexpr std::array<shuffle, 256> shuffles_of_four_byte_lanes = [] {
   std::array<shuffle, 256> all{};
-  for (int mask = 0; mask < 256; ++mask) {
-    for (int lane = 0; lane < 4; ++lane) {
+  for (std::size_t mask = 0; mask < 256; ++mask) {
+    for (std::size_t lane = 0; lane < 4; ++lane) {
       all[mask].take(4 * lane, 1 + (mask >> lane & 1) + (mask >> (4 + lane) & 1));
     }
   }
