@@ -175,7 +175,7 @@ void expect_agreement_around(const std::vector<Text>& fillers, const std::vector
     while (text.size() < 160) text += filler;
     for (const Text& odd : odd_ones) {
       for (std::size_t offset = 0; offset <= 80; ++offset) {
-        for (const std::size_t behind : {0, 1, 2, 3, 5, 8, 15, 16, 17, 33, 70}) {
+        for (const std::size_t behind : {0u, 1u, 2u, 3u, 5u, 8u, 15u, 16u, 17u, 33u, 70u}) {
           ASSERT_TRUE(agrees(Text(text.substr(0, offset) + odd + text.substr(0, behind))));
         }
       }

@@ -111,7 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
     row_name);
 
 TEST(utf8_to_utf16, one_bad_byte_fails_a_text_of_any_length) {
-  for (const std::size_t size : {1, 100, 1000, 100000}) {
+  for (const std::size_t size : {1u, 100u, 1000u, 100000u}) {
     ustring8 text(size, 'x');
     text.back() = '\x80';
     EXPECT_EQ(utf8_to_utf16(text), failed16);
