@@ -1,0 +1,52 @@
+#include <filesystem>
+#include <iostream>
+#include <vector>
+
+#include "orva/orva.hpp"
+
+namespace io = orva::system::io;
+using orva::strings::ustring8;
+
+// A file of a size that no string of the library can hold is the one failure that is thrown.
+int load(const char* path, ustring8& contents) {
+  try {
+    return orva::system::load_file(path, contents);
+  } catch (const orva::exceptions::runtime_error& error) {
+    std::cout << path << ": " << error.message() << '\n';
+    return 1;
+  }
+}
+
+int main() {
+  std::filesystem::current_path(std::filesystem::temp_directory_path());
+  std::filesystem::remove_all("orva_files_guide");
+  std::cout << std::boolalpha;
+
+  std::cout << "created: " << orva::system::create_directory("orva_files_guide/logs/old") << '\n';
+  std::cout << "again: " << orva::system::create_directory("orva_files_guide/logs/old") << '\n';
+  std::filesystem::current_path("orva_files_guide");
+
+  std::cout << "stored: " << orva::system::store_file("logs/today.txt", "\xEF\xBB\xBFstarted\n") << '\n';
+  orva::system::store_file(u"logs/old/jour f\u00E9ri\u00E9.txt", "closed\n");
+
+  ustring8 text = "what was there before";
+  std::cout << "missing: " << load("logs/none.txt", text) << ", " << text << '\n';
+  std::cout << "loaded: " << load("logs/today.txt", text) << ", " << text.size() << " bytes\n";
+  std::cout << "without its mark: " << orva::strings::remove_BOM(text);
+
+  for (const ustring8& path : orva::system::list_directory("logs"))
+    std::cout << "entry: " << path << (io::is_directory(path) ? " (directory)" : "") << '\n';
+
+  std::vector<ustring8> files;
+  orva::system::get_directory_files("logs", files);
+  for (const ustring8& path : files) std::cout << "file: " << path << '\n';
+
+  io::move("logs/yesterday.txt", "logs/today.txt");  // the new name first
+  std::cout << "moved: " << io::exists("logs/yesterday.txt") << '\n';
+  io::remove_file("logs/yesterday.txt");
+  io::remove_dir("logs");
+  std::cout << "not empty, so still there: " << io::is_directory("logs") << '\n';
+
+  std::filesystem::current_path("..");
+  std::filesystem::remove_all("orva_files_guide");
+}
