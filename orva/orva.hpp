@@ -43,6 +43,7 @@
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/characters.hpp"
 #include "orva/strings/code_unit.hpp"
+#include "orva/strings/gh2.hpp"
 #include "orva/strings/replace.hpp"
 #include "orva/strings/split.hpp"
 #include "orva/strings/text_argument.hpp"
