@@ -1,0 +1,49 @@
+/// `single_byte_locale`: a locale with one byte a character, made for one test and current in the C runtime as long
+/// as the object lives.
+///
+/// Few systems have such a locale installed, so it is built into a temporary directory by the system's `localedef`.
+/// Where that cannot be done the object says so, and the test is skipped. It changes the process's locale: tests that
+/// use it do not run beside others in one process.
+#pragma once
+
+#include <clocale>
+#include <cstdlib>
+#include <string>
+
+#include "tests/support/temporary_directory.hpp"
+
+namespace orva_test {
+
+class single_byte_locale {
+ public:
+  /// `character_set` and `language` by the names of the system's sources: "ISO-8859-1", "de_DE".
+  single_byte_locale(const std::string& character_set, const std::string& language)
+      : name_(language + "." + character_set) {
+#if !defined(_WIN32)
+    const std::string command = "localedef -f " + character_set + " -i " + language + " '" +
+                                directory_.file(name_) + "' >/dev/null 2>&1";
+    if (std::system(command.c_str()) != 0) return;
+    ::setenv("LOCPATH", directory_.name().c_str(), 1);
+    made_ = std::setlocale(LC_ALL, name_.c_str()) != nullptr;
+#endif
+  }
+  single_byte_locale(const single_byte_locale&) = delete;
+  single_byte_locale& operator=(const single_byte_locale&) = delete;
+
+  ~single_byte_locale() {
+    std::setlocale(LC_ALL, "C");
+#if !defined(_WIN32)
+    ::unsetenv("LOCPATH");
+#endif
+  }
+
+  bool made() const { return made_; }
+  const char* name() const { return name_.c_str(); }
+
+ private:
+  temporary_directory directory_;
+  std::string name_;
+  bool made_ = false;
+};
+
+}  // namespace orva_test
