@@ -18,7 +18,8 @@ namespace ORVA_2_18::i18n::_private {
 /// Units are known by their index: the power of 1000 that they stand for.
 struct scaled_attributes {
   int base_unit = 0;
-  std::optional<int> target_unit;
+  int target_unit = 0;
+  bool has_target = false;
   std::string_view precision;
   std::string_view fieldsize = "0";
 
@@ -28,7 +29,8 @@ struct scaled_attributes {
   }
 
   bool set_target_unit(std::optional<int> unit) {
-    target_unit = unit;
+    target_unit = unit.value_or(0);
+    has_target = true;
     return unit.has_value();
   }
 
@@ -56,12 +58,12 @@ Number times_1000(Number value) {
 template <typename Number>
 int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   int unit = attributes.base_unit;
-  if (!attributes.target_unit) {
+  if (!attributes.has_target) {
     for (; unit < last_unit && value >= 1000; ++unit) value /= 1000;
     return unit;
   }
-  for (; unit < *attributes.target_unit; ++unit) value /= 1000;
-  for (; unit > *attributes.target_unit; --unit) value = times_1000(value);
+  for (; unit < attributes.target_unit; ++unit) value /= 1000;
+  for (; unit > attributes.target_unit; --unit) value = times_1000(value);
   return unit;
 }
 

@@ -225,7 +225,7 @@ class numeric_locale {
 };
 
 TEST(format_double, decimal_point_is_the_locale_s) {
-  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8", "ps_AF.UTF-8"}) {
+  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "de_DE", "fr_FR.UTF-8"}) {
     const numeric_locale locale(name);
     if (!locale.is_set()) continue;
     EXPECT_EQ(format_double(1.5, ""), reference::format_double(1.5, 2, 0)) << name;
