@@ -6,28 +6,13 @@
 #include <limits>
 #include <string_view>
 
-#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/platform/decimal_point.hpp"
 
 namespace ORVA_2_18::i18n::_private {
 
 namespace {
-
-struct double_attributes {
-  int precision = 2;
-  std::int64_t fieldsize = 0;
-
-  bool set(std::string_view key, std::string_view value) {
-    if (selects(key, "precision")) {
-      precision = to_number(value);
-      return true;
-    }
-    if (!selects(key, "fieldsize")) return false;
-    fieldsize = to_number(value);
-    return true;
-  }
-};
 
 using limits = std::numeric_limits<double>;
 
@@ -98,9 +83,7 @@ void shorten_exponent(strings::ustring8& text) {
 
 }  // namespace
 
-strings::ustring8 format_double(double value, std::string_view attrs) {
-  double_attributes attributes;
-  if (!read_attributes(attrs, attributes) || attributes.precision < 0) return refused();
+strings::ustring8 double_text(double value, const double_attributes& attributes) {
   const auto is_longer = [&](const strings::ustring8& text) {
     return static_cast<std::int64_t>(text.size()) > attributes.fieldsize;
   };
@@ -111,6 +94,12 @@ strings::ustring8 format_double(double value, std::string_view attrs) {
   shorten_exponent(text);
   if (static_cast<std::int64_t>(text.size()) < attributes.fieldsize) text.insert(0, 1, ' ');
   return text;
+}
+
+strings::ustring8 format_double(double value, std::string_view attrs) {
+  double_attributes attributes;
+  if (!read_attributes(attrs, attributes) || !attributes.is_valid()) return refused();
+  return double_text(value, attributes);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "orva/generic/convert/x_to_str.hpp"
+#include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 
@@ -49,15 +50,9 @@ double fraction_of(double seconds) {
   return std::modf(seconds, &whole);
 }
 
-/// An empty precision at the end of an attribute string is no value, and a negative one is refused.
+/// The seconds are shown as `format_double` shows them under this precision alone: a negative one is refused, and an
+/// empty one would be the missing value of an attribute string.
 bool is_precision(std::string_view text) { return !text.empty() && to_number(text) >= 0; }
-
-strings::ustring8 seconds_text(double seconds, std::string_view precision) {
-  strings::ustring8 attrs("prec");
-  attrs += field_separator;
-  attrs.append(precision);
-  return format_double(seconds, attrs);
-}
 
 /// Writes the parts from the largest down.
 class part_writer {
@@ -92,7 +87,7 @@ strings::ustring8 format_duration(double seconds, std::string_view attrs) {
   writer.add(whole / day, labels.days);
   writer.add(whole % day / hour, labels.hours);
   writer.add(whole % hour / minute, labels.minutes);
-  return writer.finish(seconds_text(rest, attributes.precision), labels.seconds);
+  return writer.finish(double_text(rest, {.precision = to_number(attributes.precision)}), labels.seconds);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

@@ -1,5 +1,6 @@
-#include <cstddef>
+#include <algorithm>
 #include <cstdint>
+#include <iterator>
 #include <optional>
 #include <string_view>
 
@@ -11,21 +12,13 @@ namespace ORVA_2_18::i18n::_private {
 
 namespace {
 
-constexpr std::string_view prefixes = "KMGTPEZY";
-constexpr int last_unit = static_cast<int>(prefixes.size());
+constexpr std::string_view units[] = {"B", "KB", "MB", "GB", "TB", "PB", "EB", "ZB", "YB"};
+constexpr int last_unit = static_cast<int>(std::size(units)) - 1;
 
-/// The index of a unit: 0 for "B", its prefix's place for the others.
 std::optional<int> find_unit(std::string_view name) {
-  if (name == "B") return 0;
-  if (name.size() != 2 || name[1] != 'B') return std::nullopt;
-  const std::size_t place = prefixes.find(name[0]);
-  if (place == prefixes.npos) return std::nullopt;
-  return static_cast<int>(place) + 1;
-}
-
-strings::ustring8 unit_name(int unit) {
-  if (unit == 0) return "B";
-  return {prefixes[static_cast<std::size_t>(unit - 1)], 'B'};
+  const auto found = std::find(std::begin(units), std::end(units), name);
+  if (found == std::end(units)) return std::nullopt;
+  return static_cast<int>(found - std::begin(units));
 }
 
 struct memory_attributes : scaled_attributes {
@@ -38,16 +31,18 @@ struct memory_attributes : scaled_attributes {
 
 }  // namespace
 
+std::optional<scaled_value> scale_memory(const types::variant& value, std::string_view attrs) {
+  memory_attributes attributes;
+  if (!read_attributes(attrs, attributes)) return std::nullopt;
+  const auto as_integer = [](const types::variant& size) -> std::uint64_t { return size.as_uint64(); };
+  auto result = scale_by(value, attributes, last_unit, as_integer);
+  if (result) result->unit = units[result->unit_index];
+  return result;
+}
+
 strings::ustring8 format_memory(const types::variant& value, std::string_view attrs,
                                 strings::ustring8& unit) {
-  unit.clear();
-  memory_attributes attributes;
-  if (!read_attributes(attrs, attributes)) return refused();
-  const auto as_integer = [](const types::variant& size) -> std::uint64_t { return size.as_uint64(); };
-  int index = 0;
-  strings::ustring8 number = scaled_text(value, attributes, last_unit, as_integer, index);
-  if (number != refused_value) unit = unit_name(index);
-  return number;
+  return number_and_unit(scale_memory(value, attrs), unit);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

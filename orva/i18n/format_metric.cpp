@@ -55,19 +55,22 @@ struct metric_attributes : scaled_attributes {
 
 }  // namespace
 
-strings::ustring8 format_metric(const types::variant& value, std::string_view attrs,
-                                strings::ustring8& unit) {
-  unit.clear();
+std::optional<scaled_value> scale_metric(const types::variant& value, std::string_view attrs) {
   metric_attributes attributes;
   // Only a value without any attributes has decimals unasked.
   if (attrs.empty()) attributes.precision = "3";
-  if (!read_attributes(attrs, attributes)) return refused();
+  if (!read_attributes(attrs, attributes)) return std::nullopt;
   const auto as_integer = [](const types::variant& quantity) -> std::int64_t { return quantity.as_int64(); };
-  int index = 0;
-  strings::ustring8 number = scaled_text(value, attributes, tera, as_integer, index);
-  if (number == refused_value) return number;
-  unit = attributes.short_form ? prefix_of(index).short_form : prefix_of(index).long_form;
-  return number;
+  auto result = scale_by(value, attributes, tera, as_integer);
+  if (!result) return result;
+  const si_prefix& prefix = prefix_of(result->unit_index);
+  result->unit = attributes.short_form ? prefix.short_form : prefix.long_form;
+  return result;
+}
+
+strings::ustring8 format_metric(const types::variant& value, std::string_view attrs,
+                                strings::ustring8& unit) {
+  return number_and_unit(scale_metric(value, attrs), unit);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <optional>
 #include <unordered_set>
 
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/scaled_value.hpp"
 #include "orva/platform/debug_output.hpp"
 #include "orva/strings/unicode.hpp"
 
@@ -21,36 +23,72 @@ auto find_argument(const generic::varg_list& args, std::string_view name) {
                       [&](const generic::argument& argument) { return argument.name() == name; });
 }
 
+/// Room for a placeholder's text, so that most messages are allocated once.
+constexpr std::size_t likely_length = 16;
+
 bool is_placeholder(const message_item& item) { return item.type() != message_item::text; }
 
-using scaling_formatter = decltype(&_private::format_memory);
+/// A placeholder's data, cut at the first separator.
+struct placeholder {
+  std::string_view name;
+  std::string_view attributes;
 
-/// The unit alone; the number only if it is a refusal.
-ustring8 unit_of(scaling_formatter format, const types::variant& value, std::string_view attributes) {
-  ustring8 unit;
-  ustring8 number = format(value, attributes, unit);
-  return number == _private::refused_value ? number : unit;
+  explicit placeholder(std::string_view data) : name(data.substr(0, data.find(_private::field_separator))) {
+    if (name.size() < data.size()) attributes = data.substr(name.size() + 1);
+  }
+};
+
+ustring8 number_of(const std::optional<_private::scaled_value>& value) {
+  return value ? value->number() : _private::refused();
 }
 
-ustring8 number_of(scaling_formatter format, const types::variant& value, std::string_view attributes) {
-  ustring8 unit;
-  return format(value, attributes, unit);
+ustring8 unit_of(const std::optional<_private::scaled_value>& value) {
+  return value ? ustring8(value->unit) : _private::refused();
+}
+
+ustring8 format(message_item::type_t type, const types::variant& value, std::string_view attributes) {
+  switch (type) {
+    case message_item::string:
+      return value.as_string();
+    case message_item::integer:
+      return _private::format_int(value.as_int64(), attributes);
+    case message_item::real:
+      return _private::format_double(value.as_double(), attributes);
+    case message_item::memory:
+      return number_of(_private::scale_memory(value, attributes));
+    case message_item::memory_unit:
+      return unit_of(_private::scale_memory(value, attributes));
+    case message_item::metric:
+      return number_of(_private::scale_metric(value, attributes));
+    case message_item::metric_unit:
+      return unit_of(_private::scale_metric(value, attributes));
+    case message_item::duration:
+      return _private::format_duration(value.as_double(), attributes);
+    case message_item::text:
+    case message_item::number:
+    case message_item::time:
+    case message_item::date:
+      break;
+  }
+  return _private::refused();
+}
+
+/// The text of a placeholder, which is `invalid` if it cannot be shown.
+ustring8 render(const message_item& item, std::string_view data, const generic::varg_list& args) {
+  const placeholder parts(data);
+  const auto argument = find_argument(args, parts.name);
+  if (argument == args.end()) return ustring8(message_item::invalid);
+  ustring8 result = format(item.type(), argument->value(), parts.attributes);
+  return result == _private::refused_value ? ustring8(message_item::invalid) : result;
 }
 
 }  // namespace
 
-std::string_view message_item::argument_name() const {
-  return std::string_view(data_).substr(0, data_.find(_private::field_separator));
-}
-
-std::string_view message_item::attributes() const {
-  const std::size_t separator = data_.find(_private::field_separator);
-  return separator == data_.npos ? std::string_view() : std::string_view(data_).substr(separator + 1);
-}
+ustring8 message_item::name() const { return ustring8(placeholder(data_).name); }
 
 ustring8 message_item::as_string(const generic::varg_list& args) const {
   if (type_ == text) return data_;
-  ustring8 result = placeholder_text(args);
+  ustring8 result = render(*this, data_, args);
   if (result == invalid) {
     platform::debug_output("Failure -- " + data_);
     platform::debug_output("\n");
@@ -58,43 +96,9 @@ ustring8 message_item::as_string(const generic::varg_list& args) const {
   return result;
 }
 
-ustring8 message_item::placeholder_text(const generic::varg_list& args) const {
-  const auto argument = find_argument(args, argument_name());
-  if (argument == args.end()) return ustring8(invalid);
-  ustring8 result = format(argument->value());
-  return result == _private::refused_value ? ustring8(invalid) : result;
-}
-
-ustring8 message_item::format(const types::variant& value) const {
-  switch (type_) {
-    case string:
-      return value.as_string();
-    case integer:
-      return _private::format_int(value.as_int64(), attributes());
-    case real:
-      return _private::format_double(value.as_double(), attributes());
-    case memory:
-      return number_of(_private::format_memory, value, attributes());
-    case memory_unit:
-      return unit_of(_private::format_memory, value, attributes());
-    case metric:
-      return number_of(_private::format_metric, value, attributes());
-    case metric_unit:
-      return unit_of(_private::format_metric, value, attributes());
-    case duration:
-      return _private::format_duration(value.as_double(), attributes());
-    case text:
-    case number:
-    case time:
-    case date:
-      break;
-  }
-  return ustring8(invalid);
-}
-
 std::string message_t::as_string(const generic::varg_list& args) const {
   std::size_t length = 0;
-  for (const message_item& item : items_) length += item.data_.size();
+  for (const message_item& item : items_) length += std::max(item.data_.size(), likely_length);
   std::string result;
   result.reserve(length);
   for (const message_item& item : items_) {
@@ -140,7 +144,7 @@ generic::varg_list message_t::arguments() const {
 bool message_t::has_valid_args(const generic::varg_list& args) const {
   if (items_.empty() || args.size() < argument_count()) return false;
   return std::all_of(items_.begin(), items_.end(), [&](const message_item& item) {
-    return !is_placeholder(item) || find_argument(args, item.argument_name()) != args.end();
+    return !is_placeholder(item) || find_argument(args, placeholder(item.data_).name) != args.end();
   });
 }
 

@@ -72,7 +72,7 @@ class ORVA_API message_item {
   strings::ustring8 data() const { return data_; }
 
   /// `data` up to the first byte 0x01:  "n|precision|1"  =>  "n"
-  strings::ustring8 name() const { return strings::ustring8(argument_name()); }
+  strings::ustring8 name() const;
 
   /// The piece as it reads with these arguments, in UTF-8.
   ///
@@ -83,11 +83,6 @@ class ORVA_API message_item {
 
  private:
   friend class message_t;
-
-  std::string_view argument_name() const;
-  std::string_view attributes() const;
-  strings::ustring8 placeholder_text(const generic::varg_list& args) const;
-  strings::ustring8 format(const types::variant& value) const;
 
   strings::ustring8 data_;
   type_t type_ = text;

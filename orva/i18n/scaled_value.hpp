@@ -1,21 +1,41 @@
 /// Values scaled in steps of 1000: what memory sizes and metric quantities have in common. Internal.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <type_traits>
 
-#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/format_attributes.hpp"
-#include "orva/i18n/formatters.hpp"
+#include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
 namespace ORVA_2_18::i18n::_private {
 
-/// Units are known by their index: the power of 1000 that they stand for.
+/// A value in the unit that it is shown in. Number and unit are made into text separately, since a placeholder shows
+/// one of the two.
+struct scaled_value {
+  /// With decimals in this form, or without any.
+  std::optional<double_attributes> form;
+  double floating = 0;
+  std::uint64_t integer = 0;
+  /// The index of the unit: the power of 1000 that it stands for.
+  int unit_index = 0;
+  /// The unit's text, which lives as long as the library.
+  std::string_view unit;
+
+  strings::ustring8 number() const;
+};
+
+// Nothing: the attributes are refused.
+std::optional<scaled_value> scale_memory(const types::variant& value, std::string_view attrs);
+std::optional<scaled_value> scale_metric(const types::variant& value, std::string_view attrs);
+
+/// Both texts as the formatters return them.
+strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit);
+
+/// The attributes that both kinds have. Units are given by their index.
 struct scaled_attributes {
   int base_unit = 0;
   int target_unit = 0;
@@ -34,15 +54,12 @@ struct scaled_attributes {
     return unit.has_value();
   }
 
-  bool set_number_form(std::string_view key, std::string_view value) {
-    if (selects(key, "precision")) {
-      precision = value;
-      return true;
-    }
-    if (!selects(key, "fieldsize")) return false;
-    fieldsize = value;
-    return true;
-  }
+  bool set_number_form(std::string_view key, std::string_view value);
+
+  bool has_decimals() const { return to_number(precision) != 0; }
+
+  /// False: the texts of precision and field make no valid form.
+  bool read_number_form(double_attributes& form) const;
 };
 
 template <typename Number>
@@ -67,35 +84,22 @@ int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   return unit;
 }
 
-/// The attributes go to `format_double` as they came, with every ";" a separator, so that one inside a number splits
-/// it. The short keys keep the text within what a string holds without allocating.
-inline strings::ustring8 decimal_text(double value, const scaled_attributes& attributes) {
-  strings::ustring8 attrs("p;");
-  attrs.append(attributes.precision).append(";f;").append(attributes.fieldsize);
-  std::replace(attrs.begin(), attrs.end(), ';', field_separator);
-  return format_double(value, attrs);
-}
-
-/// There is no sign in this text: a negative integer shows as the unsigned number of the same bits.
-inline strings::ustring8 integer_text(std::uint64_t value) {
-  char buffer[generic::convert::number_buffer_size];
-  generic::convert::ulltoa(value, buffer, 10);
-  return strings::ustring8(buffer);
-}
-
-/// The number text of `value`, scaled; `unit` becomes the index of its unit. `as_integer` reads the value where no
-/// decimals are asked for, and its type decides how large and small values behave.
+/// Scales a value, all but the unit's text. `as_integer` reads it where no decimals are asked for, and the type of what
+/// it reads decides how large and small values behave.
 template <typename Read>
-strings::ustring8 scaled_text(const types::variant& value, const scaled_attributes& attributes, int last_unit,
-                              Read as_integer, int& unit) {
-  if (to_number(attributes.precision) != 0) {
-    double number = value.as_double();
-    unit = scale(number, attributes, last_unit);
-    return decimal_text(number, attributes);
+std::optional<scaled_value> scale_by(const types::variant& value, const scaled_attributes& attributes,
+                                     int last_unit, Read as_integer) {
+  scaled_value result;
+  if (attributes.has_decimals()) {
+    if (!attributes.read_number_form(result.form.emplace())) return std::nullopt;
+    result.floating = value.as_double();
+    result.unit_index = scale(result.floating, attributes, last_unit);
+    return result;
   }
-  auto number = as_integer(value);
-  unit = scale(number, attributes, last_unit);
-  return integer_text(static_cast<std::uint64_t>(number));
+  auto integer = as_integer(value);
+  result.unit_index = scale(integer, attributes, last_unit);
+  result.integer = static_cast<std::uint64_t>(integer);
+  return result;
 }
 
 }  // namespace ORVA_2_18::i18n::_private

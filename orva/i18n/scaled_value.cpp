@@ -1,0 +1,54 @@
+#include "orva/i18n/scaled_value.hpp"
+
+#include <algorithm>
+
+#include "orva/generic/convert/x_to_str.hpp"
+
+namespace ORVA_2_18::i18n::_private {
+
+namespace {
+
+bool has_semicolon(std::string_view text) { return text.find(';') != text.npos; }
+
+/// There is no sign in this text: a negative integer shows as the unsigned number of the same bits.
+strings::ustring8 integer_text(std::uint64_t value) {
+  char buffer[generic::convert::number_buffer_size];
+  generic::convert::ulltoa(value, buffer, 10);
+  return strings::ustring8(buffer);
+}
+
+}  // namespace
+
+strings::ustring8 scaled_value::number() const {
+  return form ? double_text(floating, *form) : integer_text(integer);
+}
+
+strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit) {
+  unit = value ? value->unit : std::string_view();
+  return value ? value->number() : refused();
+}
+
+bool scaled_attributes::set_number_form(std::string_view key, std::string_view value) {
+  if (selects(key, "precision")) {
+    precision = value;
+    return true;
+  }
+  if (!selects(key, "fieldsize")) return false;
+  fieldsize = value;
+  return true;
+}
+
+bool scaled_attributes::read_number_form(double_attributes& form) const {
+  if (!has_semicolon(precision) && !has_semicolon(fieldsize)) {
+    form = {to_number(precision), to_number(fieldsize)};
+    // An empty field at the end of an attribute string is none, and its key has no value then.
+    return form.is_valid() && !fieldsize.empty();
+  }
+  // The texts are those of an attribute string in which ";" separates, so that one inside a number splits it.
+  strings::ustring8 attrs("precision;");
+  attrs.append(precision).append(";fieldsize;").append(fieldsize);
+  std::replace(attrs.begin(), attrs.end(), ';', field_separator);
+  return read_attributes(attrs, form) && form.is_valid();
+}
+
+}  // namespace ORVA_2_18::i18n::_private
