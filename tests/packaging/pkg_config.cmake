@@ -12,4 +12,4 @@ separate_arguments(flags UNIX_COMMAND "${flags}")
 separate_arguments(build_flags UNIX_COMMAND "${CXX_FLAGS}")
 run(${CXX} -std=c++20 ${build_flags} ${HERE}/consumer/main.cpp ${flags} -Wl,-rpath,${PREFIX}/${LIBDIR}
   -o ${WORK_DIR}/pkg_config_consumer)
-expect_greeting(${WORK_DIR}/pkg_config_consumer)
+expect_message(${WORK_DIR}/pkg_config_consumer)

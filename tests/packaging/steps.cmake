@@ -6,10 +6,10 @@ function(run)
   endif()
 endfunction()
 
-# expect_greeting(<program> ...): the consumer must run and say what it says when everything works.
-function(expect_greeting)
-  execute_process(COMMAND ${ARGV} RESULT_VARIABLE result OUTPUT_VARIABLE output)
-  if(NOT result EQUAL 0 OR NOT output STREQUAL "orva caught\n")
+# expect_message(<program> ...): the consumer must run beside its catalog and tell its message.
+function(expect_message)
+  execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${HERE}/consumer RESULT_VARIABLE result OUTPUT_VARIABLE output)
+  if(NOT result EQUAL 0 OR NOT output STREQUAL "Frei: 53.7 GB\n")
     message(FATAL_ERROR "${ARGV} ended with ${result} and said: ${output}")
   endif()
 endfunction()

@@ -1,13 +1,10 @@
-// A program of somebody else: it sees the installed headers and the library, and nothing of the source tree.
-#include <cstdio>
+#include <iostream>
 #include <orva/orva.hpp>
 
 int main() {
-  const orva::strings::ustring8 text = orva::strings::ustring8("or") + "va";
-  try {
-    throw orva::exceptions::out_of_range("caught", 1, "consumer", "main");
-  } catch (const orva::exceptions::exception& failure) {
-    std::printf("%s %s\n", text.c_str(), failure.message());
-  }
-  return orva::debug::is_assert_hook_set() ? 1 : 0;
+  orva::i18n::message_catalogs catalogs;
+  const auto loaded = catalogs.load("messages", "de_DE");
+  if (loaded.type() != orva::i18n::message_catalogs::no_error) return std::cerr << loaded << '\n', 1;
+  const orva::generic::varg_list args(orva::generic::argument("n", 53'687'091'200));
+  std::cout << catalogs.message("app", "disk_free").as_utf8(args) << '\n';  // Frei: 53.7 GB
 }

@@ -1,0 +1,10 @@
+cmake_minimum_required(VERSION 3.22)
+# The program and the catalog that README shows are those that the other tests build and run.
+file(READ ${SOURCE_DIR}/README.md readme)
+foreach(file main.cpp messages/app.xmc)
+  file(READ ${HERE}/consumer/${file} text)
+  string(FIND "${readme}" "\n${text}```" at)
+  if(at EQUAL -1)
+    message(SEND_ERROR "README.md does not show ${file} as it is")
+  endif()
+endforeach()
