@@ -14,7 +14,7 @@ set(promised
   "debug::_private::_+ASSERT_+\\("
   "debug::_private::_+CONTEXT__ASSERT_+\\("
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
-  "i18n::_private::xmc_file_loader")
+  "i18n::_private::(xmc_file_loader|load_error)")
 list(JOIN promised "|" promised)
 
 foreach(line ${lines})
