@@ -1,0 +1,75 @@
+/// Text of any bytes as a variant: every accessor of each class of text, the integers against the slow reference.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <sstream>
+#include <string>
+
+#include "orva/types/variant.hpp"
+#include "tests/support/reference_conversion.hpp"
+
+namespace {
+
+using namespace ORVA_2_18;
+using orva_test::wide;
+using types::variant;
+
+void require(bool condition) {
+  if (!condition) std::abort();
+}
+
+void check_integers(const variant& value, wide number) {
+  require(value.as_int8() == orva_test::saturate(number, {8, true}));
+  require(value.as_short() == orva_test::saturate(number, {16, true}));
+  require(value.as_int32() == orva_test::saturate(number, {32, true}));
+  require(value.as_int64() == orva_test::saturate(number, {64, true}));
+  require(value.as_uint8() == orva_test::saturate(number, {8, false}));
+  require(value.as_uint16() == orva_test::saturate(number, {16, false}));
+  require(value.as_uint32() == orva_test::saturate(number, {32, false}));
+  require(value.as_uint64() == static_cast<unsigned long long>(orva_test::saturate(number, {64, false})));
+  require(value.as_bool() || number == 0);
+}
+
+/// The same units in another width: every byte becomes one unit.
+template <typename Unit>
+std::basic_string<Unit> widened(const std::string& text) {
+  std::basic_string<Unit> result;
+  for (const char byte : text) result += static_cast<Unit>(static_cast<unsigned char>(byte));
+  return result;
+}
+
+/// Exercises what has no reference here: the crossings and floating values.
+void read_everything(const variant& value) {
+  (void)value.as_utf8();
+  (void)value.as_utf16();
+  (void)value.as_utf32();
+  (void)value.as_wstring();
+  std::ostringstream stream;
+  stream << value;
+  const float narrow = value.as_float();
+  const variant number(value.as_double());
+  (void)number.as_int8();
+  (void)number.as_int64();
+  (void)number.as_uint32();
+  (void)number.as_uint64();
+  (void)variant(narrow).as_utf16();
+  (void)variant(value.as_long_double()).as_uint64();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(data, data + size);
+  const variant in_every_class[] = {variant(strings::ustring8(text)), variant(text),
+                                    variant(strings::ustring16(widened<strings::code_unit16>(text))),
+                                    variant(strings::wide_string(widened<strings::code_unit16>(text))),
+                                    variant(strings::ustring32(widened<strings::code_unit32>(text)))};
+  const wide number = orva_test::leading_number(text);
+  for (const variant& value : in_every_class) {
+    check_integers(value, number);
+    require(value.as_bool() == in_every_class[0].as_bool());
+    read_everything(value);
+  }
+  require(in_every_class[0].as_utf8() == text && in_every_class[1].as_string() == text);
+  return 0;
+}
