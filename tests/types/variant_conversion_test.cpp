@@ -272,7 +272,7 @@ TEST(variant_of_double, text_is_what_a_stream_writes_for_random_values) {
   const auto seed = std::random_device()();
   SCOPED_TRACE(seed);
   std::ostringstream stream;
-  for (const double stored : random_values(seed, 100'000)) {
+  for (const double stored : random_values(seed, 250'000)) {
     stream.str("");
     stream << stored;
     ASSERT_EQ(variant(stored).as_string(), stream.str());
