@@ -55,13 +55,9 @@ native_string path_to_enter(const walked_directory<Ustring>& directory, native_v
   return native == directory.path + platform::separator + native_string(name) ? native : native_string();
 }
 
-}  // namespace
-
-namespace _private {
-
 template <typename Ustring>
-std::vector<Ustring> list_directory(const path_argument& path) {
-  const auto native = platform::to_native(path.get());
+std::vector<Ustring> list(const Ustring& path) {
+  const auto native = platform::to_native(path_argument(path).get());
   const directory_listing listing(native, directory_listing::detail::names);
   std::vector<Ustring> paths;
   if (listing.size() == 0) return paths;
@@ -75,9 +71,9 @@ std::vector<Ustring> list_directory(const path_argument& path) {
 }
 
 template <typename Ustring>
-void get_directory_files(const path_argument& path, std::vector<Ustring>& files) {
+void append_files(const Ustring& path, std::vector<Ustring>& files) {
   std::vector<walked_directory<Ustring>> walk;
-  walk.emplace_back(platform::to_native(path.get()));
+  walk.emplace_back(platform::to_native(path_argument(path).get()));
   while (!walk.empty()) {
     auto& directory = walk.back();
     if (directory.next == directory.listing.size()) {
@@ -94,13 +90,22 @@ void get_directory_files(const path_argument& path, std::vector<Ustring>& files)
   }
 }
 
-template ORVA_API std::vector<strings::ustring8> list_directory<strings::ustring8>(const path_argument&);
-template ORVA_API std::vector<strings::ustring16> list_directory<strings::ustring16>(const path_argument&);
-template ORVA_API std::vector<strings::ustring32> list_directory<strings::ustring32>(const path_argument&);
-template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring8>&);
-template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring16>&);
-template ORVA_API void get_directory_files(const path_argument&, std::vector<strings::ustring32>&);
+}  // namespace
 
-}  // namespace _private
+std::vector<strings::ustring8> list_directory(const strings::ustring8& path) { return list(path); }
+std::vector<strings::ustring16> list_directory(const strings::ustring16& path) { return list(path); }
+std::vector<strings::ustring32> list_directory(const strings::ustring32& path) { return list(path); }
+
+void get_directory_files(const strings::ustring8& path, std::vector<strings::ustring8>& files) {
+  append_files(path, files);
+}
+
+void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files) {
+  append_files(path, files);
+}
+
+void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files) {
+  append_files(path, files);
+}
 
 }  // namespace ORVA_2_18::system

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "orva/export.hpp"
-#include "orva/strings/ustring_for.hpp"
+#include "orva/strings/ustring.hpp"
 #include "orva/system/path_argument.hpp"
 
 namespace ORVA_2_18::system {
@@ -59,16 +59,6 @@ ORVA_API bool create_directory(const path_argument& path);
 /// the superuser a file without the bit is readable, and still answers false here.
 ORVA_API bool have_read_access(const path_argument& path);
 
-namespace _private {
-
-template <typename Ustring>
-ORVA_API std::vector<Ustring> list_directory(const path_argument& path);
-
-template <typename Ustring>
-ORVA_API void get_directory_files(const path_argument& path, std::vector<Ustring>& files);
-
-}  // namespace _private
-
 /// The full paths of what stands directly in a directory, files and directories alike: the path given, a
 /// separator, the name. Sorted by the bytes of the name outside Windows; on Windows in the order of the system. Empty for a
 /// directory that is empty, missing or not readable, and for what is no directory. The empty path lists the root.
@@ -82,10 +72,9 @@ ORVA_API void get_directory_files(const path_argument& path, std::vector<Ustring
 /// An entry whose name is no UTF-8 is left out, as no path of the library could name it: whatever is returned as
 /// `ustring8` or `ustring16` can be opened. As `ustring32`, names are told with their true code points; those that
 /// `utf32_to_utf16` makes something else of (U+FFFF and above) do not open.
-template <strings::any_text Path>
-std::vector<strings::ustring_for<Path>> list_directory(const Path& path) {
-  return _private::list_directory<strings::ustring_for<Path>>(path);
-}
+ORVA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& path);
+ORVA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& path);
+ORVA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& path);
 
 /// Appends the full paths of all files below a directory to `files`, which is not cleared: regular files that
 /// `have_read_access` holds for, in the order of `list_directory`, with the files of a directory in the place of its
@@ -94,9 +83,8 @@ std::vector<strings::ustring_for<Path>> list_directory(const Path& path) {
 ///
 /// Symbolic links are followed, and there is no guard against a link that leads back up: the walk then goes round
 /// until the system refuses the path for its length or its number of links. The depth costs no stack.
-template <strings::any_text Path>
-void get_directory_files(const Path& path, std::vector<strings::ustring_for<Path>>& files) {
-  _private::get_directory_files<strings::ustring_for<Path>>(path, files);
-}
+ORVA_API void get_directory_files(const strings::ustring8& path, std::vector<strings::ustring8>& files);
+ORVA_API void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files);
+ORVA_API void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files);
 
 }  // namespace ORVA_2_18::system

@@ -9,6 +9,7 @@
 #include <random>
 #include <string>
 
+#include "orva/strings/ustring_for.hpp"
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
 #include "tests/support/temporary_directory.hpp"
