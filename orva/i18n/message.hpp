@@ -16,6 +16,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "orva/export.hpp"
@@ -60,8 +61,8 @@ class ORVA_API message_item {
   /// What a placeholder shows that cannot be rendered.
   static constexpr std::string_view invalid = "?invalid?";
 
-  message_item(const strings::ustring8& data) : data_(data) {}
-  message_item(const strings::ustring8& data, type_t type) : data_(data), type_(type) {}
+  message_item(strings::ustring8 data) noexcept : data_(std::move(data)) {}
+  message_item(strings::ustring8 data, type_t type) noexcept : data_(std::move(data)), type_(type) {}
 
   message_item& assign(const message_item& other) { return *this = other; }
 
@@ -97,10 +98,13 @@ class ORVA_API message_t {
 
   message_t() = default;
   message_t(const types::nil_t&) {}
-  message_t(const item_list& items) : items_(items) {}
-  message_t(const strings::ustring8& name, const item_list& items, const strings::ustring8& meta = {},
-            const strings::ustring8& original_locale = {})
-      : name_(name), items_(items), orginal_locale_(original_locale), meta_(meta) {}
+  message_t(item_list items) noexcept : items_(std::move(items)) {}
+  message_t(strings::ustring8 name, item_list items, strings::ustring8 meta = {},
+            strings::ustring8 original_locale = {}) noexcept
+      : name_(std::move(name)),
+        items_(std::move(items)),
+        orginal_locale_(std::move(original_locale)),
+        meta_(std::move(meta)) {}
 
   message_t& assign(const message_t& other) { return *this = other; }
   message_t& assign(const types::nil_t&) { return *this = message_t(); }

@@ -1,6 +1,10 @@
 // The `catalog` element, and what becomes of its messages.
+#include <algorithm>
 #include <cstddef>
+#include <iterator>
+#include <string_view>
 #include <utility>
+#include <vector>
 
 #include "orva/i18n/xmc_file_loader.hpp"
 #include "orva/i18n/xmc_tokens.hpp"
@@ -20,16 +24,34 @@ void skip_element(xmc::token_iterator& it, xmc::token_iterator end) {
   }
 }
 
+struct named_message {
+  std::string_view name;
+  message_t* message;
+};
+
+/// The messages in the order of their names, those of one name as they come. A map that is filled in order finds each
+/// place at once.
+std::vector<named_message> sorted_by_name(std::vector<message_t>& messages) {
+  std::vector<named_message> sorted;
+  sorted.reserve(messages.size());
+  for (message_t& message : messages) sorted.push_back({message.name(), &message});
+  std::stable_sort(sorted.begin(), sorted.end(), [](const named_message& left, const named_message& right) {
+    return left.name < right.name;
+  });
+  return sorted;
+}
+
 }  // namespace
 
 void xmc_file_loader::parse_catalog(token_iterator& it, token_iterator end) {
   ustring8 name;
   ustring8 language;
+  std::vector<message_t> messages;
   try {
     xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
-      if (attribute->value() == "name") {
+      if (xmc::is_named(attribute, "name")) {
         name = xmc::take_value(value);
-      } else if (attribute->value() == "lang") {
+      } else if (xmc::is_named(attribute, "lang")) {
         language = xmc::take_value(value);
       } else {
         return false;
@@ -37,20 +59,21 @@ void xmc_file_loader::parse_catalog(token_iterator& it, token_iterator end) {
       return true;
     });
     if (!is_lang_id_good(language) || !is_catalog_matched(name)) return skip_element(it, end);
-    parse_catalog_content(it, end, name, language);
+    parse_catalog_content(it, end, name, language, messages);
   } catch (load_error& error) {
+    // What stands in front of the failure counts as read.
+    if (!messages.empty()) keep(std::move(messages), name);
     error.append_error_stack(load_error::in_catalog, name);
     throw;
   }
+  keep(std::move(messages), name);
 }
 
 void xmc_file_loader::parse_catalog_content(token_iterator& it, token_iterator end, const ustring8& name,
-                                            const ustring8& language) {
-  message_map& messages = data_[name];
+                                            const ustring8& language, std::vector<message_t>& messages) {
   for (parse_ignorable(it, end); it != end && xmc::is_start_of(*it, "msg"); parse_ignorable(it, end)) {
-    message_t message = parse_message(it, end);
-    message._orginal_locale(language);
-    keep(messages, std::move(message));
+    messages.push_back(parse_message(it, end));
+    messages.back()._orginal_locale(language);
   }
   xmc::require_token(it, end);
   if (!xmc::is_end_of(it, end, "catalog")) throw load_error(catalog_end_missing, name);
@@ -58,18 +81,19 @@ void xmc_file_loader::parse_catalog_content(token_iterator& it, token_iterator e
 }
 
 void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
-  keep(data_[catalog], message_t(message));
+  keep({message}, catalog);
 }
 
-/// Within a load the first of two equals stays, unlike in a merge: the file that is named first is the one that
-/// others only add to.
-void xmc_file_loader::keep(message_map& messages, message_t&& message) const {
-  const auto place = messages.lower_bound(message.name());
-  if (place == messages.end() || place->first != message.name()) {
-    messages.emplace_hint(place, message.name(), std::move(message));
-    return;
+/// Of two equals the one read first stays, unlike in a merge: a file adds to those in front of it.
+void xmc_file_loader::keep(std::vector<message_t> messages, const ustring8& catalog) {
+  message_map& kept = data_[catalog];
+  auto hint = kept.begin();
+  for (const auto& [name, message] : sorted_by_name(messages)) {
+    const std::size_t size = kept.size();
+    const auto place = kept.try_emplace(hint, message->name(), std::move(*message));
+    if (kept.size() == size && outweighs(*message, place->second)) place->second = std::move(*message);
+    hint = std::next(place);
   }
-  if (outweighs(message, place->second)) place->second = std::move(message);
 }
 
 bool xmc_file_loader::outweighs(const message_t& one, const message_t& other) const {

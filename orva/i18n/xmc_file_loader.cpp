@@ -117,7 +117,7 @@ void xmc_file_loader::parse_xmc_header(token_iterator& it, token_iterator end) {
   if (!xmc::is_start_of(*it, "xmc")) throw load_error(not_xmc_file, it->value());
   bool versioned = false;
   xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
-    if (versioned || name->value() != "version") return false;
+    if (versioned || !xmc::is_named(name, "version")) return false;
     if (value->value() != "1.1" && value->value() != "1.0")
       throw load_error(unsupported_version, value->value());
     return versioned = true;
@@ -128,7 +128,7 @@ void xmc_file_loader::parse_xmc_header(token_iterator& it, token_iterator end) {
 void xmc_file_loader::parse_include(token_iterator& it, token_iterator end) {
   ustring8 file;
   xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
-    if (name->value() != "file") return false;
+    if (!xmc::is_named(name, "file")) return false;
     file = xmc::take_value(value);
     return true;
   });

@@ -108,12 +108,12 @@ class ORVA_API xmc_file_loader {
   void parse_text(const strings::ustring8& text);
   void parse_document(token_iterator it, token_iterator end);
   void parse_catalog_content(token_iterator& it, token_iterator end, const strings::ustring8& name,
-                             const strings::ustring8& language);
+                             const strings::ustring8& language, std::vector<message_t>& messages);
   std::vector<message_item> parse_message_content(token_iterator& it, token_iterator end,
                                                   const strings::ustring8& name);
   void parse_message_element(token_iterator& it, token_iterator end, message_body& body);
   void parse_included_file(const strings::ustring8& file);
-  void keep(message_map& messages, message_t&& message) const;
+  void keep(std::vector<message_t> messages, const strings::ustring8& catalog);
   bool outweighs(const message_t& one, const message_t& other) const;
   template <typename Data>
   types::uint32 merge(Data& data, catalog_map& target) const;

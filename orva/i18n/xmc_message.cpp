@@ -1,4 +1,5 @@
 // The `msg` element and what stands in it.
+#include <cstddef>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -14,6 +15,9 @@ using strings::ustring8;
 /// The pieces of a message as they come in: text is gathered until a placeholder or the end cuts it off.
 class xmc_file_loader::message_body {
  public:
+  /// Room for that many placeholders and the texts around them.
+  explicit message_body(std::size_t placeholders) { items_.reserve(2 * placeholders + 1); }
+
   void add_text(ustring8&& text) {
     if (text_.empty()) {
       text_ = std::move(text);
@@ -53,6 +57,17 @@ class xmc_file_loader::message_body {
 
 namespace {
 
+bool is_placeholder(const xmc::token& found) {
+  return xmc::is_start_of(found, "arg") || xmc::is_start_of(found, "argument");
+}
+
+/// In the message whose content begins at `it`.
+std::size_t count_placeholders(xmc::token_iterator it, xmc::token_iterator end) {
+  std::size_t count = 0;
+  for (; it != end && !xmc::is_end_of(it, end, "msg"); ++it) count += is_placeholder(*it) ? 1 : 0;
+  return count;
+}
+
 void parse_line_break(xmc::token_iterator& it, xmc::token_iterator end) {
   xmc::skip_comments(++it, end);
   if (!xmc::is_type(it, end, xmc::token::start_tag_end) || !xmc::is_end_of(++it, end, "br")) {
@@ -68,16 +83,17 @@ message_t xmc_file_loader::parse_message(token_iterator& it, token_iterator end)
   ustring8 meta;
   try {
     xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
-      if (attribute->value() == "name") {
+      if (xmc::is_named(attribute, "name")) {
         name = xmc::take_value(value);
-      } else if (attribute->value() == "meta") {
+      } else if (xmc::is_named(attribute, "meta")) {
         meta = xmc::take_value(value);
       } else {
         return false;
       }
       return true;
     });
-    return message_t(name, parse_message_content(it, end, name), meta);
+    std::vector<message_item> items = parse_message_content(it, end, name);
+    return message_t(std::move(name), std::move(items), std::move(meta));
   } catch (load_error& error) {
     error.append_error_stack(load_error::in_message, name);
     throw;
@@ -86,7 +102,7 @@ message_t xmc_file_loader::parse_message(token_iterator& it, token_iterator end)
 
 std::vector<message_item> xmc_file_loader::parse_message_content(token_iterator& it, token_iterator end,
                                                                  const ustring8& name) {
-  message_body body;
+  message_body body(count_placeholders(it, end));
   for (;;) {
     xmc::require_token(it, end);
     switch (it->type()) {
@@ -115,7 +131,7 @@ void xmc_file_loader::parse_message_element(token_iterator& it, token_iterator e
   if (xmc::is_start_of(*it, "br")) {
     parse_line_break(it, end);
     body.add_line_feed();
-  } else if (xmc::is_start_of(*it, "arg") || xmc::is_start_of(*it, "argument")) {
+  } else if (is_placeholder(*it)) {
     body.add_placeholder(parse_message_arg(it, end));
   } else {
     throw load_error(invalid_element, it->value());
@@ -128,9 +144,9 @@ message_item xmc_file_loader::parse_message_arg(token_iterator& it, token_iterat
   ustring8 attributes;
   auto type = message_item::string;
   xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
-    if (attribute->value() == "name") {
+    if (xmc::is_named(attribute, "name")) {
       name = xmc::take_value(value);
-    } else if (attribute->value() == "type") {
+    } else if (xmc::is_named(attribute, "type")) {
       type = parse_message_type(value->value());
     } else {
       attributes.append(1, field_separator).append(attribute->value());
@@ -140,7 +156,7 @@ message_item xmc_file_loader::parse_message_arg(token_iterator& it, token_iterat
   });
   if (!xmc::is_end_of(it, end, element)) throw load_error(arg_end_missing, name);
   ++it;
-  return message_item(name + attributes, type);
+  return message_item(std::move(name.append(attributes)), type);
 }
 
 message_item::type_t xmc_file_loader::parse_message_type(const ustring8& word) const {

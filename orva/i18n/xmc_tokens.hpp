@@ -1,6 +1,7 @@
 /// How the readers of XMC elements step through tokens. Internal.
 #pragma once
 
+#include <string_view>
 #include <utility>
 
 #include "orva/i18n/load_error.hpp"
@@ -17,13 +18,15 @@ inline bool is_type(token_iterator it, token_iterator end, token::token_type typ
   return it != end && it->type() == type;
 }
 
-inline bool is_start_of(const token& found, const char* element) {
+inline bool is_start_of(const token& found, std::string_view element) {
   return found.type() == token::element_start && found.value() == element;
 }
 
-inline bool is_end_of(token_iterator it, token_iterator end, const strings::ustring8& element) {
+inline bool is_end_of(token_iterator it, token_iterator end, std::string_view element) {
   return is_type(it, end, token::element_end) && it->value() == element;
 }
+
+inline bool is_named(token_iterator attribute, std::string_view name) { return attribute->value() == name; }
 
 /// REQUIRES: the value is not looked at again.
 inline strings::ustring8 take_value(token_iterator it) { return std::move(it->value()); }

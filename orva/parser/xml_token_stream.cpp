@@ -17,8 +17,19 @@ xml_token_stream::xml_token_stream() {
   parser_.on_comment = text_handler(this, &xml_token_stream::on_comment);
 }
 
-xml_token_stream::xml_token_stream(const xml_token_stream& other) = default;
-xml_token_stream& xml_token_stream::operator=(const xml_token_stream& other) = default;
+xml_token_stream::xml_token_stream(const xml_token_stream& other)
+    : start_tag_closed_(other.start_tag_closed_), tokens_(other.tokens_, &memory_), parser_(other.parser_) {}
+
+xml_token_stream& xml_token_stream::operator=(const xml_token_stream& other) {
+  if (this == &other) return *this;
+  start_tag_closed_ = other.start_tag_closed_;
+  tokens_.clear();
+  memory_.release();
+  tokens_ = other.tokens_;
+  parser_ = other.parser_;
+  return *this;
+}
+
 xml_token_stream::~xml_token_stream() = default;
 
 xml_parser::parse_error xml_token_stream::parse(const ustring8& text) {

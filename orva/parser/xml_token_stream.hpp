@@ -13,6 +13,8 @@
 #pragma once
 
 #include <list>
+#include <memory_resource>
+#include <utility>
 
 #include "orva/export.hpp"
 #include "orva/parser/xml_parser.hpp"
@@ -38,10 +40,12 @@ class ORVA_API xml_token_stream {
       character,          ///< a run of text, or a CDATA section
     };
 
-    explicit token(token_type type, const ustring8& value = {}) : type_(type), value_(value) {}
+    explicit token(token_type type, ustring8 value = {}) : type_(type), value_(std::move(value)) {}
 
     token_type type() const noexcept { return type_; }
     const ustring8& value() const noexcept { return value_; }
+    /// Open to a reader that takes the text over instead of copying it.
+    ustring8& value() noexcept { return value_; }
 
     bool operator==(const token& other) const { return type_ == other.type_ && value_ == other.value_; }
 
@@ -50,8 +54,9 @@ class ORVA_API xml_token_stream {
     ustring8 value_;
   };
 
-  using iterator = std::list<token>::iterator;
-  using const_iterator = std::list<token>::const_iterator;
+  using token_list = std::pmr::list<token>;
+  using iterator = token_list::iterator;
+  using const_iterator = token_list::const_iterator;
 
   xml_token_stream();
   /// Copies the tokens and the parser. The copied parser's delegates stay bound to `other`: a `parse` of the copy
@@ -83,7 +88,10 @@ class ORVA_API xml_token_stream {
   void close_start_tag();
 
   bool start_tag_closed_ = true;
-  std::list<token> tokens_;
+  // Tokens come by the hundred thousand and go all at once, so that each having memory of its own would be most of
+  // the work.
+  std::pmr::monotonic_buffer_resource memory_;
+  token_list tokens_{&memory_};
   xml_parser parser_;
 };
 
