@@ -1,14 +1,14 @@
 /// The two collections of names that an `xml_parser` keeps while it walks a document. Not for use on their own.
 ///
-/// Both keep the memory of names that were taken off for the names that follow, since a document opens and closes
-/// elements by the thousand. One object belongs to one thread.
+/// Both keep the memory of some names that were taken off for the names that follow, since a document opens and
+/// closes elements by the thousand. One object belongs to one thread.
 #pragma once
 
 #include <algorithm>
 #include <cstddef>
+#include <deque>
 #include <set>
 #include <string_view>
-#include <vector>
 
 #include "orva/strings/ustring.hpp"
 
@@ -32,8 +32,15 @@ class name_list {
   }
 
   /// Does nothing if the list is empty.
-  void pop_back() noexcept { size_ -= size_ == 0 ? 0 : 1; }
-  void clear() noexcept { size_ = 0; }
+  void pop_back() noexcept {
+    if (empty()) return;
+    --size_;
+    if (size_ >= kept) names_.pop_back();
+  }
+
+  void clear() noexcept {
+    while (!empty()) pop_back();
+  }
 
   bool contains(std::string_view name) const {
     const auto end = names_.begin() + static_cast<std::ptrdiff_t>(size_);
@@ -41,7 +48,11 @@ class name_list {
   }
 
  private:
-  std::vector<strings::ustring8> names_;
+  /// As many names keep their memory; a document that nests deeper than most gives the rest back.
+  static constexpr std::size_t kept = 64;
+
+  // The first `size_` are the list; behind them stands only memory.
+  std::deque<strings::ustring8> names_;
   std::size_t size_ = 0;
 };
 
