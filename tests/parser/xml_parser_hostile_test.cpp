@@ -241,7 +241,8 @@ TEST(xml_parser_hostile, long_runs_cost_no_more_than_their_length) {
       {"", "<![CDATA[]]>", "", error::no_error},  {"<a>", "<b/>", "</a>", error::no_error},
   };
   for (const auto& [opener, unit, closer, type] : rows) {
-    const std::string text = "<?xml?>" + std::string(opener) + repeated(unit, million) + std::string(closer);
+    const std::string text =
+        "<?xml?>" + std::string(opener) + repeated(unit, million / 4) + std::string(closer);
     EXPECT_EQ(xml_parser().parse(text).type, type) << opener << unit << closer;
   }
   EXPECT_EQ(xml_parser().parse("<?xml" + repeated("?", million)).type, error::no_root_element);
