@@ -77,14 +77,10 @@ bool are_basic(const code_unit32* from) {
   return surrogates == 0 && all < 0x10000;
 }
 
-/// Copies `Count` units into units of another width, and moves both places along.
+/// Copies `Count` units into units of another width.
 template <std::size_t Count, typename From, typename To>
-void copy_units(const From*& from, To*& to) {
-  const From* const source = from;
-  To* const target = to;
-  for (std::size_t i = 0; i < Count; ++i) target[i] = static_cast<To>(value_of(source[i]));
-  from += Count;
-  to += Count;
+void copy_units(const From* from, To* to) {
+  for (std::size_t i = 0; i < Count; ++i) to[i] = static_cast<To>(value_of(from[i]));
 }
 
 }  // namespace ORVA_2_18::strings::_private

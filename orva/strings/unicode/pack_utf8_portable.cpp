@@ -3,7 +3,7 @@
 namespace ORVA_2_18::strings::_private {
 
 // Without a shuffle of bytes nothing beats the plain loop.
-packed<code_unit16> pack_utf8(const code_unit16* from, const code_unit16*, char* to) { return {from, to}; }
-packed<code_unit32> pack_utf8(const code_unit32* from, const code_unit32*, char* to) { return {from, to}; }
+place<code_unit16, char> pack_utf8(place<code_unit16, char> at, const code_unit16*) { return at; }
+place<code_unit32, char> pack_utf8(place<code_unit32, char> at, const code_unit32*) { return at; }
 
 }  // namespace ORVA_2_18::strings::_private

@@ -117,13 +117,13 @@ bool none_set(__m128i mask) { return _mm_movemask_epi8(mask) == 0; }
 }
 
 template <typename Unit>
-[[gnu::target("ssse3")]] packed<Unit> pack(const Unit* from, const Unit* end, char* to) {
-  for (; end - from >= 8; from += 8) {
-    char* const behind = pack_eight(from, to);
-    if (behind == nullptr) break;
-    to = behind;
+[[gnu::target("ssse3")]] place<Unit, char> pack(place<Unit, char> at, const Unit* end) {
+  for (; end - at.from >= 8; at.from += 8) {
+    char* const packed = pack_eight(at.from, at.to);
+    if (packed == nullptr) break;
+    at.to = packed;
   }
-  return {from, to};
+  return at;
 }
 
 bool can_shuffle() {
@@ -133,12 +133,12 @@ bool can_shuffle() {
 
 }  // namespace
 
-packed<code_unit16> pack_utf8(const code_unit16* from, const code_unit16* end, char* to) {
-  return can_shuffle() ? pack(from, end, to) : packed<code_unit16>{from, to};
+place<code_unit16, char> pack_utf8(place<code_unit16, char> at, const code_unit16* end) {
+  return can_shuffle() ? pack(at, end) : at;
 }
 
-packed<code_unit32> pack_utf8(const code_unit32* from, const code_unit32* end, char* to) {
-  return can_shuffle() ? pack(from, end, to) : packed<code_unit32>{from, to};
+place<code_unit32, char> pack_utf8(place<code_unit32, char> at, const code_unit32* end) {
+  return can_shuffle() ? pack(at, end) : at;
 }
 
 }  // namespace ORVA_2_18::strings::_private

@@ -15,19 +15,18 @@ ustring32 utf16_to_utf32(const ustring16& text) {
     return utf16_to_utf32(same_text);
   }
   return _private::written<code_unit32>(text.size(), [&](std::span<code_unit32> output) {
-    const code_unit16* from = text.data();
-    const code_unit16* const end = from + text.size();
-    code_unit32* to = output.data();
-    while (from != end) {
-      _private::run_ahead(from, end, to);
-      for (const auto* const stop = _private::block_end(from, end); from < stop;) {
-        const auto found = _private::decode(from, static_cast<std::size_t>(end - from));
+    const code_unit16* const end = text.data() + text.size();
+    _private::place<code_unit16, code_unit32> at{text.data(), output.data()};
+    while (at.from != end) {
+      at = _private::run_ahead_in_pairs(_private::run_ahead(at, end), end);
+      for (const auto* const stop = _private::block_end(at.from, end); at.from < stop;) {
+        const auto found = _private::decode(at.from, static_cast<std::size_t>(end - at.from));
         if (found.units == 0) return _private::failed;
-        *to++ = static_cast<code_unit32>(found.code_point);
-        from += found.units;
+        *at.to++ = static_cast<code_unit32>(found.code_point);
+        at.from += found.units;
       }
     }
-    return static_cast<std::size_t>(to - output.data());
+    return static_cast<std::size_t>(at.to - output.data());
   });
 }
 

@@ -3,7 +3,7 @@
 
 #include "orva/debug/assert.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/strings/unicode/ahead.hpp"
+#include "orva/strings/unicode/ahead_into_utf8.hpp"
 #include "orva/strings/unicode/code_point.hpp"
 #include "orva/strings/unicode/written.hpp"
 
@@ -17,19 +17,18 @@ ustring8 utf16_to_utf8(const ustring16& text) {
     return utf16_to_utf8(same_text);
   }
   return _private::written<char>(_private::times(text.size(), 4), [&](std::span<char> output) {
-    const code_unit16* from = text.data();
-    const code_unit16* const end = from + text.size();
-    char* to = output.data();
-    while (from != end) {
-      _private::run_ahead(from, end, to);
-      for (const auto* const stop = _private::block_end(from, end); from < stop;) {
-        const auto found = _private::decode(from, static_cast<std::size_t>(end - from));
+    const code_unit16* const end = text.data() + text.size();
+    _private::place<code_unit16, char> at{text.data(), output.data()};
+    while (at.from != end) {
+      at = _private::run_ahead(at, end);
+      for (const auto* const stop = _private::block_end(at.from, end); at.from < stop;) {
+        const auto found = _private::decode(at.from, static_cast<std::size_t>(end - at.from));
         if (found.units == 0) return _private::failed;
-        to = _private::encode(found.code_point, to);
-        from += found.units;
+        at.to = _private::encode(found.code_point, at.to);
+        at.from += found.units;
       }
     }
-    const auto k = static_cast<std::size_t>(to - output.data());
+    const auto k = static_cast<std::size_t>(at.to - output.data());
     ORVA_ASSERT(k <= output.size());
     return k;
   });
