@@ -1,20 +1,41 @@
 #include "orva/strings/case_mapping.hpp"
 
 #include <algorithm>
+#include <type_traits>
 
 #include "orva/strings/character_class.hpp"
 
 namespace ORVA_2_18::strings::_private {
 
+namespace {
+
+/// To the runtime's functions, which take an `int`, a `char` of 0xFF is the end of a file and no character.
+template <code_unit Unit>
+bool has_case(Unit unit) {
+  return !(std::is_same_v<Unit, char> && static_cast<char>(unit) == '\xFF');
+}
+
+template <code_unit Unit>
+Unit lower_unit(Unit unit) {
+  return has_case(unit) ? character_class::tolower(unit) : unit;
+}
+
+template <code_unit Unit>
+Unit upper_unit(Unit unit) {
+  return has_case(unit) ? character_class::toupper(unit) : unit;
+}
+
+}  // namespace
+
 template <code_unit Unit>
 void lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last) {
   last = std::min(last, text.size());
-  for (std::size_t i = first; i < last; ++i) text[i] = character_class::tolower(text[i]);
+  if (first < last) std::transform(&text[first], &text[0] + last, &text[first], lower_unit<Unit>);
 }
 
 template <code_unit Unit>
 void upper(basic_ustring<Unit>& text) {
-  for (Unit& unit : text) unit = character_class::toupper(unit);
+  std::transform(text.begin(), text.end(), text.begin(), upper_unit<Unit>);
 }
 
 template void lower(ustring8&, std::size_t, std::size_t);

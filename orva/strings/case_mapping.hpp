@@ -2,7 +2,8 @@
 ///
 /// This is no Unicode case mapping: each unit is taken on its own, so in a `ustring8` no multi-byte sequence is
 /// decoded, and in the C locale only the ASCII letters change. A single-byte locale has its letters from 128 to
-/// 255 mapped, in every width; units above 255 never change, and the ASCII letters are the same in every locale.
+/// 255 mapped, in every width; units above 255 never change, and the ASCII letters are the same in every locale. In a
+/// `ustring8` the byte 0xFF stays: as a `char` it is the C runtime's end of file.
 /// Any thread may call these as long as none changes the locale.
 ///
 ///     to_lower("Straße A1")   =>  "straße a1"
