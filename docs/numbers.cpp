@@ -1,0 +1,36 @@
+#include <iostream>
+#include <string_view>
+
+#include "orva/orva.hpp"
+
+namespace convert = orva::generic::convert;
+using radix = orva::types::radix_t;
+
+int read(std::string_view text, radix::base base) {
+  return convert::str_to_int(text.data(), text.size(), base, false);
+}
+
+int main() {
+  // A field is read where it stands: no copy, no terminator.
+  const std::string_view line = "port=8080;mask=0x1F";
+  std::cout << read(line.substr(5, 4), radix::decimal) << ' ' << read(line.substr(15), radix::prefix) << '\n';
+
+  // What follows the number is ignored, and no number is 0.
+  std::cout << read("12 apples", radix::decimal) << ' ' << read("apples", radix::decimal) << '\n';
+
+  // Out of range: the nearest limit, or an exception for those who want to hear of it.
+  std::cout << read("99999999999", radix::decimal) << '\n';
+  try {
+    convert::str_to_int8("-129", 0, radix::decimal, true);
+  } catch (const orva::exceptions::underflow_error& error) {
+    std::cout << error.message() << '\n';
+  }
+
+  // Any radix, by a cast; and back.
+  char text[convert::number_buffer_size];
+  convert::lltoa(read("zZ", static_cast<radix::base>(36)), text, 2);
+  std::cout << text << '\n';
+
+  // Floating text follows the locale, the global one if none is given.
+  std::cout << convert::str_to_double("  2.5e-1 litres") << ' ' << convert::str_to_double("12e") << '\n';
+}

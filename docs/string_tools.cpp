@@ -1,0 +1,27 @@
+#include <iostream>
+
+#include "orva/orva.hpp"
+
+namespace strings = orva::strings;
+
+int main() {
+  // Empty pieces count, but not behind the last delimiter.
+  for (const auto& piece : strings::split_string(",usr,,local,", ",", 0)) std::cout << '[' << piece << ']';
+  std::cout << '\n';
+
+  // At most one cut: a name and everything else.
+  for (const auto& piece : strings::split_string("key=a=b", "=", 1)) std::cout << '[' << piece << ']';
+  std::cout << '\n';
+
+  // In place; what was put in is not searched again.
+  strings::ustring8 path = "a/b/c";
+  const auto count = strings::replace_all(path, "/", "//");
+  std::cout << path << ' ' << count << '\n';
+
+  // Unit by unit, as the C locale says: ASCII letters change, and nothing else.
+  std::cout << strings::to_upper("grün") << ' ' << strings::lower_case("HEADER", 1, strings::end_of_text)
+            << '\n';
+
+  // The first sequence of a buffer.
+  std::cout << strings::gh2::get_utf8_length("ü", 2) << ' ' << strings::gh2::validate_utf8("\xC3", 1) << '\n';
+}
