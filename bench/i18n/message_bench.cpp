@@ -1,17 +1,9 @@
-// Rendering of messages, beside what a program would do with the C library: a format string from a translation
-// catalog of gettext, and snprintf. The catalog is compiled by msgfmt into a temporary directory when the program
-// starts.
+// Rendering of messages beside snprintf with a format string. The look-up of messages stands beside gettext in
+// catalog_bench.
 #include <benchmark/benchmark.h>
-#include <libintl.h>
-#include <stdlib.h>
 
-#include <clocale>
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
 #include <string>
-#include <vector>
 
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/message.hpp"
@@ -33,14 +25,9 @@ const message_t& files_in_folder() {
 }
 
 const message_t& disk_free() {
-  static const message_t message("disk_free", {message_item("Frei: "),
-                                               message_item("n\x01precision\x01"
-                                                            "1",
-                                                            message_item::memory),
-                                               message_item(" "),
-                                               message_item("n\x01precision\x01"
-                                                            "1",
-                                                            message_item::memory_unit)});
+  static const message_t message(
+      "disk_free", {message_item("Frei: "), message_item("n\001precision\0011", message_item::memory),
+                    message_item(" "), message_item("n\001precision\0011", message_item::memory_unit)});
   return message;
 }
 
@@ -105,10 +92,7 @@ void formatter_int(benchmark::State& state) {
 BENCHMARK(formatter_int);
 
 void formatter_double(benchmark::State& state) {
-  for (auto _ : state)
-    benchmark::DoNotOptimize(i18n::_private::format_double(1234.567,
-                                                           "precision\x01"
-                                                           "3"));
+  for (auto _ : state) benchmark::DoNotOptimize(i18n::_private::format_double(1234.567, "precision\0013"));
 }
 BENCHMARK(formatter_double);
 

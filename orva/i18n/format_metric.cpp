@@ -58,7 +58,7 @@ struct metric_attributes : scaled_attributes {
 std::optional<scaled_value> scale_metric(const types::variant& value, std::string_view attrs) {
   metric_attributes attributes;
   // Only a value without any attributes has decimals unasked.
-  if (attrs.empty()) attributes.precision = "3";
+  if (attrs.empty()) attributes.precision = {"3", 3};
   if (!read_attributes(attrs, attributes)) return std::nullopt;
   const auto as_integer = [](const types::variant& quantity) -> std::int64_t { return quantity.as_int64(); };
   auto result = scale_by(value, attributes, tera, as_integer);

@@ -6,9 +6,9 @@
 /// message that nobody changes may be rendered by several threads at once.
 ///
 ///     const message_t message("disk_free", {message_item("Free: "),
-///                                           message_item("n\x01precision\x01" "1", message_item::memory),
+///                                           message_item("n\001precision\0011", message_item::memory),
 ///                                           message_item(" "),
-///                                           message_item("n\x01precision\x01" "1", message_item::memory_unit)});
+///                                           message_item("n\001precision\0011", message_item::memory_unit)});
 ///     message.as_utf8(generic::argument("n", 1500))  =>  "Free: 1.5 KB"
 ///     message.as_utf8()                              =>  "Free: ?invalid? ?invalid?"
 #pragma once

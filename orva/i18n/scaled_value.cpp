@@ -39,14 +39,14 @@ bool scaled_attributes::set_number_form(std::string_view key, std::string_view v
 }
 
 bool scaled_attributes::read_number_form(double_attributes& form) const {
-  if (!has_semicolon(precision) && !has_semicolon(fieldsize)) {
-    form = {to_number(precision), to_number(fieldsize)};
+  if (!has_semicolon(precision.text) && !has_semicolon(fieldsize.text)) {
+    form = {precision.value, fieldsize.value};
     // An empty field at the end of an attribute string is none, and its key has no value then.
-    return form.is_valid() && !fieldsize.empty();
+    return form.is_valid() && !fieldsize.text.empty();
   }
   // The texts are those of an attribute string in which ";" separates, so that one inside a number splits it.
   strings::ustring8 attrs("precision;");
-  attrs.append(precision).append(";fieldsize;").append(fieldsize);
+  attrs.append(precision.text).append(";fieldsize;").append(fieldsize.text);
   std::replace(attrs.begin(), attrs.end(), ';', field_separator);
   return read_attributes(attrs, form) && form.is_valid();
 }

@@ -35,13 +35,22 @@ std::optional<scaled_value> scale_metric(const types::variant& value, std::strin
 /// Both texts as the formatters return them.
 strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit);
 
+/// A number as an attribute gives it. The text is what `format_double` is told.
+struct number_attribute {
+  std::string_view text;
+  int value = 0;
+
+  number_attribute(std::string_view digits) : text(digits), value(to_number(digits)) {}
+  constexpr number_attribute(std::string_view digits, int number) : text(digits), value(number) {}
+};
+
 /// The attributes that both kinds have. Units are given by their index.
 struct scaled_attributes {
   int base_unit = 0;
   int target_unit = 0;
   bool has_target = false;
-  std::string_view precision;
-  std::string_view fieldsize = "0";
+  number_attribute precision{"", 0};
+  number_attribute fieldsize{"0", 0};
 
   bool set_base_unit(std::optional<int> unit) {
     base_unit = unit.value_or(0);
@@ -56,7 +65,7 @@ struct scaled_attributes {
 
   bool set_number_form(std::string_view key, std::string_view value);
 
-  bool has_decimals() const { return to_number(precision) != 0; }
+  bool has_decimals() const { return precision.value != 0; }
 
   /// False: the texts of precision and field make no valid form.
   bool read_number_form(double_attributes& form) const;

@@ -80,9 +80,7 @@ TEST(message_item, name_ends_at_the_first_separator) {
   EXPECT_EQ(placeholder("n|", message_item::metric).name(), "n");
   EXPECT_EQ(placeholder("|precision|1", message_item::metric).name(), "");
   EXPECT_EQ(placeholder("", message_item::metric).name(), "");
-  EXPECT_EQ(placeholder("n|precision|1", message_item::metric).data(),
-            "n\x01precision\x01"
-            "1");
+  EXPECT_EQ(placeholder("n|precision|1", message_item::metric).data(), "n\001precision\0011");
 }
 
 TEST(message_item, assignment_copies_data_and_type) {
@@ -163,9 +161,7 @@ TEST(message_item, argument_that_says_invalid_is_reported) {
 }
 
 TEST(message_item, text_is_never_tested_for_failure) {
-  for (const char* text : {"-0", "?invalid?", "",
-                           "a\x01"
-                           "b"}) {
+  for (const char* text : {"-0", "?invalid?", "", "a\001b"}) {
     const message_item item(text);
     EXPECT_EQ(debug_output_of([&] { EXPECT_EQ(item.as_string(varg_list()), text); }), "");
   }
@@ -195,10 +191,7 @@ TEST(message, documentation_example) {
   EXPECT_EQ(disk_free().as_utf8(argument("n", 1500)), "Free: 1.5 KB");
   const std::string output =
       debug_output_of([] { EXPECT_EQ(disk_free().as_utf8(), "Free: ?invalid? ?invalid?"); });
-  EXPECT_EQ(output,
-            "Failure -- n\x01precision\x01"
-            "1\nFailure -- n\x01precision\x01"
-            "1\n");
+  EXPECT_EQ(output, "Failure -- n\001precision\0011\nFailure -- n\001precision\0011\n");
 }
 
 TEST(message, text_alone_needs_no_arguments) {
@@ -328,9 +321,7 @@ TEST(message, arguments_are_named_by_the_whole_placeholder) {
                                 placeholder("k", message_item::integer)});
   const varg_list arguments = message.arguments();
   ASSERT_EQ(arguments.size(), 2u);
-  EXPECT_EQ(arguments.at(0u).name(),
-            "n\x01precision\x01"
-            "1");
+  EXPECT_EQ(arguments.at(0u).name(), "n\001precision\0011");
   EXPECT_TRUE(arguments.at(0u).value() == nil);
   EXPECT_EQ(arguments.at(1u).name(), "k");
 }
