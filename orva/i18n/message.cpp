@@ -79,7 +79,8 @@ ustring8 render(const message_item& item, std::string_view data, const generic::
   const auto argument = find_argument(args, parts.name);
   if (argument == args.end()) return ustring8(message_item::invalid);
   ustring8 result = format(item.type(), argument->value(), parts.attributes);
-  return result == _private::refused_value ? ustring8(message_item::invalid) : result;
+  if (result == _private::refused_value) return ustring8(message_item::invalid);
+  return result;
 }
 
 }  // namespace
