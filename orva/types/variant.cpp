@@ -18,6 +18,15 @@ variant_type* make_text(const Unit* text) {
   return make(text != nullptr ? strings::basic_ustring<Unit>(text) : strings::basic_ustring<Unit>());
 }
 
+/// All payloads are made in this file: the address of the type tells it, without a look at its name.
+bool holds_nil(const variant_type& payload) noexcept { return &payload.type() == &typeid(nil_t); }
+
+/// The payload of nil would answer "0", as its numbers do; as text there is nothing to show.
+template <typename Text>
+Text text_of(const variant_type& payload, Text (variant_type::*read)() const) {
+  return holds_nil(payload) ? Text() : (payload.*read)();
+}
+
 }  // namespace
 
 variant::variant() : variant(make(nil)) {}
@@ -55,21 +64,13 @@ const variant_type& variant::moved_from() noexcept {
 
 std::ostream& operator<<(std::ostream& stream, const variant& value) { return value.ostream(stream); }
 
-// The payload of nil would answer "0", as its numbers do; as text there is nothing to show.
+bool variant::equal(const nil_t&) const noexcept { return holds_nil(payload()); }
 
-strings::ustring8 variant::as_string() const { return equal(nil) ? std::string() : payload().as_string(); }
-strings::wide_string variant::as_wstring() const {
-  return equal(nil) ? strings::wide_string() : payload().as_wstring();
-}
-strings::wide_string variant::as_ustring() const {
-  return equal(nil) ? strings::wide_string() : payload().as_ustring();
-}
-strings::ustring8 variant::as_utf8() const { return equal(nil) ? strings::ustring8() : payload().as_utf8(); }
-strings::ustring16 variant::as_utf16() const {
-  return equal(nil) ? strings::ustring16() : payload().as_utf16();
-}
-strings::ustring32 variant::as_utf32() const {
-  return equal(nil) ? strings::ustring32() : payload().as_utf32();
-}
+strings::ustring8 variant::as_string() const { return text_of(payload(), &variant_type::as_string); }
+strings::wide_string variant::as_wstring() const { return text_of(payload(), &variant_type::as_wstring); }
+strings::wide_string variant::as_ustring() const { return text_of(payload(), &variant_type::as_ustring); }
+strings::ustring8 variant::as_utf8() const { return text_of(payload(), &variant_type::as_utf8); }
+strings::ustring16 variant::as_utf16() const { return text_of(payload(), &variant_type::as_utf16); }
+strings::ustring32 variant::as_utf32() const { return text_of(payload(), &variant_type::as_utf32); }
 
 }  // namespace ORVA_2_18::types

@@ -97,7 +97,7 @@ class ORVA_API variant {
   variant& operator=(const nil_t& nothing);
 
   /// Whether it holds nil.
-  bool equal(const nil_t&) const noexcept { return type() == typeid(nil_t); }
+  bool equal(const nil_t& nothing) const noexcept;
   bool operator==(const nil_t& nothing) const noexcept { return equal(nothing); }
 
   /// The stored type: `nil_t`, `bool`, a number's own, or one of the five string classes.
