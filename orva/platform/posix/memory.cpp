@@ -15,7 +15,7 @@ void expect_filling(char* begin, std::size_t size) noexcept {
   const auto first = (address + large_page - 1) / large_page * large_page;
   const auto last = (address + size) / large_page * large_page;
   // A refusal changes nothing but the speed.
-  if (first < last) ::madvise(reinterpret_cast<void*>(first), last - first, MADV_HUGEPAGE);
+  if (first < last) ::madvise(begin + (first - address), last - first, MADV_HUGEPAGE);
 }
 
 #else
