@@ -86,7 +86,7 @@ Ustring sum(Left&& left, const Right& right) {
   Ustring result;
   if constexpr (std::same_as<Left, Ustring>) {
     // The left side is a temporary: a sum of many pieces grows one string instead of copying it at every step.
-    result = std::move(left);
+    result = std::forward<Left>(left);
   } else {
     const auto begin = view_of<Ustring>(left);
     result.reserve(begin.size() + view_of<Ustring>(right).size());
