@@ -1,7 +1,7 @@
 /// Texts of many scripts in UTF-8, for benchmarks of text operations.
 ///
-/// With ORVA_BENCH_TEXTS set to a folder, each file "<Script>-Lipsum.utf8.txt" there is one; without it they are made
-/// of random words in each script's letters. ASCII is always made.
+/// With ORVA_BENCH_TEXTS set to a folder, each file "<Script>-Lipsum.utf8.txt" there is one; without it they
+/// are made of random words in each script's letters. ASCII is always made.
 #pragma once
 
 #include <cstddef>

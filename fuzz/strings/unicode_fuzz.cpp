@@ -1,4 +1,5 @@
-/// The transforms, character reading and the wide crossing on any text, against the slow second implementation.
+/// The transforms, character reading and the wide crossing on any text, against the slow second
+/// implementation.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -19,8 +19,8 @@ types::uint32 length_before_terminator(const Unit* text) {
   return told_in_32_bits(std::char_traits<Unit>::length(text));
 }
 
-/// The walk of both widths: `decode_at(index)` tells how many units the character at an index of the text takes, 0
-/// for none.
+/// The walk of both widths: `units_at(index)` tells how many units the character at an index of the text
+/// takes, 0 for none.
 template <typename Text, typename UnitsAt>
 types::uint32 walk(const Text& text, types::uint32 count, UnitsAt units_at) {
   if (count >= text.size()) return no_character;
@@ -63,8 +63,8 @@ types::uint32 character_index(const ustring8& text, types::uint32 character) {
 }
 
 types::uint32 character_index(const ustring16& text, types::uint32 character) {
-  // The first unit of the text and not the unit reached: callers count on stray low surrogates inside a text being
-  // characters of their own.
+  // The first unit of the text and not the unit reached: callers count on stray low surrogates inside a text
+  // being characters of their own.
   const bool begins_with_low_surrogate = !text.empty() && _private::is_low_surrogate(text.front());
   return walk(text, character, [&](std::size_t index) -> std::size_t {
     if (_private::is_high_surrogate(text[index])) {

@@ -1,9 +1,10 @@
 /// `text_argument`: the parameter of an operation that takes text of any width and works in UTF-8.
 ///
-/// It is made implicitly from whatever the caller has. A `ustring8` is borrowed, not copied, and must live as long as the
-/// argument does, which the end of the call's full expression grants; everything else is converted into a string that the
-/// argument owns. Bytes are taken as UTF-8; the other widths go through the transforms of `strings/unicode.hpp`,
-/// so that bad text arrives as "-1". UTF-16 may begin with 0xFFFE, which is then a character.
+/// It is made implicitly from whatever the caller has. A `ustring8` is borrowed, not copied, and must live as
+/// long as the argument does, which the end of the call's full expression grants; everything else is
+/// converted into a string that the argument owns. Bytes are taken as UTF-8; the other widths go through the
+/// transforms of `strings/unicode.hpp`, so that bad text arrives as "-1". UTF-16 may begin with 0xFFFE, which
+/// is then a character.
 ///
 ///     void set_title(const text_argument& title) { title_ = title.get(); }
 ///     set_title("plain");  set_title(u"wide");  set_title(some_ustring8);

@@ -1,9 +1,9 @@
 /// The six transforms between UTF-8, UTF-16 and UTF-32, byte order marks and byte order.
 ///
-/// These are the only way from one of the three string classes to another. A transform never throws for bad text: it
-/// answers with a text, and which one is told beside each. Exhausted memory and over-long strings surface as the standard
-/// string's own failures. Arguments are only read, results belong to the caller, and nothing is shared between
-/// calls, so threads need no care.
+/// These are the only way from one of the three string classes to another. A transform never throws for bad
+/// text: it answers with a text, and which one is told beside each. Exhausted memory and over-long strings
+/// surface as the standard string's own failures. Arguments are only read, results belong to the caller, and
+/// nothing is shared between calls, so threads need no care.
 ///
 ///                    bad text                                          gives
 ///     utf8_to_utf16  an invalid byte, a cut sequence                   the text "-1" instead of the whole
@@ -34,8 +34,8 @@ namespace ORVA_2_18::strings {
 /// Inverse: `utf16_to_utf8`.
 ORVA_API ustring16 utf8_to_utf16(const ustring8& text);
 
-/// Reads UTF-8 as `utf8_to_utf16` does, but never gives up: a byte that begins no whole sequence becomes '?', and reading goes on
-/// behind that one byte.
+/// Reads UTF-8 as `utf8_to_utf16` does, but never gives up: a byte that begins no whole sequence becomes '?',
+/// and reading goes on behind that one byte.
 ///
 ///     "\xE2z"             =>  U"?z"
 ///     "\xF4\x90\x80\x80"  =>  0x110000
@@ -45,8 +45,9 @@ ORVA_API ustring32 utf8_to_utf32(const ustring8& text);
 
 /// A leading mark, 0xFEFF, is kept as a character.
 ///
-/// REQUIRES: the first unit is not 0xFFFE, the mark of the other byte order. Such a text makes the function call itself with the
-/// same text until the stack is exhausted. Call `check_BOM_and_modify_swap` first where it may occur.
+/// REQUIRES: the first unit is not 0xFFFE, the mark of the other byte order. Such a text makes the function
+/// call itself with the same text until the stack is exhausted. Call `check_BOM_and_modify_swap` first where
+/// it may occur.
 ///
 /// Inverse: `utf8_to_utf16`.
 ORVA_API ustring8 utf16_to_utf8(const ustring16& text);
@@ -63,8 +64,8 @@ ORVA_API ustring32 utf16_to_utf32(const ustring16& text);
 ///     0x110000  =>  ""
 ORVA_API ustring8 utf32_to_utf8(const ustring32& text);
 
-/// Not the inverse of `utf16_to_utf32` from U+FFFF on: the pair is made of the code point as it is, without the
-/// subtraction of 0x10000 that UTF-16 asks for, and U+FFFF becomes a pair too.
+/// Not the inverse of `utf16_to_utf32` from U+FFFF on: the pair is made of the code point as it is, without
+/// the subtraction of 0x10000 that UTF-16 asks for, and U+FFFF becomes a pair too.
 ///
 ///     0xFFFE    =>  0xFFFE
 ///     0xFFFF    =>  0xD83F 0xDFFF
@@ -95,8 +96,8 @@ ORVA_API void modify_swap_string_bytes_order(ustring16& text);
 /// `modify_swap_string_bytes_order` to swap.
 ORVA_API ustring16 swap_string_bytes_order(const ustring16& text);
 
-/// Swaps a text that begins with 0xFFFE in place, the mark included, so that it begins with 0xFEFF; leaves any other
-/// alone.
+/// Swaps a text that begins with 0xFFFE in place, the mark included, so that it begins with 0xFEFF; leaves
+/// any other alone.
 ORVA_API void check_BOM_and_modify_swap(ustring16& text);
 ORVA_API void check_BOM_and_modify_swap(wide_string& text);
 

@@ -106,6 +106,17 @@ TEST(character_index, walks_behind_the_text_in_steps_of_one) {
   EXPECT_EQ(character_index(pairs, 6), none);
 }
 
+TEST(character_index, far_behind_the_text_nothing_is_read) {
+  ustring8 text;
+  ustring16 pairs;
+  for (int i = 0; i < 1000; ++i) {
+    text += "\xE2\x82\xAC";
+    pairs += units16({0xD83D, 0xDE00});
+  }
+  EXPECT_EQ(character_index(text, 2999), 4999u);
+  EXPECT_EQ(character_index(pairs, 1999), 2999u);
+}
+
 TEST(character_index, utf16_pair_counts_as_one) {
   const ustring16 text = units16({'a', 0xD83D, 0xDE00, 'z'});
   EXPECT_EQ(character_index(text, 1), 1u);

@@ -1,5 +1,6 @@
-/// The fast ways of the transforms alone, at every alignment of the text in memory: what they convert is what the slow second
-/// implementation makes of it, they stop between two characters, and they write nothing behind the room they are given.
+/// The fast ways of the transforms alone, at every alignment of the text in memory: what they convert is what
+/// the slow second implementation makes of it, they stop between two characters, and they write nothing
+/// behind the room they are given.
 #include <gtest/gtest.h>
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-/// The transforms against a slow second implementation: all code points, all short sequences by class, texts in which one odd thing stands
-/// at every offset, and random ones.
+/// The transforms against a slow second implementation: all code points, all short sequences by class, texts
+/// in which one odd thing stands at every offset, and random ones.
 #include <gtest/gtest.h>
 
 #include <algorithm>

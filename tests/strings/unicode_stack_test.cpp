@@ -1,4 +1,5 @@
-/// Transforms of UTF-16 text in the other byte order, which end with the stack: a child process with a small one.
+/// Transforms of UTF-16 text in the other byte order, which end with the stack: a child process with a small
+/// one.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>

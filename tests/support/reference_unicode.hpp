@@ -1,5 +1,6 @@
-/// The six transforms written a second time: slowly, by arithmetic on whole numbers instead of bits, without a table and without a
-/// fast way. What RFC 3629 and RFC 2781 say, with the library's own rules for bad text on top.
+/// The six transforms written a second time: slowly, by arithmetic on whole numbers instead of bits, without
+/// a table and without a fast way. What RFC 3629 and RFC 2781 say, with the library's own rules for bad text
+/// on top.
 #pragma once
 
 #include <cstddef>
@@ -101,7 +102,8 @@ inline void append_utf8(ustring8& to, long value) {
 inline bool is_high(long unit) { return unit >= 0xD800 && unit <= 0xDBFF; }
 inline bool is_low(long unit) { return unit >= 0xDC00 && unit <= 0xDFFF; }
 
-/// Calls `take` with each code point; false at the first unpaired surrogate. The text does not begin with 0xFFFE.
+/// Calls `take` with each code point; false at the first unpaired surrogate. The text does not begin with
+/// 0xFFFE.
 template <typename Take>
 bool each_utf16_character(const ustring16& text, Take take) {
   for (std::size_t i = 0; i < text.size(); ++i) {

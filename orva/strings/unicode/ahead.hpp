@@ -1,9 +1,9 @@
-/// The fast way through good text. Each `run_ahead` converts as much as it likes, stops before the first character
-/// that it does not take, and leaves it to the plain loop of its transform to say what that character gives. It may
-/// stop anywhere; taking nothing is right, too.
+/// The fast way through good text. Each `run_ahead` converts as much as it likes, stops before the first
+/// character that it does not take, and leaves it to the plain loop of its transform to say what that
+/// character gives. It may stop anywhere; taking nothing is right, too.
 ///
-/// Output needs room for the most units that the rest of the text can give, of which those behind the result's `to` may be
-/// overwritten.
+/// Output needs room for the most units that the rest of the text can give, of which those behind the
+/// result's `to` may be overwritten.
 ///
 /// Internal: not installed.
 #pragma once

@@ -1,7 +1,7 @@
 /// Blocks of text that are alike: the loops by which the transforms go faster than one character at a time.
 ///
-/// The number of turns is known to the compiler, which makes each a few vector instructions of whatever machine it
-/// builds for.
+/// The number of turns is known to the compiler, which makes each a few vector instructions of whatever
+/// machine it builds for.
 ///
 /// Internal: not installed.
 #pragma once

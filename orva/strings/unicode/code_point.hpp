@@ -1,7 +1,7 @@
 /// One code point in each of the three encodings: what the transforms and `unichar` mean by a character.
 ///
-/// Decoding takes what the bit layout allows and rejects nothing else, and encoding writes what it is given. No
-/// function reads at or behind the `remaining` units that it is told of.
+/// Decoding takes what the bit layout allows and rejects nothing else, and encoding writes what it is given.
+/// No function reads at or behind the `remaining` units that it is told of.
 ///
 /// Internal: not installed.
 #pragma once
@@ -90,7 +90,8 @@ constexpr char* encode(std::uint32_t code_point, char* to) {
   return to;
 }
 
-/// Writes a surrogate pair and returns the end. A value above 0x10FFFF gives whatever the arithmetic gives in 16 bits.
+/// Writes a surrogate pair and returns the end. A value above 0x10FFFF gives whatever the arithmetic gives in
+/// 16 bits.
 constexpr code_unit16* encode_pair(std::uint32_t code_point, code_unit16* to) {
   *to++ = static_cast<code_unit16>(static_cast<std::uint16_t>((code_point >> 10) + 0xD7C0));
   *to++ = static_cast<code_unit16>(static_cast<std::uint16_t>((code_point & 0x3FF) + 0xDC00));

@@ -1,5 +1,5 @@
-// Each unit becomes a sequence in a lane of its own, of which a shuffle then closes the gaps. What is wider than a
-// sequence in its lane is told by a mask, and the mask finds the shuffle in a table.
+// Each unit becomes a sequence in a lane of its own, of which a shuffle then closes the gaps. What is wider
+// than a sequence in its lane is told by a mask, and the mask finds the shuffle in a table.
 #include <tmmintrin.h>
 
 #include <array>
@@ -30,7 +30,8 @@ constexpr std::array<shuffle, 256> shuffles_of_two_byte_lanes = [] {
   return all;
 }();
 
-/// Four lanes of four bytes. Bit i of the mask: lane i holds more than one byte; bit 4 + i: it holds more than two.
+/// Four lanes of four bytes. Bit i of the mask: lane i holds more than one byte; bit 4 + i: it holds more
+/// than two.
 constexpr std::array<shuffle, 256> shuffles_of_four_byte_lanes = [] {
   std::array<shuffle, 256> all{};
   for (std::size_t mask = 0; mask < 256; ++mask) {

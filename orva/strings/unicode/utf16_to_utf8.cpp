@@ -11,8 +11,9 @@ namespace ORVA_2_18::strings {
 
 ustring8 utf16_to_utf8(const ustring16& text) {
   if (text.starts_with(swapped_byte_order_mark)) {
-    // The text comes back unswapped, so this ends with the stack. It stays: callers swap such a text beforehand
-    // with check_BOM_and_modify_swap, and a text read in the wrong order must not pass for a good one.
+    // The text comes back unswapped, so this ends with the stack. It stays: callers swap such a text
+    // beforehand with check_BOM_and_modify_swap, and a text read in the wrong order must not pass for a good
+    // one.
     const ustring16 same_text = swap_string_bytes_order(text);
     return utf16_to_utf8(same_text);
   }

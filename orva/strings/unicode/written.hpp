@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <limits>
 #include <span>
-#include <utility>
+#include <stdexcept>
 
 #include "orva/strings/unicode/failure_text.hpp"
 #include "orva/strings/ustring.hpp"
@@ -16,13 +16,15 @@ namespace ORVA_2_18::strings::_private {
 /// What a writer returns for a text that it cannot read.
 inline constexpr std::size_t failed = std::numeric_limits<std::size_t>::max();
 
-/// `units` times `factor`, or a size that no string can have where that would not fit.
-constexpr std::size_t times(std::size_t units, std::size_t factor) {
-  return units > failed / factor ? failed : units * factor;
+/// `units` times `factor`, which on a machine of 32 bits no string may be able to hold.
+inline std::size_t times(std::size_t units, std::size_t factor) {
+  if (units > std::numeric_limits<std::size_t>::max() / factor) throw std::length_error("string too long");
+  return units * factor;
 }
 
 /// Lets `write` fill `size` units of `output` and cuts it to what `write` returns. The units are not cleared
-/// beforehand where the standard library can leave that out: it would cost as much as the fastest transforms do.
+/// beforehand where the standard library can leave that out: it would cost as much as the fastest transforms
+/// do.
 template <typename Unit, typename Write>
 void overwrite(basic_ustring<Unit>& output, std::size_t size, Write write) {
 #if defined(__cpp_lib_string_resize_and_overwrite)
@@ -34,8 +36,8 @@ void overwrite(basic_ustring<Unit>& output, std::size_t size, Write write) {
 #endif
 }
 
-/// A string of what `write(std::span<Unit>)` puts into at most `most` units; it returns how many, or `failed`,
-/// which gives the failure text.
+/// A string of what `write(std::span<Unit>)` puts into at most `most` units; it returns how many, or
+/// `failed`, which gives the failure text.
 template <typename Unit, typename Write>
 basic_ustring<Unit> written(std::size_t most, Write write) {
   constexpr std::size_t short_text = 512;
