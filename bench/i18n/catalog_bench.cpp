@@ -126,7 +126,8 @@ void load_pugixml_into_map(benchmark::State& state) {
 }
 BENCHMARK(load_pugixml_into_map)->Unit(benchmark::kMillisecond);
 
-/// Names in an order that no cache expects.
+/// The names of all messages, in an order that no cache expects. A benchmark takes turns with as many of them as its
+/// argument says: a few, as a window that is redrawn does, or all.
 const std::vector<std::string>& names() {
   static const std::vector<std::string> all = [] {
     std::vector<std::string> result;
@@ -136,34 +137,42 @@ const std::vector<std::string>& names() {
   return all;
 }
 
+class turns {
+ public:
+  explicit turns(const benchmark::State& state) : count_(static_cast<std::size_t>(state.range(0))) {}
+  std::size_t operator()() { return next_ = next_ + 1 < count_ ? next_ + 1 : 0; }
+
+ private:
+  std::size_t count_;
+  std::size_t next_ = 0;
+};
+
 void look_up_and_render_message(benchmark::State& state) {
   message_catalogs catalogs;
   catalogs.load(file().path(), "en");
   const std::vector<ustring8> keys(names().begin(), names().end());
   const ustring8 catalog = "app";
-  std::size_t next = 0;
+  turns next(state);
   for (auto _ : state) {
     varg_list args;
     args.push_back("file", "report.txt");
     args.push_back("count", 3);
-    benchmark::DoNotOptimize(catalogs.message(catalog, keys[next]).as_utf8(args));
-    next = next + 1 == keys.size() ? 0 : next + 1;
+    benchmark::DoNotOptimize(catalogs.message(catalog, keys[next()]).as_utf8(args));
   }
 }
-BENCHMARK(look_up_and_render_message);
+BENCHMARK(look_up_and_render_message)->Arg(16)->Arg(message_count);
 
 void look_up_message(benchmark::State& state) {
   message_catalogs catalogs;
   catalogs.load(file().path(), "en");
   const std::vector<ustring8> keys(names().begin(), names().end());
   const ustring8 catalog = "app";
-  std::size_t next = 0;
+  turns next(state);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(&catalogs.message(catalog, keys[next]));
-    next = next + 1 == keys.size() ? 0 : next + 1;
+    benchmark::DoNotOptimize(&catalogs.message(catalog, keys[next()]));
   }
 }
-BENCHMARK(look_up_message);
+BENCHMARK(look_up_message)->Arg(16)->Arg(message_count);
 
 /// A catalog in gettext's compiled form, with the hash table that its compiler writes.
 class mo_file {
@@ -253,24 +262,22 @@ void install_gettext() {
 
 void look_up_and_render_gettext_snprintf(benchmark::State& state) {
   install_gettext();
-  std::size_t next = 0;
+  turns next(state);
   for (auto _ : state) {
     char text[256];
-    const int size = std::snprintf(text, sizeof text, gettext(names()[next].c_str()), "report.txt", 3);
+    const int size = std::snprintf(text, sizeof text, gettext(names()[next()].c_str()), "report.txt", 3);
     benchmark::DoNotOptimize(std::string(text, static_cast<std::size_t>(size)));
-    next = next + 1 == names().size() ? 0 : next + 1;
   }
 }
-BENCHMARK(look_up_and_render_gettext_snprintf);
+BENCHMARK(look_up_and_render_gettext_snprintf)->Arg(16)->Arg(message_count);
 
 void look_up_gettext(benchmark::State& state) {
   install_gettext();
-  std::size_t next = 0;
+  turns next(state);
   for (auto _ : state) {
-    benchmark::DoNotOptimize(gettext(names()[next].c_str()));
-    next = next + 1 == names().size() ? 0 : next + 1;
+    benchmark::DoNotOptimize(gettext(names()[next()].c_str()));
   }
 }
-BENCHMARK(look_up_gettext);
+BENCHMARK(look_up_gettext)->Arg(16)->Arg(message_count);
 
 }  // namespace

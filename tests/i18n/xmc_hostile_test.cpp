@@ -103,17 +103,22 @@ TEST(xmc_hostile, many_pieces_and_attributes) {
   EXPECT_EQ(result.message("m").argument_count(), 50001u);
 }
 
-#ifndef _WIN32
+/// False where the system or the user's rights have no symbolic links.
+bool make_link(const std::string& target, const std::string& link) {
+  std::error_code failure;
+  std::filesystem::create_symlink(target, link, failure);
+  return !failure;
+}
 
 TEST(xmc_hostile, directory_links_that_lead_back_up_end) {
   const temporary_directory directory;
   directory.write("app.xmc", xmc(app("de", "<msg name='m'>x</msg>")));
-  std::filesystem::create_directory_symlink(".", directory.file("again"));
+  if (!make_link(".", directory.file("again"))) GTEST_SKIP() << "no symbolic links";
   message_catalogs catalogs;
   // One link is followed until the system refuses the path.
   EXPECT_EQ(catalogs.load(directory.name(), "de"), message_catalogs::no_error);
   // Two would be followed two to the power of that many times.
-  std::filesystem::create_directory_symlink(".", directory.file("once_more"));
+  ASSERT_TRUE(make_link(".", directory.file("once_more")));
   std::filesystem::remove(directory.file("app.xmc"));
   const auto result = catalogs.load(directory.name(), "de");
   EXPECT_EQ(result, message_catalogs::unexpected_error);
@@ -127,7 +132,7 @@ TEST(xmc_hostile, directory_links_that_lead_back_up_end) {
 TEST(xmc_hostile, link_to_a_file_reads_as_empty) {
   const temporary_directory directory;
   const std::string file = directory.write("app.txt", xmc(app("de", "<msg name='m'>x</msg>")));
-  std::filesystem::create_symlink(file, directory.file("link.xmc"));
+  if (!make_link(file, directory.file("link.xmc"))) GTEST_SKIP() << "no symbolic links";
   message_catalogs catalogs;
   EXPECT_EQ(catalogs.load(file, "de"), message_catalogs::no_error);
   EXPECT_EQ(catalogs.load(directory.file("link.xmc"), "de"), message_catalogs::xml_parse_error);
@@ -143,7 +148,5 @@ TEST(xmc_hostile, file_larger_than_a_string_is_a_result) {
   message_catalogs catalogs;
   EXPECT_EQ(catalogs.load(file, "de"), message_catalogs::unexpected_error);
 }
-
-#endif
 
 }  // namespace

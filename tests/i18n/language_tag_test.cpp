@@ -1,4 +1,5 @@
-// Which languages a load accepts, and which of them is the better match.
+#include "orva/i18n/language_tag.hpp"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace {
 
 using namespace orva_test;
 
-TEST(xmc_language, list_grows_from_neutral_to_specific) {
+TEST(language_tag, list_grows_from_neutral_to_specific) {
   const struct {
     const char* language;
     std::vector<const char*> accepted;
@@ -53,14 +54,14 @@ TEST(xmc_language, list_grows_from_neutral_to_specific) {
   }
 }
 
-TEST(xmc_language, neutral_tag_asked_for_counts_at_its_first_place) {
+TEST(language_tag, neutral_tag_asked_for_counts_at_its_first_place) {
   xmc_file_loader loader;
   loader.handle_language(".");
   EXPECT_EQ(loader.get_locale_weight("."), 1u);
   EXPECT_EQ(loader.get_locale_weight("en"), 2u);
 }
 
-TEST(xmc_language, tag_is_tried_as_it_stands_and_then_normalized) {
+TEST(language_tag, tag_is_tried_as_it_stands_and_then_normalized) {
   xmc_file_loader loader;
   loader.handle_language("de_DE");
   EXPECT_EQ(loader.get_locale_weight("de-DE"), 4u);
@@ -72,7 +73,7 @@ TEST(xmc_language, tag_is_tried_as_it_stands_and_then_normalized) {
   EXPECT_EQ(loader.get_locale_weight("_"), 0u);
 }
 
-TEST(xmc_language, each_call_starts_a_new_list) {
+TEST(language_tag, each_call_starts_a_new_list) {
   xmc_file_loader loader;
   loader.handle_language("de_DE");
   loader.handle_language("fr");
@@ -80,19 +81,19 @@ TEST(xmc_language, each_call_starts_a_new_list) {
   EXPECT_EQ(loader.get_locale_weight("fr"), 3u);
 }
 
-TEST(xmc_language, texts_of_every_width) {
+TEST(language_tag, texts_of_every_width) {
   xmc_file_loader loader;
   loader.handle_language(ORVA_2_18::strings::ustring16({'d', 'e'}));
   EXPECT_EQ(loader.get_locale_weight(ORVA_2_18::strings::ustring32({'d', 'e'})), 3u);
 }
 
-TEST(xmc_language, catalog_without_language_is_wanted_by_a_tag_with_an_empty_part) {
+TEST(language_tag, catalog_without_language_is_wanted_by_a_tag_with_an_empty_part) {
   const ustring8 text = xmc("<catalog name='app'><msg name='m'>x</msg></catalog>");
   EXPECT_EQ(read(text, "de").error.type(), load_error::no_catalog);
   EXPECT_EQ(read(text, "_de").error.type(), load_error::no_error);
 }
 
-TEST(xmc_language, file_is_read_for_parents_english_and_neutral) {
+TEST(language_tag, file_is_read_for_parents_english_and_neutral) {
   const ustring8 text = xmc(
       app(".", "<msg name='a'>.</msg><msg name='b'>.</msg><msg name='c'>.</msg><msg name='d'>.</msg>") +
       app("de_DE", "<msg name='d'>de_DE</msg>") + app("de", "<msg name='c'>de</msg><msg name='d'>de</msg>") +
@@ -104,7 +105,7 @@ TEST(xmc_language, file_is_read_for_parents_english_and_neutral) {
   EXPECT_EQ(result.message("d").as_utf8(), "de_DE");
 }
 
-TEST(xmc_language, tag_of_a_million_parts_costs_no_square) {
+TEST(language_tag, tag_of_a_million_parts_costs_no_square) {
   xmc_file_loader loader;
   const ustring8 tag(1000000, '_');
   loader.handle_language(tag);

@@ -99,7 +99,7 @@ void expect_same(const xmc_file_loader::catalog_map& catalogs, const model& expe
   }
 }
 
-TEST(xmc_model, random_loads_leave_what_the_model_leaves) {
+TEST(xmc_merge, random_loads_leave_what_the_model_leaves) {
   const unsigned seed = std::random_device()();
   SCOPED_TRACE("seed " + std::to_string(seed));
   std::mt19937 random(seed);
