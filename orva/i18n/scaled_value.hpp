@@ -26,6 +26,9 @@ struct scaled_value {
   std::string_view unit;
 
   strings::ustring8 number() const;
+
+  /// A negative zero without decimals, which only a semicolon in the precision can bring.
+  bool reads_as_refused() const { return form && form->precision == 0 && number() == refused_value; }
 };
 
 // Nothing: the attributes are refused.
@@ -103,6 +106,7 @@ std::optional<scaled_value> scale_by(const types::variant& value, const scaled_a
     if (!attributes.read_number_form(result.form.emplace())) return std::nullopt;
     result.floating = value.as_double();
     result.unit_index = scale(result.floating, attributes, last_unit);
+    if (result.reads_as_refused()) return std::nullopt;
     return result;
   }
   auto integer = as_integer(value);

@@ -152,6 +152,12 @@ TEST(format_memory, semicolon_in_a_number_splits_it) {
          {1, "precision|1|fieldsize|6;", "   1.0", "B"}});
 }
 
+TEST(format_memory, negative_zero_that_reads_as_a_refusal_has_no_unit) {
+  check({{-0.25, "precision|1;;", "-0", ""},
+         {-2.5, "precision|1;;", "-2", "B"},
+         {2.5, "precision|1;;", "2", "B"}});
+}
+
 TEST(format_memory, field_has_no_effect_on_integers) {
   check({{1500, "fieldsize|20", "1", "KB"},
          {1500, "fieldsize|x", "1", "KB"},

@@ -153,6 +153,8 @@ TEST(message_item, genuine_negative_zero_is_invalid_too) {
   check({{message_item::string, "n", "-0", "?invalid?"},
          {message_item::string, "n", -0.0, "?invalid?"},
          {message_item::real, "n|precision|0", -0.4, "?invalid?"},
+         {message_item::memory_unit, "n|precision|1;;", -0.25, "?invalid?"},
+         {message_item::metric_unit, "n|precision|1;;", -0.25, "?invalid?"},
          {message_item::string, "n", "-0 ", "-0 "}});
 }
 
