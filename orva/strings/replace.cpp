@@ -20,11 +20,16 @@ std::size_t count_matches(view<Unit> text, _private::searcher<Unit>& matches, st
   return count;
 }
 
+struct rewritten {
+  std::size_t size;
+  std::size_t count;
+};
+
 /// Writes the text with its replacements from the front of `units`, reading the old text from `read` to the end.
-/// REQUIRES: what is written never overtakes what is read. Gives the size of what was written.
+/// REQUIRES: what is written never overtakes what is read.
 template <typename Unit>
-std::size_t rewrite(std::basic_string<Unit>& units, std::size_t read, _private::searcher<Unit>& matches,
-                    std::size_t from_size, view<Unit> to) {
+rewritten rewrite(std::basic_string<Unit>& units, std::size_t read, _private::searcher<Unit>& matches,
+                  std::size_t from_size, view<Unit> to) {
   using traits = std::char_traits<Unit>;
   std::size_t write = 0;
   const auto keep_until = [&](std::size_t position) {
@@ -32,10 +37,10 @@ std::size_t rewrite(std::basic_string<Unit>& units, std::size_t read, _private::
     write += position - read;
     read = position;
   };
-  for (;;) {
+  for (std::size_t count = 0;; ++count) {
     const std::size_t match = matches.find(units, read);
     keep_until(match == units.npos ? units.size() : match);
-    if (match == units.npos) return write;
+    if (match == units.npos) return {write, count};
     traits::copy(&units[write], to.data(), to.size());
     write += to.size();
     read += from_size;
@@ -48,25 +53,26 @@ bool is_part_of(view<Unit> part, view<Unit> text) {
   return !before(part.data(), text.data()) && !before(text.data() + text.size(), part.data());
 }
 
-/// The size with room for the replacements; all in sizes that cannot wrap.
+/// How much room a result needs beside the text; in sizes that cannot wrap.
 template <typename Unit>
-std::size_t grown_size(const std::basic_string<Unit>& text, std::size_t count, std::size_t growth) {
+std::size_t room(const std::basic_string<Unit>& text, std::size_t count, std::size_t growth) {
+  if (count == 0) return 0;
   if (growth > (text.max_size() - text.size()) / count) throw std::length_error("string too long");
-  return text.size() + count * growth;
+  return count * growth;
 }
 
 template <typename Unit>
 std::size_t replace_apart(std::basic_string<Unit>& text, view<Unit> from, view<Unit> to) {
   _private::searcher<Unit> matches(from);
-  const std::size_t count = count_matches(view<Unit>(text), matches, from.size());
-  if (count == 0) return 0;
   std::size_t read = 0;
   if (to.size() > from.size()) {
     // The old text moves to the end of the room that the new one needs, so that one pass from the front does.
-    read = grown_size(text, count, to.size() - from.size()) - text.size();
+    read = room(text, count_matches(view<Unit>(text), matches, from.size()), to.size() - from.size());
+    if (read == 0) return 0;
     text.insert(0, read, Unit{});
   }
-  text.resize(rewrite(text, read, matches, from.size(), to));
+  const auto [size, count] = rewrite(text, read, matches, from.size(), to);
+  text.resize(size);
   return count;
 }
 

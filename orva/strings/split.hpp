@@ -36,10 +36,12 @@ struct class_of<std::basic_string<Unit>> {
   using type = std::basic_string<Unit>;
 };
 
-/// Where the pieces stand in `text`.
 template <code_unit Unit>
-ORVA_API std::vector<std::basic_string_view<Unit>> pieces(std::basic_string_view<Unit> text,
-                                                          std::basic_string_view<Unit> delimiter, int max);
+ORVA_API void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                    std::vector<basic_ustring<Unit>>& pieces);
+template <code_unit Unit>
+ORVA_API void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                    std::vector<std::basic_string<Unit>>& pieces);
 
 }  // namespace _private
 
@@ -52,8 +54,9 @@ template <any_text Text>
 std::vector<piece_of<Text>> split_string(
     const Text& text,
     std::type_identity_t<std::basic_string_view<typename piece_of<Text>::value_type>> delimiter, int max) {
-  const auto pieces = _private::pieces<typename piece_of<Text>::value_type>(text, delimiter, max);
-  return std::vector<piece_of<Text>>(pieces.begin(), pieces.end());
+  std::vector<piece_of<Text>> pieces;
+  _private::split<typename piece_of<Text>::value_type>(text, delimiter, max, pieces);
+  return pieces;
 }
 
 }  // namespace ORVA_2_18::strings

@@ -38,7 +38,6 @@ class single_byte_locale {
   }
 
   bool made() const { return made_; }
-  const char* name() const { return name_.c_str(); }
 
  private:
   temporary_directory directory_;
