@@ -97,7 +97,7 @@ Unit* write_bits(std::uint64_t value, Unit* buffer) {
 
 /// Any radix from 2, least significant digit first.
 template <typename Unit>
-Unit* write_digits(std::uint64_t value, Unit* buffer, unsigned int radix) {
+Unit* write_by_division(std::uint64_t value, Unit* buffer, unsigned int radix) {
   std::array<Unit, 64> digits;
   auto at = digits.end();
   for (; value >= radix; value /= radix) *--at = digit_unit<Unit>(value % radix);
@@ -105,14 +105,9 @@ Unit* write_digits(std::uint64_t value, Unit* buffer, unsigned int radix) {
   return std::copy(at, digits.end(), buffer);
 }
 
-/// Gives the end of the digits. Apart from the decimal numbers, so that these pay nothing for it.
 template <typename Unit>
-[[gnu::noinline]] Unit* write_in_radix(std::uint64_t value, Unit* buffer, unsigned int radix) {
-  ORVA_ASSERT(radix >= 2);
+Unit* write_digits(std::uint64_t value, Unit* buffer, unsigned int radix) {
   switch (radix) {
-    case 0:
-    case 1:
-      return buffer;
     case 2:
       return write_bits<1>(value, buffer);
     case 8:
@@ -120,30 +115,41 @@ template <typename Unit>
     case 16:
       return write_bits<4>(value, buffer);
     default:
-      return write_digits(value, buffer, radix);
+      return write_by_division(value, buffer, radix);
   }
 }
 
+/// Every radix but 10. Apart from the decimal numbers, so that these pay nothing for it.
 template <typename Unit>
-void write(std::uint64_t value, Unit* buffer, unsigned int radix) {
-  Unit* const end = radix == 10 ? write_decimal(value, buffer) : write_in_radix(value, buffer, radix);
-  *end = 0;
+[[gnu::noinline]] void write_in_radix(bool negative, std::uint64_t magnitude, Unit* buffer,
+                                      unsigned int radix) {
+  ORVA_ASSERT(radix >= 2);
+  if (radix >= 2) {
+    if (negative) *buffer++ = '-';
+    buffer = write_digits(magnitude, buffer, radix);
+  }
+  *buffer = 0;
+}
+
+template <typename Unit>
+void write(bool negative, std::uint64_t magnitude, Unit* buffer, unsigned int radix) {
+  if (radix != 10) return write_in_radix(negative, magnitude, buffer, radix);
+  // Where there is no sign, the first digit takes its place.
+  *buffer = '-';
+  *write_decimal(magnitude, buffer + (negative ? 1 : 0)) = 0;
 }
 
 }  // namespace
 
 template <strings::code_unit Unit>
 void ulltoa(unsigned long long value, Unit* buffer, unsigned int radix) {
-  write(value, buffer, radix);
+  write(false, value, buffer, radix);
 }
 
 template <strings::code_unit Unit>
 void lltoa(long long value, Unit* buffer, unsigned int radix) {
-  const bool negative = value < 0 && radix >= 2;
   const auto bits = static_cast<unsigned long long>(value);
-  // Where there is no sign, the first digit takes its place.
-  *buffer = '-';
-  write(negative ? 0 - bits : bits, buffer + (negative ? 1 : 0), radix);
+  write(value < 0, value < 0 ? 0 - bits : bits, buffer, radix);
 }
 
 template void ulltoa(unsigned long long, char*, unsigned int);
