@@ -202,6 +202,7 @@ template <typename Integer, strings::code_unit Unit>
                                       bool throw_on_range) {
   using limits = std::numeric_limits<Integer>;
   using unsigned_value = accumulator<Integer>;
+  if (text == nullptr) return 0;
   if (length == 0) length = std::char_traits<Unit>::length(text);
   const auto [size, negative] = read<unsigned_value>(text, length, radix, signed_reader, [](bool below_zero) {
     return static_cast<unsigned_value>(limits::max()) + (below_zero ? 1u : 0u);
@@ -216,6 +217,7 @@ template <typename Integer, strings::code_unit Unit>
 [[gnu::noinline]] Integer read_unsigned(const Unit* text, std::size_t length, unsigned int radix,
                                         bool throw_on_range) {
   constexpr accumulator<Integer> max = std::numeric_limits<Integer>::max();
+  if (text == nullptr) return 0;
   const auto [size, negative] =
       read<accumulator<Integer>>(text, length, radix, unsigned_reader, [](bool) { return max; });
   const bool below_zero = negative && (size.value != 0 || !size.in_range);

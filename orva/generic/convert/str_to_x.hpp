@@ -30,7 +30,8 @@ namespace ORVA_2_18::generic::convert {
 
 /// Reads a signed integer: `signed char`, `short`, `int`, `long` or `long long`.
 ///
-/// With `length` 0 the text is measured up to its terminator. White space, then one sign, then the digits of
+/// With `length` 0 the text is measured up to its terminator; a null pointer reads as 0. An empty part of a longer text
+/// is therefore the caller's to look out for: there the length 0 means everything from here on. White space, then one sign, then the digits of
 /// `radix` are read; the first other unit ends the number. No digit at all reads as 0.
 ///
 ///     radix 1 or above 36             throws exceptions::invalid_argument_value, unless the text ends before its
@@ -47,7 +48,7 @@ ORVA_API Integer strtointx(const Unit* text, std::size_t length, types::radix_t:
 ///     "-0"               0
 ///     "42", length 0     4: a length of 0 is not measured, and the first unit is read all the same
 ///
-/// REQUIRES: the first unit can be read, also when `length` is 0.
+/// REQUIRES: the first unit can be read, also when `length` is 0; a null pointer reads as 0.
 template <typename Integer, strings::code_unit Unit>
 ORVA_API Integer strtouintx(const Unit* text, std::size_t length, types::radix_t::base radix,
                             bool throw_on_range);

@@ -12,6 +12,7 @@
 
 #include "orva/exceptions/exception.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
+#include "orva/strings/ustring.hpp"
 #include "tests/support/reference_numbers.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
@@ -20,6 +21,7 @@ namespace {
 namespace convert = ORVA_2_18::generic::convert;
 namespace exceptions = ORVA_2_18::exceptions;
 namespace types = ORVA_2_18::types;
+namespace strings = ORVA_2_18::strings;
 using ORVA_2_18::strings::code_unit16;
 using ORVA_2_18::strings::code_unit32;
 using orva_test::read_result;
@@ -247,6 +249,14 @@ TEST(str_to_x, unsigned_reader_takes_length_0_at_its_word) {
     const auto one = std::make_unique<char>(units[i]);
     EXPECT_EQ(convert::str_to_uint32(one.get(), 0, radix::prefix, true), expected[i]) << units[i];
   }
+}
+
+TEST(str_to_x, no_text_at_all_is_0) {
+  const std::string_view nothing;
+  EXPECT_EQ(convert::str_to_int32(nothing.data(), nothing.size(), radix::decimal, true), 0);
+  EXPECT_EQ(convert::str_to_uint8(nothing.data(), nothing.size(), radix::prefix, true), 0);
+  const strings::ustring16::view nothing_wide;
+  EXPECT_EQ(convert::str_to_int64(nothing_wide.data(), nothing_wide.size(), radix::decimal, true), 0);
 }
 
 TEST(str_to_x, every_text_of_one_unit_with_length_0) {
