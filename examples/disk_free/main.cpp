@@ -1,0 +1,157 @@
+// disk_free: tells how much is free on each file system, in the language of its user.
+//
+//     disk_free [--messages DIRECTORY] [--sizes FILE] [LANGUAGE]
+//
+// See README.md beside this file.
+
+#include <cstdlib>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <string>
+
+#include "language.hpp"
+#include "machine.hpp"
+#include "orva/orva.hpp"
+
+using orva::generic::varg_list;
+using orva::i18n::message_catalogs;
+
+namespace {
+
+constexpr char catalog[] = "disk_free";
+
+struct options {
+  std::string messages;
+  std::optional<std::string> sizes;
+  std::optional<std::string> language;
+};
+
+/// False if the command line is none that the program knows.
+bool read_options(int argc, char** argv, options& result) {
+  for (int i = 1; i < argc; ++i) {
+    const std::string word = argv[i];
+    const bool takes_value = word == "--messages" || word == "--sizes";
+    if (takes_value && ++i == argc) return false;
+    if (word == "--messages") {
+      result.messages = argv[i];
+    } else if (word == "--sizes") {
+      result.sizes = argv[i];
+    } else if (word.starts_with('-') || result.language) {
+      return false;
+    } else {
+      result.language = word;
+    }
+  }
+  return true;
+}
+
+class report {
+ public:
+  explicit report(const message_catalogs& catalogs) : catalogs_(catalogs) {}
+
+  /// The sentence of this name, with its placeholders filled in, in UTF-8.
+  std::string text(const char* name, const varg_list& args) const {
+    return catalogs_.message(catalog, name).as_utf8(args);
+  }
+
+  void print(const disk_free::machine& machine) const {
+    print_title(machine.seconds_up);
+    for (const auto& file_system : machine.file_systems) print(file_system);
+    print_summary(machine);
+  }
+
+ private:
+  /// The time comes twice, whole and in parts: a translator takes what reads well in the language.
+  void print_title(std::uint64_t seconds_up) const {
+    varg_list args;
+    args.push_back("uptime", seconds_up);
+    args.push_back("up_days", seconds_up / 86400);
+    args.push_back("up_hours", seconds_up / 3600 % 24);
+    args.push_back("up_minutes", seconds_up / 60 % 60);
+    std::cout << text("title", args) << '\n';
+  }
+
+  void print(const disk_free::file_system& file_system) const {
+    const auto total = static_cast<double>(file_system.total_bytes);
+    const auto free = static_cast<double>(file_system.free_bytes);
+    varg_list args;
+    args.push_back("path", file_system.path);
+    args.push_back("free", file_system.free_bytes);
+    args.push_back("total", file_system.total_bytes);
+    args.push_back("percent", total == 0 ? 0 : 100 * free / total);
+    args.push_back("files", file_system.free_files);
+    std::cout << text(file_system.total_files == 0 ? "disk_free" : "disk_free_files", args) << '\n';
+  }
+
+  void print_summary(const disk_free::machine& machine) const {
+    std::uint64_t files = 0;
+    for (const auto& file_system : machine.file_systems)
+      files += file_system.total_files - file_system.free_files;
+    varg_list args;
+    args.push_back("count", machine.file_systems.size());
+    args.push_back("files", files);
+    std::cout << text("summary", args) << '\n';
+  }
+
+  const message_catalogs& catalogs_;
+};
+
+/// "de (Deutsch), en (English), ...": every file of messages adds its language to the catalog of languages.
+std::string known_languages(const message_catalogs& catalogs) {
+  std::string result;
+  for (auto language = catalogs.begin("languages"); language != catalogs.end("languages"); ++language) {
+    if (!result.empty()) result += ", ";
+    result += language->first + " (" + language->second.as_utf8() + ")";
+  }
+  return result;
+}
+
+int fail(const std::string& text) {
+  std::cerr << text << '\n';
+  return EXIT_FAILURE;
+}
+
+int run(const options& options) {
+  // A language on the command line must be there; one of the environment may fall back to English.
+  const std::string language = options.language.value_or(disk_free::language_of_environment());
+  message_catalogs catalogs;
+  const auto loaded = catalogs.load(options.messages, language);
+  if (loaded != message_catalogs::no_error) return fail(loaded.message());
+
+  const report report(catalogs);
+  varg_list args;
+  if (options.language && !disk_free::speaks(catalogs, catalog, language)) {
+    args.push_back("language", language);
+    args.push_back("known", known_languages(catalogs));
+    return fail(report.text("unknown_language", args));
+  }
+
+  disk_free::machine machine;
+  int bad_line = 0;
+  if (!options.sizes) {
+    machine = disk_free::this_machine();
+  } else if (!disk_free::read_machine(*options.sizes, machine, bad_line)) {
+    args.push_back("file", *options.sizes);
+    args.push_back("line", bad_line);
+    return fail(report.text(bad_line == 0 ? "cannot_read" : "bad_line", args));
+  }
+  if (machine.file_systems.empty()) return fail(report.text("no_disks", args));
+  report.print(machine);
+  return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    options options;
+    options.messages = (disk_free::program_directory() / "messages").string();
+    if (read_options(argc, argv, options)) return run(options);
+    return fail("usage: disk_free [--messages DIRECTORY] [--sizes FILE] [LANGUAGE]");
+  } catch (const orva::exceptions::exception& failure) {
+    return fail(failure.message());
+  } catch (const std::exception& failure) {
+    return fail(failure.what());
+  }
+}
