@@ -1,6 +1,10 @@
 # How the targets of this project are made. Each folder lists its own files by calling these.
 
 set(ORVA_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
+# GCC 12 warns of its own std::string where a literal is joined to one: https://gcc.gnu.org/PR105651.
+if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
+  list(APPEND ORVA_WARNINGS -Wno-restrict)
+endif()
 
 # Options that every target of the project has, the library included.
 function(orva_compile_options target)

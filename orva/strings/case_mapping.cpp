@@ -5,7 +5,7 @@
 
 #include "orva/strings/character_class.hpp"
 
-namespace ORVA_2_18::strings::_private {
+namespace ORVA_2_18::strings {
 
 namespace {
 
@@ -28,21 +28,21 @@ Unit upper_unit(Unit unit) {
 }  // namespace
 
 template <code_unit Unit>
-void lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last) {
+void make_lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last) {
   last = std::min(last, text.size());
   if (first < last) std::transform(&text[first], &text[0] + last, &text[first], lower_unit<Unit>);
 }
 
 template <code_unit Unit>
-void upper(basic_ustring<Unit>& text) {
+void make_upper(basic_ustring<Unit>& text) {
   std::transform(text.begin(), text.end(), text.begin(), upper_unit<Unit>);
 }
 
-template void lower(ustring8&, std::size_t, std::size_t);
-template void lower(ustring16&, std::size_t, std::size_t);
-template void lower(ustring32&, std::size_t, std::size_t);
-template void upper(ustring8&);
-template void upper(ustring16&);
-template void upper(ustring32&);
+template void make_lower(ustring8&, std::size_t, std::size_t);
+template void make_lower(ustring16&, std::size_t, std::size_t);
+template void make_lower(ustring32&, std::size_t, std::size_t);
+template void make_upper(ustring8&);
+template void make_upper(ustring16&);
+template void make_upper(ustring32&);
 
-}  // namespace ORVA_2_18::strings::_private
+}  // namespace ORVA_2_18::strings

@@ -19,20 +19,19 @@
 
 namespace ORVA_2_18::strings {
 
-namespace _private {
-
+/// `lower_case` in place: changes the units of `text` from `first` up to but not including `last`, or its end.
 template <code_unit Unit>
-ORVA_API void lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last);
-template <code_unit Unit>
-ORVA_API void upper(basic_ustring<Unit>& text);
+ORVA_API void make_lower(basic_ustring<Unit>& text, std::size_t first, std::size_t last);
 
-}  // namespace _private
+/// `to_upper` in place.
+template <code_unit Unit>
+ORVA_API void make_upper(basic_ustring<Unit>& text);
 
 /// A new string with each unit in lower case.
 template <any_text Text>
 ustring_for<Text> to_lower(const Text& text) {
   ustring_for<Text> result(text);
-  _private::lower(result, 0, result.size());
+  make_lower(result, 0, result.size());
   return result;
 }
 
@@ -40,7 +39,7 @@ ustring_for<Text> to_lower(const Text& text) {
 template <any_text Text>
 ustring_for<Text> to_upper(const Text& text) {
   ustring_for<Text> result(text);
-  _private::upper(result);
+  make_upper(result);
   return result;
 }
 
@@ -52,7 +51,7 @@ inline constexpr types::uint32 end_of_text = 0xFFFFFFFF;
 template <any_text Text>
 ustring_for<Text> lower_case(const Text& text, std::size_t first, std::size_t last) {
   ustring_for<Text> result(text);
-  _private::lower(result, first, last == end_of_text ? result.size() : last);
+  make_lower(result, first, last == end_of_text ? result.size() : last);
   return result;
 }
 

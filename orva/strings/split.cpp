@@ -2,7 +2,7 @@
 
 #include "orva/strings/search.hpp"
 
-namespace ORVA_2_18::strings::_private {
+namespace ORVA_2_18::strings {
 
 namespace {
 
@@ -13,7 +13,7 @@ void append_pieces(typename ustring_for<String>::view text, typename ustring_for
     pieces.emplace_back(text);
     return;
   }
-  searcher<typename String::value_type> delimiters(delimiter);
+  _private::searcher<typename String::value_type> delimiters(delimiter);
   std::size_t start = 0;
   int count = 0;
   // Text behind the last delimiter is an element only if there is any, so the search may stop at the end.
@@ -30,22 +30,22 @@ void append_pieces(typename ustring_for<String>::view text, typename ustring_for
 }  // namespace
 
 template <code_unit Unit>
-void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
-           std::vector<basic_ustring<Unit>>& pieces) {
+void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                  std::vector<basic_ustring<Unit>>& pieces) {
   append_pieces(text, delimiter, max, pieces);
 }
 
 template <code_unit Unit>
-void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
-           std::vector<std::basic_string<Unit>>& pieces) {
+void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                  std::vector<std::basic_string<Unit>>& pieces) {
   append_pieces(text, delimiter, max, pieces);
 }
 
-template void split(ustring8::view, ustring8::view, int, std::vector<ustring8>&);
-template void split(ustring8::view, ustring8::view, int, std::vector<std::string>&);
-template void split(ustring16::view, ustring16::view, int, std::vector<ustring16>&);
-template void split(ustring16::view, ustring16::view, int, std::vector<wide_string>&);
-template void split(ustring32::view, ustring32::view, int, std::vector<ustring32>&);
-template void split(ustring32::view, ustring32::view, int, std::vector<ustring32::standard_string>&);
+template void append_split(ustring8::view, ustring8::view, int, std::vector<ustring8>&);
+template void append_split(ustring8::view, ustring8::view, int, std::vector<std::string>&);
+template void append_split(ustring16::view, ustring16::view, int, std::vector<ustring16>&);
+template void append_split(ustring16::view, ustring16::view, int, std::vector<wide_string>&);
+template void append_split(ustring32::view, ustring32::view, int, std::vector<ustring32>&);
+template void append_split(ustring32::view, ustring32::view, int, std::vector<ustring32::standard_string>&);
 
-}  // namespace ORVA_2_18::strings::_private
+}  // namespace ORVA_2_18::strings

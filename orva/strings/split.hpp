@@ -36,14 +36,15 @@ struct class_of<std::basic_string<Unit>> {
   using type = std::basic_string<Unit>;
 };
 
-template <code_unit Unit>
-ORVA_API void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
-                    std::vector<basic_ustring<Unit>>& pieces);
-template <code_unit Unit>
-ORVA_API void split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
-                    std::vector<std::basic_string<Unit>>& pieces);
-
 }  // namespace _private
+
+/// `split_string` into a vector that is there already: the pieces come behind those that it holds.
+template <code_unit Unit>
+ORVA_API void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                           std::vector<basic_ustring<Unit>>& pieces);
+template <code_unit Unit>
+ORVA_API void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
+                           std::vector<std::basic_string<Unit>>& pieces);
 
 /// The string class in which the pieces of a text come: `std::string` for a `std::string`, `ustring8` for a
 /// `ustring8` and for a literal, and so for each width.
@@ -55,7 +56,7 @@ std::vector<piece_of<Text>> split_string(
     const Text& text,
     std::type_identity_t<std::basic_string_view<typename piece_of<Text>::value_type>> delimiter, int max) {
   std::vector<piece_of<Text>> pieces;
-  _private::split<typename piece_of<Text>::value_type>(text, delimiter, max, pieces);
+  append_split<typename piece_of<Text>::value_type>(text, delimiter, max, pieces);
   return pieces;
 }
 

@@ -40,6 +40,19 @@ TEST(case_mapping, documentation_example) {
   EXPECT_EQ(lower_case("ABCDEF", 2, 4), "ABcdEF");
 }
 
+TEST(case_mapping, in_place_changes_the_units_of_the_range) {
+  ustring8 text = "ABCDEF";
+  strings::make_lower(text, 2, 4);
+  EXPECT_EQ(text, "ABcdEF");
+  strings::make_lower(text, 5, 100);
+  EXPECT_EQ(text, "ABcdEf");
+  strings::make_lower(text, 4, 2);
+  strings::make_lower(text, 6, 7);
+  EXPECT_EQ(text, "ABcdEf");
+  strings::make_upper(text);
+  EXPECT_EQ(text, "ABCDEF");
+}
+
 TEST(case_mapping, every_byte_in_the_c_locale) {
   for (unsigned int byte = 0; byte < 256; ++byte) {
     const ustring8 text(1, static_cast<char>(byte));

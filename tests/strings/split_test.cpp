@@ -46,6 +46,13 @@ TEST(split_string, max_is_the_number_of_cuts) {
   EXPECT_EQ(split_string("a,,", ",", 1), (std::vector<ustring8>{"a", ","}));
 }
 
+TEST(append_split, keeps_what_the_vector_holds) {
+  std::vector<ustring8> pieces{"first"};
+  strings::append_split<char>("a,b", ",", 0, pieces);
+  strings::append_split<char>("", ",", 0, pieces);
+  EXPECT_EQ(pieces, (std::vector<ustring8>{"first", "a", "b"}));
+}
+
 TEST(split_string, max_of_0_or_less_is_no_limit) {
   for (const int max : {0, -1, std::numeric_limits<int>::min()}) {
     EXPECT_EQ(split_string("a,b,c", ",", max), (std::vector<ustring8>{"a", "b", "c"})) << max;

@@ -48,8 +48,12 @@ class counted_pointer {
   static void release(T* target) noexcept {
     if (target == nullptr) return;
     if (static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
-    if (target->is_created_dynamic()) delete target;
+    if (target->is_created_dynamic()) destroy(target);
   }
+
+  /// Out of line: it is the rare end of a release, and where a compiler sees an automatic object and this `delete` in
+  /// one function it warns of what `is_created_dynamic` rules out.
+  [[gnu::noinline]] static void destroy(T* target) noexcept { delete target; }
 
   /// The new target is held before the old one goes: it may be kept alive by nothing but the old one.
   void replace(T* target) noexcept {
