@@ -1,5 +1,4 @@
 # cmake --install: headers, library, the package for find_package(orva) and the file for pkg-config.
-include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
