@@ -19,6 +19,7 @@
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/generic/argument.hpp"
 #include "orva/generic/clone_interface.hpp"
+#include "orva/generic/convert/byte_order.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
