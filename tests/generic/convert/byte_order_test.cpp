@@ -159,7 +159,8 @@ TEST(byte_order, readers_take_every_kind_of_byte_string) {
 }
 
 TEST(byte_order, pointer_needs_no_alignment) {
-  const std::string bytes = "x" + big_endian::uint64_to_bin_str(0x0102030405060708);
+  std::string bytes = "x";
+  bytes += big_endian::uint64_to_bin_str(0x0102030405060708);
   EXPECT_EQ(big_endian::bin_str_to_uint64(bytes.data() + 1), 0x0102030405060708U);
 }
 
