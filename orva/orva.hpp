@@ -40,6 +40,13 @@
 #include "orva/parser/name_list.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"
+// serialization
+#include "orva/serialization/labeled_serialize_buffer.hpp"
+#include "orva/serialization/labeled_text_buffer.hpp"
+#include "orva/serialization/serialize_binary_buf.hpp"
+#include "orva/serialization/serialize_buffer.hpp"
+#include "orva/serialization/serialize_text_buf.hpp"
+#include "orva/serialization/stored_buffer.hpp"
 // strings
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/characters.hpp"

@@ -1,0 +1,105 @@
+/// `serialize_binary_buf`: the binary form of a `serialize_buffer`.
+///
+/// Values stand one behind the other with no tag, no padding and no header, the least significant byte first on
+/// every platform:
+///
+///     append_int8, append_uint8           1 byte
+///     append_int16(0x1234)                34 12
+///     append_uint32(1)                    01 00 00 00
+///     append_int64, append_uint64         8 bytes
+///     append_float(1.5f, any)             00 00 C0 3F                  IEEE 754, every bit
+///     append_double(1.0, any)             00 00 00 00 00 00 F0 3F
+///     append_string("abc")                03 00 00 00 61 62 63         length, then the bytes
+///     append_buffer(other)                the same, with other.as_str() for the bytes
+///
+/// No byte outside the data is read. Of a number that the data ends in, the missing bytes are zero; a string or
+/// buffer that claims more than there is ends with the data. A length moves the position by as much as it says, in
+/// 32 bits: one near 4 GiB leads back, so that a loop until `at_end` over data of strangers counts what it reads.
+#pragma once
+
+#include <bit>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "orva/export.hpp"
+#include "orva/generic/convert/byte_order.hpp"
+#include "orva/serialization/stored_buffer.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_2_18::serialization {
+
+/// Final, and its small operations inline: where the class is known, an append or a read costs no virtual call.
+class ORVA_API serialize_binary_buf final : public stored_buffer {
+ public:
+  serialize_binary_buf() noexcept = default;
+  serialize_binary_buf(const serialize_binary_buf&) = default;
+  serialize_binary_buf(serialize_binary_buf&&) noexcept = default;
+  /// Takes the bytes of a buffer of any class, and begins to read at the first.
+  explicit serialize_binary_buf(const serialize_buffer& other) : stored_buffer(other.as_str()) {}
+  explicit serialize_binary_buf(std::string data) : stored_buffer(std::move(data)) {}
+  ~serialize_binary_buf() override;
+
+  /// From a binary buffer takes data and read position; from anything else as `assign`.
+  serialize_binary_buf& operator=(const serialize_binary_buf&) = default;
+  serialize_binary_buf& operator=(serialize_binary_buf&&) noexcept = default;
+  using serialize_buffer::operator=;
+
+  void append_int8(const signed char& value) override { append_number(value); }
+  void append_int16(const short& value) override { append_number(value); }
+  void append_int32(const types::int32& value) override { append_number(value); }
+  void append_int64(const long long& value) override { append_number(value); }
+  void append_uint8(const unsigned char& value) override { append_number(value); }
+  void append_uint16(const unsigned short& value) override { append_number(value); }
+  void append_uint32(const types::uint32& value) override { append_number(value); }
+  void append_uint64(const unsigned long long& value) override { append_number(value); }
+  void append_float(const float& value, const types::uint32&) override { append_number(value); }
+  void append_double(const double& value, const types::uint32&) override { append_number(value); }
+  void append_string(const std::string& text) override;
+  void append_buffer(const serialize_buffer& other) override { append_string(other.as_str()); }
+
+  signed char read_int8() const override { return read_number<signed char>(); }
+  short read_int16() const override { return read_number<short>(); }
+  types::int32 read_int32() const override { return read_number<types::int32>(); }
+  long long read_int64() const override { return read_number<long long>(); }
+  unsigned char read_uint8() const override { return read_number<unsigned char>(); }
+  unsigned short read_uint16() const override { return read_number<unsigned short>(); }
+  types::uint32 read_uint32() const override { return read_number<types::uint32>(); }
+  unsigned long long read_uint64() const override { return read_number<unsigned long long>(); }
+  float read_float() const override { return read_number<float>(); }
+  double read_double() const override { return read_number<double>(); }
+  std::string read_string() override { return std::string(read_bytes().value_or(std::string_view())); }
+  /// Null at the end of the data, also where only the length is left: an empty buffer at the very end reads as null, and
+  /// as an empty buffer anywhere else.
+  serialize_binary_buf* read_buffer() const override;
+
+  serialize_binary_buf* create() const override;
+  serialize_binary_buf* clone() const override;
+
+ private:
+  template <typename Number>
+  void append_number(const Number& value) {
+    const auto bytes = generic::convert::_private::to_bytes<std::endian::little>(value);
+    append({bytes.data(), bytes.size()});
+  }
+
+  template <typename Number>
+  Number read_number() const {
+    if (at_end()) return 0;
+    const std::string_view rest = std::string_view(as_str()).substr(position());
+    position() += types::uint32{sizeof(Number)};
+    return generic::convert::_private::read_bytes<Number, std::endian::little>(rest.data(), rest.size());
+  }
+
+  /// The bytes of a string or buffer; nothing at the end of the data.
+  std::optional<std::string_view> read_bytes() const {
+    const auto length = read_number<types::uint32>();
+    if (at_end()) return std::nullopt;
+    const std::string_view bytes = std::string_view(as_str()).substr(position(), length);
+    position() += length;
+    return bytes;
+  }
+};
+
+}  // namespace ORVA_2_18::serialization

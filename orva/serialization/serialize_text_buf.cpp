@@ -1,0 +1,144 @@
+#include "orva/serialization/serialize_text_buf.hpp"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <locale>
+#include <sstream>
+#include <system_error>
+
+#include "orva/generic/abilities/alloc_detection_ability.hpp"
+#include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/serialization/text_items.hpp"
+#include "orva/types/radix.hpp"
+
+namespace ORVA_2_18::serialization {
+
+namespace convert = generic::convert;
+using _private::separator;
+using generic::abilities::create_dynamic;
+
+namespace {
+
+/// A number with its separator, put together where it costs no allocation.
+class number_item {
+ public:
+  explicit number_item(unsigned long long value) {
+    convert::ulltoa(value, units_.data(), types::radix_t::decimal);
+    close();
+  }
+  explicit number_item(long long value) {
+    convert::lltoa(value, units_.data(), types::radix_t::decimal);
+    close();
+  }
+
+  operator std::string_view() const { return {units_.data(), length_}; }
+
+ private:
+  /// The separator takes the terminator's place.
+  void close() {
+    length_ = std::char_traits<char>::length(units_.data());
+    units_[length_++] = separator;
+  }
+
+  std::array<char, convert::number_buffer_size> units_;
+  std::size_t length_ = 0;
+};
+
+/// No value has more significant digits than this; more change nothing, and some streams go wrong over them.
+constexpr types::uint32 most_digits = 800;
+
+/// What a floating value is by definition: the text that a stream of the global locale writes.
+template <typename Floating>
+std::string written_by_stream(Floating value, types::uint32 precision) {
+  std::ostringstream stream;
+  stream.precision(static_cast<std::streamsize>(precision));
+  stream << value;
+  return stream.str();
+}
+
+/// No text at all is 0; the readers take a length of 0 for something else.
+template <auto read>
+auto read_integer(std::string_view text) {
+  using integer = decltype(read(text.data(), text.size(), types::radix_t::prefix, false));
+  return text.empty() ? integer{0} : read(text.data(), text.size(), types::radix_t::prefix, false);
+}
+
+}  // namespace
+
+serialize_text_buf::~serialize_text_buf() = default;
+
+void serialize_text_buf::append_signed(long long value) { append(number_item(value)); }
+void serialize_text_buf::append_unsigned(unsigned long long value) { append(number_item(value)); }
+
+template <typename Floating>
+void serialize_text_buf::append_floating(Floating value, types::uint32 precision) {
+  precision = std::min(precision, most_digits);
+  if (std::locale() != std::locale::classic()) return append(written_by_stream(value, precision) + separator);
+  // Up to the digits there are a sign, a point, and zeros behind it or an exponent.
+  std::array<char, most_digits + 32> units;
+  const auto written = std::to_chars(units.data(), units.data() + units.size() - 1, value,
+                                     std::chars_format::general, static_cast<int>(precision));
+  *written.ptr = separator;
+  append({units.data(), static_cast<std::size_t>(written.ptr - units.data()) + 1});
+}
+
+void serialize_text_buf::append_float(const float& value, const types::uint32& precision) {
+  append_floating(value, precision);
+}
+void serialize_text_buf::append_double(const double& value, const types::uint32& precision) {
+  append_floating(value, precision);
+}
+
+void serialize_text_buf::append_string(const std::string& text) {
+  const number_item length(static_cast<unsigned long long>(text.size()));
+  append(length, text, {&separator, 1});
+}
+
+std::string_view serialize_text_buf::take_number() const {
+  return _private::take_number(as_str(), position());
+}
+
+signed char serialize_text_buf::read_int8() const {
+  return read_integer<convert::str_to_int8<char>>(take_number());
+}
+short serialize_text_buf::read_int16() const {
+  return read_integer<convert::str_to_int16<char>>(take_number());
+}
+types::int32 serialize_text_buf::read_int32() const {
+  return read_integer<convert::str_to_int32<char>>(take_number());
+}
+long long serialize_text_buf::read_int64() const {
+  return read_integer<convert::str_to_int64<char>>(take_number());
+}
+unsigned char serialize_text_buf::read_uint8() const {
+  return read_integer<convert::str_to_uint8<char>>(take_number());
+}
+unsigned short serialize_text_buf::read_uint16() const {
+  return read_integer<convert::str_to_uint16<char>>(take_number());
+}
+types::uint32 serialize_text_buf::read_uint32() const {
+  return read_integer<convert::str_to_uint32<char>>(take_number());
+}
+unsigned long long serialize_text_buf::read_uint64() const {
+  return read_integer<convert::str_to_uint64<char>>(take_number());
+}
+float serialize_text_buf::read_float() const { return convert::str_to_float(take_number()); }
+double serialize_text_buf::read_double() const { return convert::str_to_double(take_number()); }
+
+std::string_view serialize_text_buf::read_bytes() const {
+  if (position() == past_end) return {};
+  const types::int32 length = read_int32();
+  return _private::take_bytes(as_str(), position(), length);
+}
+
+serialize_text_buf* serialize_text_buf::read_buffer() const {
+  return create_dynamic<serialize_text_buf>(std::string(read_bytes()));
+}
+
+serialize_text_buf* serialize_text_buf::create() const { return create_dynamic<serialize_text_buf>(); }
+
+serialize_text_buf* serialize_text_buf::clone() const { return create_dynamic<serialize_text_buf>(*this); }
+
+}  // namespace ORVA_2_18::serialization

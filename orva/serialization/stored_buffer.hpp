@@ -1,0 +1,93 @@
+/// `stored_buffer`: what the binary and the text form have in common, the data as one byte string and the read
+/// position in it.
+///
+/// The position has 32 bits on every platform and wraps, and the data ends one byte before the position that marks a
+/// reader which ran out of data: no position of the data is ever the mark.
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "orva/export.hpp"
+#include "orva/serialization/serialize_buffer.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_2_18::serialization {
+
+class ORVA_API stored_buffer : public serialize_buffer {
+ public:
+  /// The read position of a reader that has passed the end.
+  static constexpr types::uint32 past_end = 0xFFFFFFFF;
+  /// The longest data; anything longer throws `std::length_error`, "string too long".
+  static constexpr std::size_t max_size = past_end - 1;
+
+  serialize_buffer& assign(const char* data, int length) override;
+  serialize_buffer& assign(const std::string& data) override;
+  serialize_buffer& assign(const serialize_buffer& other) override;
+  const std::string& as_str() const override { return data_; }
+
+  /// No test for the mark: it lies behind the longest data.
+  bool at_end() const override { return position_ >= data_.size(); }
+  void reset_read() const override { position_ = 0; }
+
+ protected:
+  stored_buffer() noexcept = default;
+  explicit stored_buffer(std::string data) : data_(std::move(data)) { require_room(0); }
+  /// Copies take the read position over.
+  stored_buffer(const stored_buffer&) = default;
+  /// The source is left empty, at its beginning.
+  stored_buffer(stored_buffer&& other) noexcept
+      : serialize_buffer(other), data_(std::move(other.data_)), position_(other.position_) {
+    other.clear();
+  }
+  stored_buffer& operator=(const stored_buffer& other) {
+    data_ = other.data_;
+    position_ = other.position_;
+    return *this;
+  }
+  stored_buffer& operator=(stored_buffer&& other) noexcept {
+    if (this == &other) return *this;
+    data_ = std::move(other.data_);
+    position_ = other.position_;
+    other.clear();
+    return *this;
+  }
+
+  types::uint32& position() const noexcept { return position_; }
+
+  void append(std::string_view bytes) {
+    require_room(bytes.size());
+    data_.append(bytes.data(), bytes.size());
+  }
+
+  /// Appends all three or nothing. `bytes` may be the data itself.
+  void append(std::string_view head, const std::string& bytes, std::string_view tail) {
+    const std::size_t length = head.size() + bytes.size() + tail.size();
+    std::array<char, 128> item;
+    if (length > item.size()) return append_long(head, bytes, tail);
+    char* end = std::copy(head.begin(), head.end(), item.data());
+    end = std::copy(bytes.begin(), bytes.end(), end);
+    std::copy(tail.begin(), tail.end(), end);
+    append({item.data(), length});
+  }
+
+ private:
+  void require_room(std::size_t more) const {
+    if (data_.size() > max_size || more > max_size - data_.size()) refuse();
+  }
+  [[noreturn]] static void refuse();
+  void append_long(std::string_view head, const std::string& bytes, std::string_view tail);
+  void clear() noexcept {
+    data_.clear();
+    position_ = 0;
+  }
+
+  std::string data_;
+  mutable types::uint32 position_ = 0;
+};
+
+}  // namespace ORVA_2_18::serialization
