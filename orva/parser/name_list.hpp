@@ -1,4 +1,4 @@
-/// The two collections of names that an `xml_parser` keeps while it walks a document. Not for use on their own.
+/// The collections of names that the parsers keep while they walk a document. Not for use on their own.
 ///
 /// Both keep the memory of some names that were taken off for the names that follow, since a document opens and
 /// closes elements by the thousand. One object belongs to one thread.

@@ -1,0 +1,197 @@
+// The file behind the streaming parser: what it may be, and what may happen to it between two calls.
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "orva/parser/xml_stream_parser.hpp"
+#include "orva/strings/unicode.hpp"
+#include "tests/support/temporary_directory.hpp"
+#include "tests/support/xml_stream_file.hpp"
+#include "tests/support/xml_stream_transcript.hpp"
+
+namespace {
+
+using ORVA_2_18::parser::xml_stream_parser;
+using orva_test::read_all;
+using orva_test::temporary_directory;
+using orva_test::xml_stream_file;
+namespace strings = ORVA_2_18::strings;
+
+constexpr std::string_view small = "<?xml version='1.0' encoding='UTF-8'?><r><a/><a/></r>";
+
+/// Some windows of records.
+std::string large_document() {
+  std::string text = "<?xml version='1.0' encoding='UTF-8'?><r>";
+  while (text.size() < 300'000) text += "<a name='value'>text</a>";
+  return text + "</r>";
+}
+
+std::size_t count_nodes(xml_stream_parser& parser) {
+  std::size_t nodes = 0;
+  parser.parse();
+  for (; !parser.node_queue_empty(); ++nodes) parser.node_queue_pop();
+  return nodes;
+}
+
+TEST(xml_stream_parser_file, that_is_missing_cannot_be_opened) {
+  const temporary_directory directory;
+  xml_stream_parser parser(directory.file("missing.xml"), 1);
+  EXPECT_EQ(parser.error(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(parser.file_length(), -1);
+  EXPECT_EQ(parser.parse_offset(), 0);
+  EXPECT_TRUE(parser.node_queue_empty());
+}
+
+TEST(xml_stream_parser_file, that_is_a_directory_or_has_no_name_cannot_be_opened) {
+  const temporary_directory directory;
+  EXPECT_EQ(xml_stream_parser(directory.name(), 1).error(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(xml_stream_parser("", 1).error(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(xml_stream_parser(directory.file(std::string(5000, 'x')), 1).error(),
+            xml_stream_parser::cannot_open_file);
+  const std::string with_zero = directory.write("name", small) + std::string(1, '\0');
+  EXPECT_EQ(xml_stream_parser(with_zero, 1).error(), xml_stream_parser::cannot_open_file);
+}
+
+// Its status cannot be asked for, which is no reason to throw.
+TEST(xml_stream_parser_file, behind_a_circle_of_links_cannot_be_opened) {
+  const temporary_directory directory;
+  std::filesystem::create_symlink("circle", directory.file("circle"));
+  xml_stream_parser parser(directory.file("circle/feed.xml"), 1);
+  EXPECT_EQ(parser.error(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(parser.file_length(), -1);
+}
+
+TEST(xml_stream_parser_file, that_is_a_symbolic_link_is_a_fatal_error) {
+  const xml_stream_file file(small);
+  file.swap_for_link();
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.error(), xml_stream_parser::fatal_error);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);
+  EXPECT_EQ(parser.file_length(), -1);
+}
+
+TEST(xml_stream_parser_file, below_a_linked_directory_is_read) {
+  const temporary_directory directory;
+  directory.write("real/feed.xml", small);
+  std::filesystem::create_directory_symlink("real", directory.file("linked"));
+  xml_stream_parser parser(directory.file("linked/feed.xml"), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
+}
+
+TEST(xml_stream_parser_file, is_named_in_any_width) {
+  const temporary_directory directory;
+  const strings::ustring8 path = directory.write("\xC3\xA4\xE2\x82\xAC.xml", small);
+  EXPECT_EQ(xml_stream_parser(path, 1).error(), xml_stream_parser::no_error);
+  EXPECT_EQ(xml_stream_parser(path.c_str(), 1).error(), xml_stream_parser::no_error);
+  EXPECT_EQ(xml_stream_parser(std::string(path), 1).error(), xml_stream_parser::no_error);
+  EXPECT_EQ(xml_stream_parser(strings::utf8_to_utf16(path), 1).error(), xml_stream_parser::no_error);
+  EXPECT_EQ(xml_stream_parser(strings::utf8_to_utf32(path), 1).error(), xml_stream_parser::no_error);
+  const strings::wide_string wide = strings::utf8_to_utf16(path);
+  EXPECT_EQ(xml_stream_parser(wide, 1).error(), xml_stream_parser::no_error);
+}
+
+TEST(xml_stream_parser_file, length_is_that_of_the_moment_and_offset_reaches_it) {
+  const xml_stream_file file(small);
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.file_length(), static_cast<long long>(small.size()));
+  EXPECT_EQ(parser.parse_offset(), 0);
+  parser.parse();
+  EXPECT_EQ(parser.parse_offset(), parser.file_length());
+  file.append("behind");
+  EXPECT_EQ(parser.file_length(), static_cast<long long>(small.size()) + 6);
+}
+
+TEST(xml_stream_parser_file, offset_never_goes_back) {
+  const xml_stream_file file(large_document());
+  xml_stream_parser parser(file.path(), 1);
+  parser.parse();
+  long long last = 0;
+  while (!parser.node_queue_empty()) {
+    parser.node_queue_pop();
+    ASSERT_GE(parser.parse_offset(), last);
+    last = parser.parse_offset();
+  }
+  EXPECT_EQ(last, parser.file_length());
+}
+
+TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_error) {
+  const xml_stream_file file(small);
+  xml_stream_parser fresh(file.path(), 1);
+  file.swap_for_link();
+  EXPECT_EQ(fresh.parse(), xml_stream_parser::fatal_error);
+
+  const xml_stream_file longer(large_document());
+  xml_stream_parser parser(longer.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
+  longer.swap_for_link();
+  // What is in the queue can be taken, and what one more round finds in the window; then the next read is refused.
+  EXPECT_EQ(count_nodes(parser), 202u);
+  EXPECT_EQ(parser.error(), xml_stream_parser::fatal_error);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);
+}
+
+TEST(xml_stream_parser_file, put_behind_a_link_is_not_read_by_recover) {
+  const xml_stream_file file("<?xml version='1.0' encoding='UTF-8'?><r><a></b>" + std::string(70'000, ' ') +
+                             "<a/></r>");
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::mismatched_tag);
+  file.swap_for_link();
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::fatal_error);
+}
+
+TEST(xml_stream_parser_file, deleted_between_two_reads_cannot_be_opened) {
+  const xml_stream_file file(large_document());
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
+  file.remove();
+  count_nodes(parser);
+  EXPECT_EQ(parser.error(), xml_stream_parser::cannot_open_file);
+  EXPECT_EQ(parser.file_length(), -1);
+}
+
+TEST(xml_stream_parser_file, cut_between_two_reads_ends_where_the_window_ends) {
+  const xml_stream_file file(large_document());
+  xml_stream_parser parser(file.path(), 1);
+  parser.parse();
+  file.truncate(1000);
+  EXPECT_GT(count_nodes(parser), 2000u);
+  EXPECT_LE(parser.error(), xml_stream_parser::incomplete);
+  EXPECT_LE(parser.parse_offset(), 0x10000 + 0x1000);
+  EXPECT_EQ(parser.file_length(), 1000);
+  EXPECT_LE(parser.parse(), xml_stream_parser::incomplete);
+}
+
+TEST(xml_stream_parser_file, grown_between_two_reads_is_read_on) {
+  const std::string document = large_document();
+  for (const std::size_t size : {20u, 60u, 100u, 65'536u, 65'537u, 200'001u}) {
+    const xml_stream_file file(std::string_view(document).substr(0, size));
+    xml_stream_parser parser(file.path(), 1);
+    auto nodes = count_nodes(parser);
+    EXPECT_LE(parser.error(), xml_stream_parser::incomplete);
+    file.append(std::string_view(document).substr(size));
+    nodes += count_nodes(parser);
+    EXPECT_EQ(parser.error(), xml_stream_parser::end_of_document);
+    const xml_stream_file whole(document);
+    xml_stream_parser at_once(whole.path(), 1);
+    EXPECT_EQ(nodes, count_nodes(at_once));
+  }
+}
+
+TEST(xml_stream_parser_file, grown_byte_by_byte_ends_with_its_root) {
+  const std::string document =
+      "<?xml version='1.0' encoding='UTF-8'?><r x='&amp;'><!-- c --><a>t&#65;</a ><b></b></r >";
+  const xml_stream_file file;
+  xml_stream_parser parser(file.path(), 1);
+  for (const char byte : document) {
+    EXPECT_LE(parser.parse(), xml_stream_parser::incomplete);
+    file.append(std::string(1, byte));
+  }
+  EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
+  EXPECT_EQ(parser.node_queue_size(), 4u);
+}
+
+}  // namespace

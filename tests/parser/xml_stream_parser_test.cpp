@@ -1,0 +1,578 @@
+#include "orva/parser/xml_stream_parser.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <list>
+#include <string>
+#include <string_view>
+#include <type_traits>
+#include <vector>
+
+#include "tests/support/xml_stream_file.hpp"
+#include "tests/support/xml_stream_transcript.hpp"
+
+namespace {
+
+using ORVA_2_18::parser::xml_stream_parser;
+using orva_test::describe_node;
+using orva_test::read_all;
+using orva_test::take_all;
+using orva_test::transcript;
+using orva_test::xml_stream_file;
+using error_type = xml_stream_parser::error_type;
+
+constexpr std::string_view header = "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>";
+
+/// A parser and its file, which holds the header and a text.
+struct feed {
+  explicit feed(std::string_view text, unsigned open_depth = 1)
+      : file(std::string(header).append(text)), parser(file.path(), open_depth) {}
+
+  transcript nodes() {
+    transcript seen;
+    parser.parse();
+    take_all(parser, seen);
+    return seen;
+  }
+
+  xml_stream_file file;
+  xml_stream_parser parser;
+};
+
+TEST(xml_stream_parser, open_level_is_told_at_its_start_and_its_end_and_records_once_closed) {
+  xml_stream_file file("<?xml?><r><a x=\"1\"><b>t</b></a><a/></r>            ");
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
+  transcript seen;
+  take_all(parser, seen);
+  EXPECT_EQ(seen,
+            (transcript{"r #1<0 status 1 line 1", "a #2<1 status 0 line 1 x=\"1\"",
+                        "b #3<2 status 0 line 1 [t]", "a #4<1 status 0 line 1", "r #1<0 status 3 line 1"}));
+  EXPECT_EQ(parser.error(), xml_stream_parser::end_of_document);
+  EXPECT_EQ(parser.root(), "r");
+}
+
+TEST(xml_stream_parser, documentation_example) {
+  xml_stream_file file("<?xml?><r><a x=\"1\"><b>t</b></a><c/></r>              ");
+  xml_stream_parser parser(file.path(), 1);
+  parser.parse();
+  transcript seen;
+  while (!parser.node_queue_empty()) seen.push_back(describe_node(parser.node_queue_pop()));
+  EXPECT_EQ(seen,
+            (transcript{"r #1<0 status 1 line 1", "a #2<1 status 0 line 1 x=\"1\"",
+                        "b #3<2 status 0 line 1 [t]", "c #4<1 status 0 line 1", "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser, second_open_level_is_told_at_its_start_and_its_end) {
+  feed two("<r><s><a><b/></a></s></r>", 2);
+  EXPECT_EQ(two.nodes(),
+            (transcript{"r #1<0 status 1 line 1", "s #2<1 status 1 line 1", "a #3<2 status 0 line 1",
+                        "b #4<3 status 0 line 1", "s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser, without_open_levels_the_whole_document_is_one_record_that_never_ends) {
+  feed whole("<r><a/></r>", 0);
+  EXPECT_EQ(whole.nodes(), (transcript{"r #1<0 status 0 line 1", "a #2<1 status 0 line 1"}));
+  EXPECT_EQ(whole.parser.error(), xml_stream_parser::no_error);
+  EXPECT_EQ(whole.parser.root(), "");
+}
+
+TEST(xml_stream_parser, open_node_has_its_attributes) {
+  feed open("<r a='1' b='2'><a/></r>");
+  EXPECT_EQ(open.nodes().front(), "r #1<0 status 1 line 1 a=\"1\" b=\"2\"");
+}
+
+struct outcome {
+  std::string_view name;
+  std::string_view text;
+  error_type error;
+};
+
+void PrintTo(const outcome& row, std::ostream* out) { *out << row.text; }
+
+class xml_stream_parser_grammar : public ::testing::TestWithParam<outcome> {};
+
+TEST_P(xml_stream_parser_grammar, ends_with) {
+  feed text(GetParam().text);
+  read_all(text.parser);
+  EXPECT_EQ(text.parser.error(), GetParam().error) << GetParam().text;
+}
+
+TEST_P(xml_stream_parser_grammar, parsing_again_ends_the_same_at_the_same_place) {
+  feed text(GetParam().text);
+  const auto first = read_all(text.parser);
+  const auto second = read_all(text.parser);
+  EXPECT_EQ(second, transcript{first.back()});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    table, xml_stream_parser_grammar,
+    ::testing::ValuesIn(std::vector<outcome>{
+        {"root", "<r></r>", xml_stream_parser::end_of_document},
+        {"blanks_around_names", "< r\n>< a x='1' /></ r \n>", xml_stream_parser::end_of_document},
+        {"blanks_behind_the_equals", "<r x= '1'></r>", xml_stream_parser::end_of_document},
+        {"attributes_without_blank_between", "<r x='1'y='2'></r>", xml_stream_parser::end_of_document},
+        {"name_of_digits", "<1 _2='3'></1>", xml_stream_parser::end_of_document},
+        {"name_of_other_letters", "<\xC3\xA4></\xC3\xA4>", xml_stream_parser::end_of_document},
+        {"other_quote_in_value", "<r x='\"' y=\"'\"></r>", xml_stream_parser::end_of_document},
+        {"bracket_in_value", "<r x='>'></r>", xml_stream_parser::end_of_document},
+        {"bracket_in_text", "<r><a>x > y</a></r>", xml_stream_parser::end_of_document},
+        {"slash_in_text", "<r><a>/x/</a></r>", xml_stream_parser::end_of_document},
+        {"comments_anywhere", "<!--a--><r><!----><a><!-- - --></a><!--\n--></r>",
+         xml_stream_parser::end_of_document},
+        {"behind_the_root_nothing_is_read", "<r></r><r><x y></wrong>", xml_stream_parser::end_of_document},
+        {"include_closed_at_once", "<r><include/></r>", xml_stream_parser::end_of_document},
+        {"include_within_a_record", "<r><a><include></include></a></r>", xml_stream_parser::end_of_document},
+        {"nothing_behind_the_header", "", xml_stream_parser::no_error},
+        {"blanks_behind_the_header", " \n ", xml_stream_parser::no_error},
+        {"ends_between_tokens", "<r><a/>", xml_stream_parser::no_error},
+        {"ends_in_front_of_a_bracket", "<r><a", xml_stream_parser::incomplete},
+        {"ends_behind_a_blank_in_a_tag", "<r><a ", xml_stream_parser::no_error},
+        {"ends_behind_a_slash", "<r><a/", xml_stream_parser::no_error},
+        {"ends_in_an_attribute_name", "<r><a x", xml_stream_parser::incomplete},
+        {"ends_behind_the_equals", "<r><a x=", xml_stream_parser::incomplete},
+        {"ends_in_a_value", "<r><a x='1", xml_stream_parser::incomplete},
+        {"ends_in_an_empty_value", "<r><a x='", xml_stream_parser::incomplete},
+        {"ends_in_an_entity", "<r><a x='&am", xml_stream_parser::incomplete},
+        {"ends_in_a_reference", "<r><a>&#x41", xml_stream_parser::incomplete},
+        {"ends_in_text", "<r><a>text", xml_stream_parser::incomplete},
+        {"ends_in_text_of_the_root", "<r>text", xml_stream_parser::incomplete},
+        {"ends_in_an_opener", "<r><", xml_stream_parser::incomplete},
+        {"ends_in_a_comment_opener", "<r><!-", xml_stream_parser::incomplete},
+        {"ends_in_a_comment", "<r><!-- x", xml_stream_parser::incomplete},
+        {"ends_with_a_comment", "<r><!-- x -->", xml_stream_parser::incomplete},
+        {"ends_in_an_end_tag", "<r></", xml_stream_parser::incomplete},
+        {"ends_in_the_end_tag_of_the_root", "<r></r", xml_stream_parser::incomplete},
+        {"ends_behind_the_name_of_the_root", "<r></r ", xml_stream_parser::no_error},
+        {"end_tag_without_a_name", "<r></></r>", xml_stream_parser::incomplete},
+        {"wrong_end_of_a_record", "<r><a></b></r>", xml_stream_parser::mismatched_tag},
+        {"wrong_end_of_the_root", "<r></s>", xml_stream_parser::mismatched_tag},
+        {"end_without_a_start", "</r>", xml_stream_parser::mismatched_tag},
+        {"open_level_closed_by_a_slash", "<r/><a></a>", xml_stream_parser::mismatched_tag},
+        {"include_in_place_of_an_open_level", "<include></include>", xml_stream_parser::mismatched_tag},
+        {"attribute_twice", "<r><a x='1' x='2'/></r>", xml_stream_parser::duplicate_attribute},
+        {"attribute_of_the_root_twice", "<r x='1' y='' x='2'></r>", xml_stream_parser::duplicate_attribute},
+        {"text_in_front_of_the_root", "text<r></r>", xml_stream_parser::unexpected_character},
+        {"text_in_the_root", "<r>text</r>", xml_stream_parser::unexpected_character},
+        {"bracket_at_the_start_of_text", "<r><a>></a></r>", xml_stream_parser::unexpected_character},
+        {"tag_in_a_tag", "<r><a <b/></a></r>", xml_stream_parser::unexpected_character},
+        {"start_tag_without_a_name", "<r><></r>", xml_stream_parser::unexpected_character},
+        {"slash_without_a_bracket", "<r><a / ></r>", xml_stream_parser::unexpected_character},
+        {"opening_bracket_in_a_value", "<r x='<'></r>", xml_stream_parser::unexpected_character},
+        {"attribute_without_a_name", "<r ='1'></r>", xml_stream_parser::unexpected_character},
+        {"unknown_entity", "<r><a>&foo;</a></r>", xml_stream_parser::unexpected_character},
+        {"entity_gone_wrong", "<r><a>&ltx;</a></r>", xml_stream_parser::unexpected_character},
+        {"upper_case_reference", "<r><a>&#X41;</a></r>", xml_stream_parser::unexpected_character},
+        {"letter_in_a_reference", "<r><a>&#6A;</a></r>", xml_stream_parser::unexpected_character},
+        {"two_hyphens_in_a_comment", "<r><!-- a -- b --></r>", xml_stream_parser::unexpected_character},
+        {"three_hyphens_ending_a_comment", "<r><!-- a ---></r>", xml_stream_parser::unexpected_character},
+        {"processing_instruction", "<?pi?><r></r>", xml_stream_parser::unexpected_character},
+        {"document_type", "<!DOCTYPE r><r></r>", xml_stream_parser::unexpected_character},
+        {"character_data_in_the_root", "<r><![CDATA[x]]></r>", xml_stream_parser::unexpected_character},
+        {"namespace", "<r><a:b/></r>", xml_stream_parser::unexpected_character},
+        {"value_without_quotes", "<r x=1></r>", xml_stream_parser::missing_quote},
+        {"blanks_around_the_equals", "<r x = '1'></r>", xml_stream_parser::missing_equals},
+        {"attribute_without_a_value", "<r x></r>", xml_stream_parser::missing_equals},
+        {"reference_above_255", "<r><a>&#256;</a></r>", xml_stream_parser::fatal_error},
+    }),
+    [](const auto& row) { return std::string(row.param.name); });
+
+struct expansion {
+  std::string_view text;
+  std::string_view value;
+};
+
+TEST(xml_stream_parser, entities_and_references_are_expanded_in_texts_and_values) {
+  using namespace std::string_view_literals;
+  for (const auto& [text, value] : std::vector<expansion>{{"&lt;"sv, "<"sv},
+                                                          {"&gt;"sv, ">"sv},
+                                                          {"&amp;"sv, "&"sv},
+                                                          {"&apos;"sv, "'"sv},
+                                                          {"&quot;"sv, "\""sv},
+                                                          {"&nbsp;"sv, " "sv},
+                                                          {"&#65;"sv, "A"sv},
+                                                          {"&#x4a;&#x4A;"sv, "JJ"sv},
+                                                          {"&#233;"sv, "\xE9"sv},
+                                                          {"&#;"sv, "\0"sv},
+                                                          {"&#0000000000000000065;"sv, "A"sv},
+                                                          {"a&amp;lt;b"sv, "a&lt;b"sv},
+                                                          {"\xC3\xA9 ]]"sv, "\xC3\xA9 ]]"sv}}) {
+    feed both("<r><a x='" + std::string(text) + "'>" + std::string(text) + "</a></r>");
+    both.parser.parse();
+    both.parser.node_queue_pop();
+    const auto node = both.parser.node_queue_pop();
+    EXPECT_EQ(node.data(), value);
+    EXPECT_EQ(node.attribs().front().second, value);
+  }
+}
+
+TEST(xml_stream_parser, values_are_not_normalised) {
+  feed value("<r><a x=' \n\t '/></r>");
+  value.parser.parse();
+  value.parser.node_queue_pop();
+  EXPECT_EQ(value.parser.node_queue_pop().attribs().front().second, " \n\t ");
+}
+
+TEST(xml_stream_parser, last_run_of_text_in_an_element_replaces_the_others) {
+  feed text("<r><a>one<b>two</b>three</a></r>");
+  EXPECT_EQ(text.nodes()[1], "a #2<1 status 0 line 1 [three]");
+}
+
+TEST(xml_stream_parser, text_loses_leading_white_space_and_keeps_trailing) {
+  feed text("<r><a> \n one \n </a></r>");
+  text.parser.parse();
+  text.parser.node_queue_pop();
+  EXPECT_EQ(text.parser.node_queue_pop().data(), "one \n ");
+}
+
+TEST(xml_stream_parser, character_data_in_a_record_is_text_with_its_mark) {
+  feed text("<r><a><![CDATA[x]]></a></r>");
+  EXPECT_EQ(text.nodes()[1], "a #2<1 status 0 line 1 [![CDATA[x]]>]");
+}
+
+TEST(xml_stream_parser, words_behind_the_name_of_an_end_tag_are_text_of_the_element_around_it) {
+  feed text("<r><a><b></b x></a></r>");
+  EXPECT_EQ(text.nodes()[1], "a #2<1 status 0 line 1 [x>]");
+}
+
+TEST(xml_stream_parser, open_level_with_the_name_of_the_root_ends_the_document) {
+  feed nested("<r><r></r></r>", 2);
+  EXPECT_EQ(nested.nodes().back(), "r #2<0 status 3 line 1");
+  EXPECT_EQ(nested.parser.error(), xml_stream_parser::end_of_document);
+}
+
+TEST(xml_stream_parser, second_open_level_closed_by_a_slash_fails_the_end_around_it) {
+  feed closed("<r><s/><a/></r>", 2);
+  closed.nodes();
+  EXPECT_EQ(closed.parser.error(), xml_stream_parser::mismatched_tag);
+}
+
+TEST(xml_stream_parser, root_closed_by_a_slash_ends_with_an_end_tag_of_its_own) {
+  feed closed("<r/></r>");
+  EXPECT_EQ(closed.nodes(), (transcript{"r #1<0 status 0 line 1", "r #1<0 status 3 line 1"}));
+  EXPECT_EQ(closed.parser.error(), xml_stream_parser::end_of_document);
+}
+
+// Lines.
+
+TEST(xml_stream_parser, lines_count_between_tokens_within_tags_and_in_comments) {
+  feed lines("\n<r\nx=\n'1'\n>\n<!--\n\n--><a\n/></r\n>");
+  lines.parser.parse();
+  EXPECT_EQ(lines.parser.node_queue_pop().line(), 2u);
+  EXPECT_EQ(lines.parser.node_queue_pop().line(), 8u);
+  EXPECT_EQ(lines.parser.node_queue_pop().line(), 9u);
+  EXPECT_EQ(lines.parser.line(), 10u);
+}
+
+TEST(xml_stream_parser, lines_in_texts_and_values_and_the_header_do_not_count) {
+  xml_stream_file file("<?xml\nversion='1.0'\nencoding='UTF-8'\n?><r x='\n\n'><a>text\n\n</a></r>");
+  xml_stream_parser parser(file.path(), 1);
+  parser.parse();
+  EXPECT_EQ(parser.line(), 1u);
+}
+
+TEST(xml_stream_parser, lines_in_front_of_the_header_count) {
+  xml_stream_file file("\n\n    <?xml version='1.0' encoding='UTF-8'?>\n<r></r>\n");
+  xml_stream_parser parser(file.path(), 1);
+  parser.parse();
+  EXPECT_EQ(parser.node_queue_front().line(), 4u);
+}
+
+// The header.
+
+TEST(xml_stream_parser, file_of_less_than_50_bytes_is_never_parsed) {
+  const std::string document = "<?xml?><r><a></a><a></a><a></a><a></a></r>";
+  for (std::size_t size = document.size(); size < 60; ++size) {
+    xml_stream_file file(document + std::string(size - document.size(), ' '));
+    xml_stream_parser parser(file.path(), 1);
+    const auto expected = size < 50 ? xml_stream_parser::incomplete : xml_stream_parser::end_of_document;
+    EXPECT_EQ(parser.parse(), expected) << size;
+    EXPECT_EQ(parser.parse(), expected) << size;
+    EXPECT_EQ(parser.node_queue_empty(), size < 50) << size;
+  }
+}
+
+TEST(xml_stream_parser, empty_file_gives_no_error_and_no_nodes) {
+  xml_stream_file file;
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
+  EXPECT_TRUE(parser.node_queue_empty());
+}
+
+struct beginning {
+  std::string_view text;
+  error_type error;
+};
+
+TEST(xml_stream_parser, header_is_looked_for_at_the_start) {
+  for (const auto& [text, error] : std::vector<beginning>{
+           {"<?xml?>", xml_stream_parser::end_of_document},
+           {"<?xml>", xml_stream_parser::end_of_document},
+           {"<?xmlanything goes?>", xml_stream_parser::end_of_document},
+           {"<?xml version='1.0'>", xml_stream_parser::end_of_document},
+           {"\xEF\xBB\xBF<?xml?>", xml_stream_parser::end_of_document},
+           {"abc<?xml?>", xml_stream_parser::end_of_document},
+           {"\xEF\xBB\xBF\n<?xml?>", xml_stream_parser::bad_header},
+           {" \r\n\t <?xml?>", xml_stream_parser::end_of_document},
+           {"ab<?xml?>", xml_stream_parser::bad_header},
+           {"", xml_stream_parser::bad_header},
+           {"<?XML?>", xml_stream_parser::bad_header},
+           {"<!-- --><?xml?>", xml_stream_parser::bad_header},
+           // The header ends with the first question mark and whatever is behind it.
+           {"<?xml a='?'?>", xml_stream_parser::unexpected_character},
+       }) {
+    xml_stream_file file(std::string(text) + "<r>" + std::string(50, ' ') + "</r>");
+    xml_stream_parser parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), error) << text;
+    EXPECT_EQ(parser.parse(), error) << text;
+  }
+}
+
+TEST(xml_stream_parser, header_without_an_end_is_incomplete) {
+  for (const char* const text : {"<?xml ", "<?xml version='1.0' ?"}) {
+    const std::string begin(text);
+    xml_stream_file file(begin.ends_with('?') ? std::string(50, ' ') + begin : begin + std::string(50, ' '));
+    xml_stream_parser parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), xml_stream_parser::incomplete);
+    EXPECT_EQ(parser.parse(), xml_stream_parser::incomplete);
+  }
+}
+
+TEST(xml_stream_parser, file_of_blanks_is_a_bad_header) {
+  xml_stream_file file(std::string(100, ' '));
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::bad_header);
+}
+
+// The queue.
+
+TEST(xml_stream_parser, front_and_pop_of_an_empty_queue_throw) {
+  feed empty("<r><a>");
+  EXPECT_THROW(empty.parser.node_queue_front(), xml_stream_parser::EmptyNodeQueue);
+  try {
+    empty.parser.node_queue_pop();
+    FAIL();
+  } catch (const std::exception& thrown) {
+    EXPECT_STREQ(thrown.what(), "empty node queue");
+  }
+  static_assert(std::is_same_v<ORVA_2_18::parser::EmptyNodeQueue, xml_stream_parser::EmptyNodeQueue>);
+}
+
+TEST(xml_stream_parser, front_that_is_still_open_throws_and_stays) {
+  feed open("<r><a>");
+  open.parser.parse();
+  open.parser.node_queue_pop();
+  EXPECT_TRUE(open.parser.node_queue_empty());
+  EXPECT_EQ(open.parser.node_queue_size(), 0u);
+  EXPECT_THROW(open.parser.node_queue_front(), xml_stream_parser::EmptyNodeQueue);
+  open.file.append("<b/></a></r>");
+  open.parser.parse();
+  EXPECT_EQ(open.parser.node_queue_pop().tag(), "a");
+}
+
+TEST(xml_stream_parser, pop_of_a_node_that_is_still_open_throws_and_loses_it) {
+  feed open("<r><a>");
+  open.parser.parse();
+  open.parser.node_queue_pop();
+  EXPECT_THROW(open.parser.node_queue_pop(), xml_stream_parser::EmptyNodeQueue);
+  open.file.append("text<b/></a></r>");
+  EXPECT_EQ(open.nodes(), (transcript{"b #3<2 status 0 line 1", "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser, front_is_what_pop_takes) {
+  feed nodes("<r><a/></r>");
+  nodes.parser.parse();
+  const auto& front = nodes.parser.node_queue_front();
+  EXPECT_EQ(&front, &nodes.parser.node_queue_front());
+  const auto described = describe_node(front);
+  EXPECT_EQ(describe_node(nodes.parser.node_queue_pop()), described);
+}
+
+TEST(xml_stream_parser, popped_node_is_a_value_that_outlives_the_parser) {
+  xml_stream_parser::node copy;
+  EXPECT_EQ(copy.status(), xml_stream_parser::incomplete);
+  EXPECT_FALSE(copy.available());
+  {
+    feed nodes("<r><a x='1'>t</a></r>");
+    nodes.parser.parse();
+    nodes.parser.node_queue_pop();
+    const auto node = nodes.parser.node_queue_pop();
+    copy = node;
+  }
+  EXPECT_EQ(describe_node(copy), "a #2<1 status 0 line 1 x=\"1\" [t]");
+}
+
+std::string records(int count) {
+  std::string text = "<r>";
+  for (int i = 0; i < count; ++i) text += "<a/>";
+  return text + "</r>";
+}
+
+TEST(xml_stream_parser, parse_pauses_behind_a_hundred_nodes) {
+  feed many(records(1000));
+  EXPECT_EQ(many.parser.parse(), xml_stream_parser::no_error);
+  EXPECT_EQ(many.parser.node_queue_size(), 101u);
+  const auto offset = many.parser.parse_offset();
+  EXPECT_EQ(offset, static_cast<long long>(header.size() + 3 + 100 * 4));
+  EXPECT_EQ(many.parser.parse(), xml_stream_parser::no_error);
+  EXPECT_EQ(many.parser.parse_offset(), offset);
+}
+
+TEST(xml_stream_parser, popping_alone_goes_through_the_whole_document) {
+  feed many(records(1000));
+  EXPECT_EQ(many.nodes().size(), 1002u);
+  EXPECT_EQ(many.parser.error(), xml_stream_parser::end_of_document);
+}
+
+TEST(xml_stream_parser, subtree_of_any_size_waits_until_it_is_closed) {
+  std::string text = "<r><a>";
+  for (int i = 0; i < 5000; ++i) text += "<b/>";
+  feed large(text + "</a><a/><a/></r>");
+  large.parser.parse();
+  EXPECT_EQ(large.parser.node_queue_size(), 5002u);
+  EXPECT_EQ(large.nodes().size(), 5005u);
+}
+
+TEST(xml_stream_parser, nodes_in_front_of_an_error_can_be_taken) {
+  feed wrong("<r><a/><a/><b></wrong>");
+  EXPECT_EQ(wrong.nodes().size(), 3u);
+  EXPECT_EQ(wrong.parser.error(), xml_stream_parser::mismatched_tag);
+  EXPECT_EQ(wrong.parser.parse_offset(), static_cast<long long>(header.size() + 14));
+}
+
+// What comes late for a node that was taken goes nowhere, and least of all into freed memory.
+TEST(xml_stream_parser, late_attributes_and_text_of_a_taken_node_are_dropped) {
+  feed late("<r><s a='1' ", 2);
+  late.parser.parse();
+  EXPECT_EQ(late.parser.node_queue_pop().tag(), "r");
+  EXPECT_EQ(late.parser.node_queue_pop().attribs().size(), 1u);
+  late.file.append("b='2' c='3'>text<x></x>");
+  EXPECT_EQ(late.nodes(), (transcript{"x #3<2 status 0 line 1"}));
+  late.file.append("more</s></r>");
+  EXPECT_EQ(late.nodes(), (transcript{"s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser, late_attribute_of_a_taken_node_may_still_come_twice) {
+  feed late("<r a='1' ");
+  late.parser.parse();
+  late.parser.node_queue_pop();
+  late.file.append("a='2'>");
+  EXPECT_EQ(late.parser.parse(), xml_stream_parser::duplicate_attribute);
+}
+
+// Recovery.
+
+constexpr std::string_view damaged = "<r><a n='1'/><a n='2'></b></a>\n<x/><a n='3'/><b n='4'/></r>";
+
+TEST(xml_stream_parser_recover, goes_on_at_the_next_start_tag_of_the_list) {
+  feed broken(damaged);
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
+  EXPECT_EQ(broken.parser.node_queue_size(), 2u);
+  EXPECT_EQ(broken.parser.recover({"a", "b"}), xml_stream_parser::no_error);
+  EXPECT_TRUE(broken.parser.node_queue_empty()) << "the nodes in front of the error are gone";
+  EXPECT_EQ(broken.nodes(), (transcript{"a #4<0 status 0 line 1 n=\"3\"", "b #5<0 status 0 line 1 n=\"4\"",
+                                        "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser_recover, takes_lists_of_strings_of_either_class) {
+  feed with_strings(damaged);
+  with_strings.parser.parse();
+  EXPECT_EQ(with_strings.parser.recover(std::list<std::string>{"x", "b"}), xml_stream_parser::no_error);
+  EXPECT_EQ(with_strings.nodes().front(), "x #4<0 status 0 line 1");
+  feed with_ustrings(damaged);
+  with_ustrings.parser.parse();
+  EXPECT_EQ(with_ustrings.parser.recover(std::list<ORVA_2_18::strings::ustring8>{"b"}),
+            xml_stream_parser::no_error);
+  EXPECT_EQ(with_ustrings.nodes().front(), "b #4<0 status 0 line 1 n=\"4\"");
+}
+
+TEST(xml_stream_parser_recover, that_finds_nothing_lets_parse_refuse_until_one_succeeds) {
+  feed broken(damaged);
+  broken.parser.parse();
+  EXPECT_EQ(broken.parser.recover({"nothing"}), xml_stream_parser::not_synchronized);
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::not_synchronized);
+  broken.file.append("<nothing></nothing></r>");
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::not_synchronized);
+  EXPECT_EQ(broken.parser.recover({"nothing"}), xml_stream_parser::no_error);
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::end_of_document);
+}
+
+TEST(xml_stream_parser_recover, without_names_changes_nothing_but_the_error) {
+  feed broken(damaged);
+  broken.parser.parse();
+  EXPECT_EQ(broken.parser.recover({}), xml_stream_parser::not_synchronized);
+  EXPECT_EQ(broken.parser.node_queue_size(), 2u);
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
+}
+
+TEST(xml_stream_parser_recover, before_a_root_is_known_is_fatal) {
+  feed fresh("<r></r>");
+  EXPECT_EQ(fresh.parser.recover({"r"}), xml_stream_parser::fatal_error);
+  EXPECT_EQ(fresh.parser.parse(), xml_stream_parser::fatal_error);
+}
+
+TEST(xml_stream_parser_recover, does_not_bring_a_fatal_error_back) {
+  feed fatal("<r><a>&#999;</a><a/></r>");
+  EXPECT_EQ(fatal.parser.parse(), xml_stream_parser::fatal_error);
+  EXPECT_EQ(fatal.parser.recover({"a"}), xml_stream_parser::fatal_error);
+}
+
+TEST(xml_stream_parser_recover, malformed_end_reports_not_synchronized) {
+  for (const char* const end : {"<", "<a", "< ", "<\n a", "<<", "<&", "</a", "<!", "<a<"}) {
+    feed broken("<r><b></wrong>" + std::string(end));
+    EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
+    EXPECT_EQ(broken.parser.recover({"a"}),
+              std::string(end) == "<a<" ? xml_stream_parser::no_error : xml_stream_parser::not_synchronized)
+        << end;
+  }
+}
+
+TEST(xml_stream_parser_recover, passes_over_end_tags_comments_and_longer_names) {
+  feed broken("<r><b></wrong></a><!--a--><ab/><<a_/>< \n a n='1'/></r>");
+  broken.parser.parse();
+  EXPECT_EQ(broken.parser.recover({"a"}), xml_stream_parser::no_error);
+  EXPECT_EQ(broken.nodes().front(), "a #3<0 status 0 line 2 n=\"1\"");
+}
+
+TEST(xml_stream_parser_recover, finds_the_start_tag_that_an_unfinished_tag_ran_into) {
+  for (const char* const unfinished : {"<b x='1' ", "<b x='1", "<b>text</b>text", "<b x=1", "<"}) {
+    feed broken("<r>" + std::string(unfinished) + "<a/></r>");
+    EXPECT_GT(broken.parser.parse(), xml_stream_parser::end_of_document) << unfinished;
+    EXPECT_EQ(broken.parser.recover({"a"}), xml_stream_parser::no_error) << unfinished;
+    EXPECT_EQ(broken.nodes().front().substr(0, 2), "a ") << unfinished;
+    EXPECT_EQ(broken.parser.error(), xml_stream_parser::end_of_document) << unfinished;
+  }
+}
+
+TEST(xml_stream_parser_recover, starts_behind_the_place_of_the_error) {
+  feed broken("<r><!-- <a n='1'/> -- <a n='2'/> --><a n='3'/></r>");
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::unexpected_character);
+  broken.parser.recover({"a"});
+  EXPECT_EQ(broken.nodes().front(), "a #2<0 status 0 line 1 n=\"2\"");
+}
+
+TEST(xml_stream_parser_recover, does_not_count_the_lines_that_it_passes_over) {
+  feed broken("<r>\n<b></wrong>\n\n\n<a/>\n<a/></r>");
+  broken.parser.parse();
+  broken.parser.recover({"a"});
+  EXPECT_EQ(broken.parser.line(), 2u);
+  EXPECT_EQ(broken.nodes(),
+            (transcript{"a #3<0 status 0 line 2", "a #4<0 status 0 line 3", "r #1<0 status 3 line 3"}));
+}
+
+TEST(xml_stream_parser_recover, keeps_the_open_levels) {
+  feed broken("<r><s><a></wrong></a><a/></s></r>", 2);
+  broken.parser.parse();
+  broken.parser.recover({"a"});
+  EXPECT_EQ(broken.nodes(),
+            (transcript{"a #4<0 status 0 line 1", "s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
+}
+
+TEST(xml_stream_parser_recover, behind_the_end_of_the_document_leaves_it_at_that) {
+  feed ended("<r></r>");
+  ended.parser.parse();
+  EXPECT_EQ(ended.parser.recover({"a"}), xml_stream_parser::end_of_document);
+}
+
+}  // namespace
