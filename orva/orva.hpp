@@ -21,6 +21,7 @@
 #include "orva/generic/clone_interface.hpp"
 #include "orva/generic/convert/byte_order.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/units.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 // i18n
@@ -66,11 +67,17 @@
 #include "orva/system/io.hpp"
 #include "orva/system/path_argument.hpp"
 // types
+#include "orva/types/absolute_unit.hpp"
+#include "orva/types/basic_absolute_impl.hpp"
+#include "orva/types/color_t.hpp"
+#include "orva/types/device_unit.hpp"
+#include "orva/types/floating_truncation.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/radix.hpp"
 #include "orva/types/variant.hpp"
 #include "orva/types/variant_type.hpp"
+#include "orva/types/wrapping.hpp"
 
 /// The version stands in the namespace, so that two versions can live in one process; source code follows the
 /// alias.

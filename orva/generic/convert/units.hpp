@@ -1,0 +1,104 @@
+/// Physical lengths and device pixels: numbers into lengths, lengths into pixels, and back.
+///
+/// Everything is computed by value in the call, usable in constant expressions, and open to any thread. A resolution is
+/// told in pixels per inch; one of 0 gives 0.
+///
+///     to_md(2.54, absolute_unit::centimetre)                =>  100000 md
+///     to_device_unit(1, absolute_unit::inch, 300)           =>  300 pixels
+///     to_device_unit(25.4, absolute_unit::millimetre, 96)   =>  96 pixels
+///     to_md(150.0, device_unit::pixel, 300)                 =>  50000 md
+///     to_md(device_unit(150), 300)                          =>  0 md      whole inches only
+#pragma once
+
+#include <concepts>
+
+#include "orva/types/absolute_unit.hpp"
+#include "orva/types/basic_absolute_impl.hpp"
+#include "orva/types/device_unit.hpp"
+#include "orva/types/integers.hpp"
+#include "orva/types/wrapping.hpp"
+
+namespace ORVA_2_18::generic::convert {
+
+using length_in_md = types::basic_absolute_impl<types::absolute_unit::md>;
+
+namespace _private {
+
+/// A number in a unit that is known at run time only.
+class told_length : public length_in_md {
+ public:
+  constexpr told_length(double length, unit_types unit) : unit_(unit) { value(length); }
+
+ private:
+  constexpr unit_types do_type() const override { return unit_ >= md && unit_ <= pixel_96 ? unit_ : md; }
+
+  unit_types unit_;
+};
+
+/// Toward zero, and defined where the language is not.
+constexpr types::int32 whole_inches(types::int32 pixels, types::int32 dpi) {
+  if (dpi == 0) return 0;
+  if (dpi == -1) return types::_private::wrapping_subtract<types::int32>(0, pixels);
+  return pixels / dpi;
+}
+
+}  // namespace _private
+
+/// The same length, told in md. Fractions stay.
+constexpr length_in_md to_md(const types::absolute_unit& length) { return length; }
+
+/// A number in a unit. Fractions stay. A unit that is none of the eight is md.
+constexpr length_in_md to_md(double length, types::absolute_unit::unit_types unit) {
+  return _private::told_length(length, unit);
+}
+template <std::integral Integer>
+constexpr length_in_md to_md(Integer length, types::absolute_unit::unit_types unit) {
+  return to_md(static_cast<double>(length), unit);
+}
+
+// Pixels into a length. Whole pixels give whole inches, as layouts count with them: the inches are
+// truncated toward zero first, and the product wraps at 32 bits. A floating number of pixels loses nothing.
+
+constexpr length_in_md to_md(const types::device_unit& pixels, types::int32 dpi) {
+  return types::_private::wrapping_multiply<types::int32>(_private::whole_inches(pixels.as_int32(), dpi),
+                                                          types::absolute_unit::m_md_per_inch);
+}
+template <std::integral Integer>
+constexpr length_in_md to_md(Integer pixels, types::device_unit::unit_types, types::int32 dpi) {
+  return to_md(types::device_unit(pixels), dpi);
+}
+constexpr length_in_md to_md(double pixels, types::device_unit::unit_types, types::int32 dpi) {
+  if (dpi == 0) return {};
+  return to_md(pixels / dpi * 100000.0, types::absolute_unit::md);
+}
+
+/// A copy, or a number of pixels, truncated toward zero.
+constexpr types::device_unit to_device_unit(const types::device_unit& pixels,
+                                            types::device_unit::unit_types = types::device_unit::pixel) {
+  return pixels;
+}
+
+/// A length into pixels: whole md times `dpi`, which wraps at 32 bits, divided by the md of an inch toward zero.
+/// At 300 pixels per inch that is right up to 71 inches.
+constexpr types::device_unit to_device_unit(const types::absolute_unit& length, types::int32 dpi) {
+  return types::_private::wrapping_multiply<types::int32>(length.as_md(), dpi) /
+         types::absolute_unit::m_md_per_inch;
+}
+/// A number in a unit, as `to_md` takes it, into pixels.
+constexpr types::device_unit to_device_unit(double length, types::absolute_unit::unit_types unit,
+                                            types::int32 dpi) {
+  return to_device_unit(to_md(length, unit), dpi);
+}
+template <std::integral Integer>
+constexpr types::device_unit to_device_unit(Integer length, types::absolute_unit::unit_types unit,
+                                            types::int32 dpi) {
+  return to_device_unit(to_md(length, unit), dpi);
+}
+
+/// `to_device_unit` by another name, for the same arguments.
+template <typename... Arguments>
+constexpr auto to_dpx(const Arguments&... arguments) -> decltype(to_device_unit(arguments...)) {
+  return to_device_unit(arguments...);
+}
+
+}  // namespace ORVA_2_18::generic::convert

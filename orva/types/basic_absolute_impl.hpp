@@ -1,0 +1,39 @@
+/// `basic_absolute_impl<N>`: a physical length that is told in the unit N of `absolute_unit::unit_types`.
+///
+/// A plain value, usable in constant expressions. Lengths of all units convert into each other: the length stays, and
+/// the unit of its words changes. Note that a plain number is md whatever the unit; `generic::convert::to_md` takes
+/// numbers in a unit.
+///
+///     basic_absolute_impl<absolute_unit::inch> width(254000);      md, so 2.54 inches
+///     width.as_int32()                 =>  3
+///     width.as_double()                =>  2.54
+///     width.as_md()                    =>  254000
+///     basic_absolute_impl<absolute_unit::centimetre>(width).as_double()    =>  6.45
+#pragma once
+
+#include "orva/types/absolute_unit.hpp"
+
+namespace ORVA_2_18::types {
+
+/// N is `int`, so that a unit may be told by its number too.
+template <int N>
+class basic_absolute_impl : public absolute_unit {
+ public:
+  using absolute_unit::absolute_unit;
+  constexpr basic_absolute_impl() = default;
+  /// The same length in another unit.
+  constexpr basic_absolute_impl(const absolute_unit& other) : absolute_unit(other) {}
+
+  using absolute_unit::operator=;
+
+ protected:
+  constexpr unit_types do_type() const override { return static_cast<unit_types>(N); }
+  /// Halves upward: 2.5 is 3, -2.5 is -2.
+  constexpr int32 do_as_int32() const override {
+    return _private::truncate_signed<int32>(_private::floor(value() + 0.5));
+  }
+  /// Halves upward.
+  constexpr double do_as_double() const override { return _private::floor(value() * 100 + 0.5) / 100; }
+};
+
+}  // namespace ORVA_2_18::types
