@@ -1,0 +1,34 @@
+/// The clocks: the calendar time of day, a fine counter and a coarse one.
+///
+/// Internal: not installed. A port owes: counters that never go back while the machine runs, whatever is done to the time of
+/// day; a calendar time of one reading, with every field in the range that is told. No call fails, and any
+/// thread may make one.
+#pragma once
+
+#include <cstdint>
+
+namespace ORVA_2_18::platform {
+
+/// Gregorian. A leap second that the system shows as 60 is told as 59.
+struct calendar_time {
+  std::uint16_t year;
+  std::uint16_t month;  // 1 to 12
+  std::uint16_t day;    // 1 to the length of the month
+  std::uint16_t hour;
+  std::uint16_t minute;
+  std::uint16_t second;
+  std::uint16_t millisecond;
+};
+
+/// In the time zone of the process, or in UTC where that cannot be told.
+calendar_time local_calendar() noexcept;
+calendar_time utc_calendar() noexcept;
+
+/// Ticks since some moment before the process began, and how many of them make a second.
+std::uint64_t counter() noexcept;
+std::uint64_t counter_frequency() noexcept;
+
+/// Milliseconds since some moment; goes on at 0 after 2^32 - 1.
+std::uint32_t millisecond_counter() noexcept;
+
+}  // namespace ORVA_2_18::platform

@@ -1,0 +1,18 @@
+/// Moments as calendar time.
+#pragma once
+
+#include <sys/time.h>
+
+#include <ctime>
+
+#include "orva/platform/clock.hpp"
+
+namespace ORVA_2_18::platform::posix {
+
+// Fields of milliseconds are cut, never rounded: a second is not over before its end.
+
+/// The zone of the process, as the C runtime knows it: `TZ` when it was first asked, or at the last `tzset`.
+calendar_time local_calendar(const timespec& moment) noexcept;
+calendar_time utc_calendar(const timespec& moment) noexcept;
+
+}  // namespace ORVA_2_18::platform::posix
