@@ -1,0 +1,37 @@
+/// `date_duration`: a signed number of days, to move a `date` by.
+///
+/// A plain value, made from an `int` without a cast: `d += 30`. Sums wrap at 32 bits. Usable in constant expressions.
+#pragma once
+
+#include "orva/types/wrapping.hpp"
+
+namespace ORVA_2_18::system::date_time {
+
+class date_duration {
+ public:
+  constexpr date_duration() = default;
+  constexpr date_duration(int days) : days_(days) {}
+
+  constexpr int days() const { return days_; }
+  /// Returns the value that it was given.
+  constexpr int days(int value) { return days_ = value; }
+
+  constexpr date_duration& assign(const date_duration& other) { return *this = other; }
+
+  constexpr date_duration& plus_assign(const date_duration& other) {
+    days_ = types::_private::wrapping_add(days_, other.days_);
+    return *this;
+  }
+  constexpr date_duration& operator+=(const date_duration& other) { return plus_assign(other); }
+
+  constexpr date_duration& minus_assign(const date_duration& other) {
+    days_ = types::_private::wrapping_subtract(days_, other.days_);
+    return *this;
+  }
+  constexpr date_duration& operator-=(const date_duration& other) { return minus_assign(other); }
+
+ private:
+  int days_ = 0;
+};
+
+}  // namespace ORVA_2_18::system::date_time

@@ -1,0 +1,18 @@
+#include "orva/system/date_time/date_time.hpp"
+
+#include "orva/system/date_time/calendar_reading.hpp"
+
+namespace ORVA_2_18::system::date_time {
+
+namespace {
+
+date_time_t both_of(const platform::calendar_time& reading) {
+  return {_private::date_of(reading), _private::time_of(reading)};
+}
+
+}  // namespace
+
+date_time_t date_time_t::local_date_time() { return both_of(platform::local_calendar()); }
+date_time_t date_time_t::UTC_date_time() { return both_of(platform::utc_calendar()); }
+
+}  // namespace ORVA_2_18::system::date_time

@@ -1,0 +1,139 @@
+/// `date_time_t`: a date and a time of day.
+///
+/// A plain value: copies are independent, and any thread may read one that nobody changes. It forwards to its two parts,
+/// which tell what each operation does and what it raises.
+///
+///     date_time_t t(date(17, 5, 2024), time(8, 30, 0, 0));
+///     t += date_duration(30);             June 16, 2024, 08:30
+///     t += time_duration(20, 0, 0, 0);    June 16, 2024, 04:30     the date stays
+///
+/// A duration of less than a day leaves the date alone, and the time wraps. A longer one overwrites the day of the month;
+/// see `plus_assign`. To move by days, take a `date_duration`.
+#pragma once
+
+#include "orva/export.hpp"
+#include "orva/system/date_time/date.hpp"
+#include "orva/system/date_time/time.hpp"
+
+namespace ORVA_2_18::system::date_time {
+
+// The class has members `date` and `time`, so the types of that name are qualified in it.
+class date_time_t {
+ public:
+  static constexpr unsigned int max_months_in_year = 12;
+  static constexpr unsigned int max_weeks_in_year = 52;
+  /// One more than `date::max_days_in_month`: tables of days that begin at 1 are laid out with it.
+  static constexpr unsigned int max_days_in_month = 32;
+  static constexpr unsigned int min_hour = 0;
+  static constexpr unsigned int max_hour = 23;
+  static constexpr unsigned int min_minute = 0;
+  static constexpr unsigned int max_minute = 59;
+  static constexpr unsigned int min_second = 0;
+  static constexpr unsigned int max_second = 59;
+  static constexpr unsigned int min_millisecond = 0;
+  static constexpr unsigned int max_millisecond = 999;
+
+  constexpr date_time_t() = default;
+  constexpr date_time_t(const date_time::date& day, const date_time::time& time_of_day)
+      : date_(day), time_(time_of_day) {}
+
+  /// One reading of the clock for both parts, so that they belong together at midnight too. Time zone as told at
+  /// `date::local_date`.
+  ORVA_API static date_time_t local_date_time();
+  ORVA_API static date_time_t UTC_date_time();
+
+  constexpr date_time::date& date() { return date_; }
+  constexpr const date_time::date& date() const { return date_; }
+  constexpr date_time::time& time() { return time_; }
+  constexpr const date_time::time& time() const { return time_; }
+
+  constexpr unsigned int year() const { return date_.year(); }
+  constexpr unsigned int year(unsigned int value) { return date_.year(value); }
+  constexpr unsigned int month() const { return date_.month(); }
+  constexpr unsigned int month(unsigned int value) { return date_.month(value); }
+  constexpr unsigned int day() const { return date_.day(); }
+  constexpr unsigned int day(unsigned int value) { return date_.day(value); }
+  constexpr bool is_leap_year() const { return date_.is_leap_year(); }
+  constexpr bool is_day_constrained() const { return date_.is_day_constrained(); }
+
+  constexpr int hour() const { return time_.hour(); }
+  constexpr int hour(unsigned int value) { return time_.hour(value); }
+  constexpr int minute() const { return time_.minute(); }
+  constexpr int minute(unsigned int value) { return time_.minute(value); }
+  constexpr int second() const { return time_.second(); }
+  constexpr int second(unsigned int value) { return time_.second(value); }
+  constexpr int millisecond() const { return time_.millisecond(); }
+  constexpr int millisecond(unsigned int value) { return time_.millisecond(value); }
+
+  // Each assignment of one part leaves the other as it is.
+
+  constexpr date_time_t& assign(const date_time::date& day, const date_time::time& time_of_day) {
+    return *this = date_time_t(day, time_of_day);
+  }
+  constexpr date_time_t& assign(const date_time::date& day) {
+    date_ = day;
+    return *this;
+  }
+  constexpr date_time_t& assign(const date_time::time& time_of_day) {
+    time_ = time_of_day;
+    return *this;
+  }
+  constexpr date_time_t& assign(const date_time_t& other) { return *this = other; }
+  constexpr date_time_t& operator=(const date_time::date& day) { return assign(day); }
+  constexpr date_time_t& operator=(const date_time::time& time_of_day) { return assign(time_of_day); }
+
+  // Moves the date; the time stays.
+
+  constexpr date_time_t& plus_assign(const date_duration& duration) {
+    date_ += duration;
+    return *this;
+  }
+  constexpr date_time_t& operator+=(const date_duration& duration) { return plus_assign(duration); }
+  constexpr date_time_t& minus_assign(const date_duration& duration) {
+    date_ -= duration;
+    return *this;
+  }
+  constexpr date_time_t& operator-=(const date_duration& duration) { return minus_assign(duration); }
+
+  /// Moves the time, which wraps within the day. From 24 whole hours on, forward or back, the hours beyond whole days are
+  /// first made the day of the month, and the date then moves by as many days:
+  ///
+  ///     May 17, 2024, 08:30 += 20 hours    =>  May 17, 2024, 04:30
+  ///     May 17, 2024, 08:30 += 25 hours    =>  May 2, 2024, 09:30      day 1, and one on
+  ///     May 17, 2024, 08:30 += 53 hours    =>  May 10, 2024, 13:30     day 5, and five on
+  ///     May 17, 2024, 08:30 += 48 hours    =>  "day value out of valid range" is raised
+  ///     May 17, 2024, 08:30 += -25 hours   =>  the same
+  constexpr date_time_t& plus_assign(const time_duration& duration) {
+    if (reaches_a_day(duration)) date_ += put_hours_into_day(duration);
+    time_ += duration;
+    return *this;
+  }
+  constexpr date_time_t& operator+=(const time_duration& duration) { return plus_assign(duration); }
+
+  /// The same backward:
+  ///
+  ///     May 17, 2024, 08:30 -= 25 hours    =>  April 30, 2024, 07:30   day 1, and one back
+  constexpr date_time_t& minus_assign(const time_duration& duration) {
+    if (reaches_a_day(duration)) date_ -= put_hours_into_day(duration);
+    time_ -= duration;
+    return *this;
+  }
+  constexpr date_time_t& operator-=(const time_duration& duration) { return minus_assign(duration); }
+
+ private:
+  static constexpr bool reaches_a_day(const time_duration& duration) {
+    const long long hours = duration.total_complete_hours();
+    return hours >= 24 || hours <= -24;
+  }
+
+  /// The remainder of the hours and not the quotient, which overwrites the day: stored schedules are moved by this rule.
+  constexpr date_duration put_hours_into_day(const time_duration& duration) {
+    const auto hours = static_cast<unsigned int>(duration.total_complete_hours() % 24);
+    return static_cast<int>(date_.day(hours));
+  }
+
+  date_time::date date_;
+  date_time::time time_;
+};
+
+}  // namespace ORVA_2_18::system::date_time

@@ -1,0 +1,94 @@
+/// `time_duration` and `milliseconds`: a signed span of time, counted in milliseconds.
+///
+/// Plain values of 64 bits, usable in constant expressions. Sums and differences wrap at 64 bits and never fail.
+///
+///     const time_duration d(1, 30, 0, 0);
+///     d.hour()                      =>  1
+///     d.minute()                    =>  30
+///     d.total_complete_minutes()    =>  90
+///     d.total_hours()               =>  1.5
+///
+/// Everything truncates toward zero, so that each part of a negative duration is zero or negative:
+///
+///     time_duration(0, 0, -61, 0).minute()         =>  -1
+///     time_duration(0, 0, -61, 0).second()         =>  -1
+///     time_duration(0, 0, 0, -1).millisecond()     =>  -1
+#pragma once
+
+#include "orva/types/wrapping.hpp"
+
+namespace ORVA_2_18::system::date_time {
+
+class time_duration {
+ public:
+  constexpr time_duration() = default;
+
+  /// The first three make a number of milliseconds in 32 bits, which wraps: from 596 hours 31 minutes 23.648 seconds on, the
+  /// result is another one. The milliseconds are added to it in 64 bits, so that long durations are made of them.
+  constexpr time_duration(int hours, int minutes, int seconds, long long milliseconds)
+      : count_(types::_private::wrapping_add<long long>(in_32_bits(hours, minutes, seconds), milliseconds)) {}
+
+  // The parts of the duration.
+
+  /// All whole hours, 24 and more of them too; cut to 32 bits.
+  constexpr int hour() const { return static_cast<int>(total_complete_hours()); }
+  constexpr int minute() const { return static_cast<int>(total_complete_minutes() % 60); }
+  constexpr int second() const { return static_cast<int>(total_complete_seconds() % 60); }
+  constexpr int millisecond() const { return static_cast<int>(count_ % 1000); }
+
+  // The whole duration in one unit, with its fraction.
+  constexpr double total_hours() const { return static_cast<double>(count_) / 3600000.0; }
+  constexpr double total_minutes() const { return static_cast<double>(count_) / 60000.0; }
+  constexpr double total_seconds() const { return static_cast<double>(count_) / 1000.0; }
+
+  // The whole duration in one unit, without its fraction.
+  constexpr long long total_complete_hours() const { return count_ / 3600000; }
+  constexpr long long total_complete_minutes() const { return count_ / 60000; }
+  constexpr long long total_complete_seconds() const { return count_ / 1000; }
+  constexpr long long total_milliseconds() const { return count_; }
+
+  constexpr bool is_negative() const { return count_ < 0; }
+
+  constexpr time_duration& assign(const time_duration& other) { return *this = other; }
+
+  constexpr time_duration& plus_assign(const time_duration& other) {
+    count_ = types::_private::wrapping_add(count_, other.count_);
+    return *this;
+  }
+  constexpr time_duration& operator+=(const time_duration& other) { return plus_assign(other); }
+
+  constexpr time_duration& minus_assign(const time_duration& other) {
+    count_ = types::_private::wrapping_subtract(count_, other.count_);
+    return *this;
+  }
+  constexpr time_duration& operator-=(const time_duration& other) { return minus_assign(other); }
+
+ private:
+  static constexpr int in_32_bits(int hours, int minutes, int seconds) {
+    using types::_private::wrapping_add;
+    using types::_private::wrapping_multiply;
+    return wrapping_add(wrapping_add(wrapping_multiply(hours, 3600000), wrapping_multiply(minutes, 60000)),
+                        wrapping_multiply(seconds, 1000));
+  }
+
+  long long count_ = 0;
+};
+
+constexpr time_duration plus(time_duration left, const time_duration& right) { return left += right; }
+constexpr time_duration minus(time_duration left, const time_duration& right) { return left -= right; }
+constexpr time_duration operator+(time_duration left, const time_duration& right) { return left += right; }
+constexpr time_duration operator-(time_duration left, const time_duration& right) { return left -= right; }
+
+/// A duration given by its count alone, taken and read as a plain number: `t += milliseconds(5)`.
+class milliseconds : public time_duration {
+ public:
+  constexpr milliseconds() = default;
+  constexpr milliseconds(long long count) : time_duration(0, 0, 0, count) {}
+
+  /// The low 32 bits of the count; `total_milliseconds` has all of them.
+  constexpr operator int() const { return static_cast<int>(total_milliseconds()); }
+
+  constexpr milliseconds& assign(const milliseconds& other) { return *this = other; }
+};
+
+}  // namespace ORVA_2_18::system::date_time

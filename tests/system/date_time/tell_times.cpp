@@ -1,0 +1,39 @@
+// Tells times in the zone of its environment, for a test that chooses the environment:
+//
+//     tell_times MILLISECONDS...    the local time of each moment since the epoch, a line each
+//     tell_times                    UTC, local time and UTC by the clock, read in this order
+#include <cstdio>
+#include <cstdlib>
+
+#include "orva/platform/posix/calendar.hpp"
+#include "orva/system/date_time/date_time.hpp"
+
+namespace {
+
+using ORVA_2_18::system::date_time::date_time_t;
+
+void tell(unsigned int year, unsigned int month, unsigned int day, int hour, int minute, int second,
+          int millisecond) {
+  std::printf("%04u-%02u-%02u %02d:%02d:%02d.%03d\n", year, month, day, hour, minute, second, millisecond);
+}
+
+void tell(const date_time_t& t) {
+  tell(t.year(), t.month(), t.day(), t.hour(), t.minute(), t.second(), t.millisecond());
+}
+
+void tell_local(long long since_epoch) {
+  const timespec moment = {static_cast<std::time_t>(since_epoch / 1000),
+                           static_cast<long>(since_epoch % 1000) * 1'000'000 + 999'999};
+  const auto t = ORVA_2_18::platform::posix::local_calendar(moment);
+  tell(t.year, t.month, t.day, t.hour, t.minute, t.second, t.millisecond);
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  for (int i = 1; i < count; ++i) tell_local(std::atoll(arguments[i]));
+  if (count > 1) return 0;
+  tell(date_time_t::UTC_date_time());
+  tell(date_time_t::local_date_time());
+  tell(date_time_t::UTC_date_time());
+}
