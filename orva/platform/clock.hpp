@@ -11,13 +11,13 @@ namespace ORVA_2_18::platform {
 
 /// Gregorian. A leap second that the system shows as 60 is told as 59.
 struct calendar_time {
-  std::uint16_t year;
-  std::uint16_t month;  // 1 to 12
-  std::uint16_t day;    // 1 to the length of the month
-  std::uint16_t hour;
-  std::uint16_t minute;
-  std::uint16_t second;
-  std::uint16_t millisecond;
+  unsigned int year;   // cut to 16 bits
+  unsigned int month;  // 1 to 12
+  unsigned int day;    // 1 to the length of the month
+  unsigned int hour;
+  unsigned int minute;
+  unsigned int second;
+  unsigned int millisecond;
 };
 
 /// In the time zone of the process, or in UTC where that cannot be told.

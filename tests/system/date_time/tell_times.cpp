@@ -10,22 +10,20 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date_time_t;
-
-void tell(unsigned int year, unsigned int month, unsigned int day, int hour, int minute, int second,
-          int millisecond) {
-  std::printf("%04u-%02u-%02u %02d:%02d:%02d.%03d\n", year, month, day, hour, minute, second, millisecond);
-}
+namespace date_time = ORVA_2_18::system::date_time;
+using date_time::date;
+using date_time::date_time_t;
 
 void tell(const date_time_t& t) {
-  tell(t.year(), t.month(), t.day(), t.hour(), t.minute(), t.second(), t.millisecond());
+  std::printf("%04u-%02u-%02u %02d:%02d:%02d.%03d\n", t.year(), t.month(), t.day(), t.hour(), t.minute(),
+              t.second(), t.millisecond());
 }
 
 void tell_local(long long since_epoch) {
   const timespec moment = {static_cast<std::time_t>(since_epoch / 1000),
                            static_cast<long>(since_epoch % 1000) * 1'000'000 + 999'999};
   const auto t = ORVA_2_18::platform::posix::local_calendar(moment);
-  tell(t.year, t.month, t.day, t.hour, t.minute, t.second, t.millisecond);
+  tell({date(t.day, t.month, t.year), date_time::time(t.hour, t.minute, t.second, t.millisecond)});
 }
 
 }  // namespace
