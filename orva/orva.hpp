@@ -1,6 +1,18 @@
 /// Everything at once: every public header of the library, and the short name `orva` for its namespace.
 #pragma once
 
+// config
+#include "orva/config/base_config_item.hpp"
+#include "orva/config/commandline_item.hpp"
+#include "orva/config/config_dispatch.hpp"
+#include "orva/config/config_manager.hpp"
+#include "orva/config/config_token.hpp"
+#include "orva/config/config_tree.hpp"
+#include "orva/config/enviroment_item.hpp"
+#include "orva/config/file_item.hpp"
+#include "orva/config/module_config_dispatch.hpp"
+#include "orva/config/std_config_dispatch.hpp"
+#include "orva/config/user_item.hpp"
 // debug
 #include "orva/debug/assert.hpp"
 // exceptions

@@ -1,0 +1,154 @@
+#include "orva/config/commandline_item.hpp"
+
+#include <iostream>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+#include "orva/strings/split.hpp"
+
+namespace ORVA_2_18::config {
+
+using generic::varg_list;
+using generic::abilities::create_dynamic;
+using tok_types = config_token::tok_types;
+
+namespace {
+
+std::vector<std::string_view> arguments_of(unsigned int argc, const char* const* argv) {
+  std::vector<std::string_view> arguments;
+  if (argv == nullptr) return arguments;
+  for (unsigned int i = 1; i < argc && argv[i] != nullptr; ++i) arguments.emplace_back(argv[i]);
+  return arguments;
+}
+
+bool is_option(std::string_view argument) { return argument.starts_with('-') || argument.starts_with('/'); }
+
+}  // namespace
+
+/// One walk over the arguments. The token lives as long as the walk: a blank repeats the text of the token before it, also
+/// when that one stood in another argument.
+class commandline_item::reader {
+ public:
+  explicit reader(commandline_item& item) : item_(item), arguments_(arguments_of(item.argc_, item.argv_)) {}
+
+  void read() {
+    while (next_ < arguments_.size()) {
+      const std::string_view argument = arguments_[next_++];
+      if (is_option(argument)) {
+        read_option(argument);
+      } else {
+        std::cout << "Warning! unknown key:" << argument << "\nIgnoring key and continuing\n";
+      }
+    }
+  }
+
+ private:
+  void read_option(std::string_view argument) {
+    unsigned int position = 1;
+    key_.clear();
+    while (continues_key(item_.get_token(argument, position, token_))) key_ += token_.text;
+    if (token_.text == "$") return item_.set(key_, rest_of(argument, position), 0);
+    if (token_.type == tok_types::T_END) return read_bare_option();
+    read_attached_values(argument, position);
+  }
+
+  /// Of a pair like `+=` the first character still belongs to the key.
+  bool continues_key(tok_types scanned) {
+    if (scanned == tok_types::T_END) return false;
+    switch (token_.type) {
+      case tok_types::T_EQ:
+      case tok_types::T_COLON:
+      case tok_types::T_COLONEQ:
+        return false;
+      case tok_types::T_GTEQ:
+      case tok_types::T_LTEQ:
+      case tok_types::T_PLUSEQ:
+      case tok_types::T_MINUSEQ:
+      case tok_types::T_TIMESEQ:
+      case tok_types::T_DIVEQ:
+        key_ += token_.text.front();
+        return false;
+      case tok_types::T_NON_ALPHA_NUM:
+        return token_.text != "$";
+      default:
+        return true;
+    }
+  }
+
+  /// The texts of all tokens from `position` on.
+  std::string rest_of(std::string_view argument, unsigned int position) {
+    std::string text;
+    while (item_.get_token(argument, position, token_) != tok_types::T_END) text += token_.text;
+    return text;
+  }
+
+  /// An option with nothing attached: the words behind it are its values. Once a word is a value, those that begin with `/` are, too.
+  void read_bare_option() {
+    if (next_ == arguments_.size() || is_option(arguments_[next_])) return item_.set(key_, 1);
+    varg_list values;
+    do {
+      values.push_back(types::variant(rest_of(arguments_[next_++], 0)));
+    } while (next_ < arguments_.size() && !arguments_[next_].starts_with('-'));
+    store(values, values.size() > 1);
+  }
+
+  void read_attached_values(std::string_view argument, unsigned int position) {
+    varg_list values;
+    std::string value;
+    bool is_array = false;
+    while (item_.get_token(argument, position, token_) != tok_types::T_END) {
+      if (token_.type == tok_types::T_NON_ALPHA_NUM && token_.text == ",") {
+        is_array = true;
+        values.push_back(types::variant(std::exchange(value, {})));
+      } else {
+        value += token_.text;
+      }
+    }
+    values.push_back(types::variant(std::move(value)));
+    store(values, is_array);
+  }
+
+  void store(const varg_list& values, bool is_array) {
+    if (is_array) return item_.set_array(key_, values, {});
+    item_.set(key_, values[0].value(), 0);
+  }
+
+  commandline_item& item_;
+  std::vector<std::string_view> arguments_;
+  std::size_t next_ = 0;
+  std::string key_;
+  config_token token_;
+};
+
+commandline_item::commandline_item(unsigned int argc, const char* const* argv) : argc_(argc), argv_(argv) {
+  id_ = "command line";
+}
+
+bool commandline_item::load() {
+  load_program_name();
+  reader(*this).read();
+  return true;
+}
+
+bool commandline_item::load(const item_list&) { return load(); }
+
+void commandline_item::unload() { tree_.erase(); }
+
+commandline_item* commandline_item::clone() const { return create_dynamic<commandline_item>(*this); }
+
+/// The raw name is what finds the program's own file, and the name of a program without a dot gives none.
+void commandline_item::load_program_name() {
+  if (argv_ == nullptr || argv_[0] == nullptr) return;
+  const auto pieces = strings::split_string(std::string(argv_[0]), "\\", 0);
+  const std::string name = pieces.empty() ? std::string() : pieces.back();
+  set("application.name", name, 0);
+  const auto parts = strings::split_string(name, ".", 0);
+  if (parts.size() > 1) set("application.name.extention", parts.back(), 0);
+  std::string raw;
+  for (std::size_t i = 0; i + 1 < parts.size(); ++i) raw += parts[i];
+  set("application.name.raw", raw, 0);
+}
+
+}  // namespace ORVA_2_18::config

@@ -1,0 +1,19 @@
+#include "orva/config/config_dispatch.hpp"
+
+namespace ORVA_2_18::config {
+
+config_dispatch::~config_dispatch() = default;
+
+void config_dispatch::load_each(item_list& items) {
+  for (const auto& item : items) item->load(items);
+}
+
+void config_dispatch::unload_each(item_list& items) {
+  for (const auto& item : items) item->unload();
+}
+
+void config_dispatch::save_each(item_list& items) {
+  for (const auto& item : items) item->save(items);
+}
+
+}  // namespace ORVA_2_18::config

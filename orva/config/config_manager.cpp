@@ -1,0 +1,134 @@
+#include "orva/config/config_manager.hpp"
+
+#include <algorithm>
+#include <ostream>
+#include <set>
+#include <string>
+
+#include "orva/config/dump_marks.hpp"
+#include "orva/config/lowered_key.hpp"
+
+namespace ORVA_2_18::config {
+
+using _private::lowered_key;
+using _private::put;
+using types::variant;
+
+namespace {
+
+constexpr unsigned int array_flags = config_tree::NODE_VALUE_SET | config_tree::NODE_ARRAY;
+
+bool is_array_node(const config_tree::node_type* node) {
+  return node != nullptr && (node->first & array_flags) == array_flags;
+}
+
+variant first_element(const base_config_item& item, std::string_view key) {
+  const auto* const element = item.get_value(std::string(key) + ".0");
+  return element != nullptr ? element->second : variant();
+}
+
+}  // namespace
+
+config_manager::~config_manager() = default;
+
+void config_manager::init(const config_dispatch& dispatch) {
+  const std::shared_ptr<const config_dispatch> own(dispatch.clone());
+  item_list items;
+  own->setup(items);
+  items_.swap(items);
+  dispatch_ = own;
+}
+
+bool config_manager::load() {
+  if (dispatch_ == nullptr) return false;
+  dispatch_->load(items_);
+  return true;
+}
+
+bool config_manager::unload() {
+  if (dispatch_ == nullptr) return false;
+  dispatch_->unload(items_);
+  return true;
+}
+
+bool config_manager::save() {
+  if (dispatch_ == nullptr) return false;
+  dispatch_->save(items_);
+  return true;
+}
+
+config_manager::found_node config_manager::find(std::string_view key) const {
+  const lowered_key lowered(key);
+  for (const auto& item : items_) {
+    if (const auto* const node = item->get_value(lowered)) return {item.get(), node};
+  }
+  return {};
+}
+
+const base_config_item* config_manager::find_array(std::string_view key) const {
+  const lowered_key lowered(key);
+  for (const auto& item : items_) {
+    if (is_array_node(item->get_value(lowered))) return item.get();
+  }
+  return nullptr;
+}
+
+variant config_manager::get_value(std::string_view key, const variant& default_value) const {
+  std::set<std::string, std::less<>> visited;
+  std::string target;
+  for (std::string_view current = key;; current = target) {
+    const auto [item, node] = find(current);
+    if (node == nullptr) return default_value;
+    if (is_array_node(node)) return first_element(*item, current);
+    if ((node->first & config_tree::NODE_LINK) == 0) return node->second;
+    // The texts are compared as they are: a circle through one key in two spellings closes when a spelling comes again.
+    visited.emplace(current);
+    target = node->second.as_string();
+    if (visited.contains(target)) return node->second;
+  }
+}
+
+bool config_manager::value_exist(std::string_view key) const { return !(get_value(key) == types::nil); }
+
+bool config_manager::is_array(std::string_view key) const { return find_array(key) != nullptr; }
+
+void config_manager::get_array(std::string_view key, std::vector<variant>& out) const {
+  const base_config_item* const item = find_array(key);
+  if (item == nullptr) return;
+  std::vector<base_config_item::value_entry> elements;
+  item->get_array(key, elements);
+  for (auto& element : elements) out.push_back(std::move(element.second.second));
+}
+
+void config_manager::get_key_value_array(std::string_view key,
+                                         std::vector<std::pair<strings::ustring8, variant>>& out,
+                                         bool recursive) const {
+  const base_config_item* const item = find(key).item;
+  if (item == nullptr) return;
+  std::vector<base_config_item::value_entry> entries;
+  item->get_value_pair_array(key, entries, recursive);
+  for (auto& [name, node] : entries) out.emplace_back(std::move(name), std::move(node.second));
+}
+
+memory::pointers::rc_pointer<base_config_item> config_manager::get_config_item(std::string_view id) const {
+  const auto found =
+      std::find_if(items_.begin(), items_.end(), [id](const auto& item) { return item->get_id() == id; });
+  if (found == items_.end()) return {};
+  return *found;
+}
+
+void config_manager::dump(std::ostream& stream) const {
+  put(stream, "config_manager:\n");
+  for (const auto& item : items_) {
+    put(stream, "\nconfig_item:\n");
+    item->dump(stream);
+  }
+  put(stream, "\nno more config_items!\n\nending output\n");
+}
+
+std::ostream& operator<<(std::ostream& stream, const config_manager& manager) {
+  manager.dump(stream);
+  return stream;
+}
+
+}  // namespace ORVA_2_18::config

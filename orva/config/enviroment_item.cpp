@@ -1,0 +1,21 @@
+#include "orva/config/enviroment_item.hpp"
+
+namespace ORVA_2_18::config {
+
+enviroment_item::enviroment_item(const char* const* envp) : envp_(envp) { id_ = "enviroment"; }
+
+bool enviroment_item::load() {
+  if (envp_ == nullptr) return true;
+  for (const char* const* entry = envp_; *entry != nullptr; ++entry) set(*entry, 0);
+  return true;
+}
+
+bool enviroment_item::load(const item_list&) { return load(); }
+
+void enviroment_item::unload() { tree_.erase(); }
+
+enviroment_item* enviroment_item::clone() const {
+  return generic::abilities::create_dynamic<enviroment_item>(*this);
+}
+
+}  // namespace ORVA_2_18::config

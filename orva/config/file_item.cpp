@@ -1,0 +1,90 @@
+#include "orva/config/file_item.hpp"
+
+#include <stdexcept>
+#include <utility>
+
+#include "orva/config/config_file_reader.hpp"
+#include "orva/config/config_file_writer.hpp"
+#include "orva/exceptions/exception.hpp"
+#include "orva/platform/file.hpp"
+#include "orva/platform/native_path.hpp"
+#include "orva/system/file_utility.hpp"
+
+namespace ORVA_2_18::config {
+
+namespace {
+
+bool can_be_opened(const strings::ustring8& name) {
+  return platform::input_file(platform::to_native(system::path_argument(name).get())).is_open();
+}
+
+/// The name that the first item gives whose `key`, with `ending`, is the name of a file; empty if none does.
+strings::ustring8 find_file(const item_list& items, std::string_view key, std::string_view ending) {
+  for (const auto& item : items) {
+    const auto* const named = item->get_value(key);
+    if (named == nullptr) continue;
+    strings::ustring8 name = named->second.as_string() + ending;
+    if (can_be_opened(name)) return name;
+  }
+  return {};
+}
+
+/// A file that cannot be read, whatever the reason, is as good as none: configuration never fails.
+bool read_whole(const strings::ustring8& name, strings::ustring8& contents) {
+  try {
+    return system::load_file(name, contents) == 0;
+  } catch (const exceptions::exception&) {
+    return false;  // too large for a string
+  } catch (const std::runtime_error&) {
+    return false;  // its status cannot be asked for, as in a directory that may not be searched
+  }
+}
+
+void write_whole(const strings::ustring8& name, const strings::ustring8& contents) {
+  try {
+    system::store_file(name, contents);
+  } catch (const std::runtime_error&) {
+    // As for a file that cannot be opened: nobody is told.
+  }
+}
+
+}  // namespace
+
+file_item::file_item(strings::ustring8 filename) : filename_(std::move(filename)) { id_ = "standard file"; }
+
+bool file_item::load() {
+  load_file();
+  return true;
+}
+
+bool file_item::load(const item_list& items) {
+  strings::ustring8 found = find_file(items, "cfg_file", "");
+  if (found.empty() && filename_.empty()) found = find_file(items, "application.name.raw", ".cfg");
+  if (!found.empty()) filename_ = std::move(found);
+  return load();
+}
+
+bool file_item::save() {
+  std::vector<value_entry> entries;
+  get_value_pair_array("", entries, true);
+  write_whole(filename_, _private::write_config_file(entries));
+  return true;
+}
+
+bool file_item::save(const item_list&) { return true; }
+
+void file_item::unload() { tree_.erase(); }
+
+file_item* file_item::clone() const { return generic::abilities::create_dynamic<file_item>(*this); }
+
+void file_item::load_file() {
+  strings::ustring8 text;
+  if (filename_.empty() || !read_whole(filename_, text)) return;
+  _private::config_file_reader(text, tree_).read();
+}
+
+void file_item::parse_comment(std::string_view text, unsigned int& position) const {
+  _private::skip_comment(text, position);
+}
+
+}  // namespace ORVA_2_18::config

@@ -1,0 +1,43 @@
+/// `std_config_dispatch`: the sources of a program.
+///
+///     1.  commandline_item   "command line"
+///     2.  file_item          "standard file"
+///     3.  enviroment_item    "enviroment"
+///
+/// This order is the precedence, and the order of loading: the command line can name the file, by `-cfg_file=name`, the environment
+/// cannot. Arguments and environment are the caller's, and must live as long as the manager.
+///
+///     int main(int argc, char** argv) {
+///       config_manager config;
+///       config.init(std_config_dispatch(argc, argv, environ, "app.cfg", ""));
+///       config.load();
+#pragma once
+
+#include "orva/config/config_dispatch.hpp"
+#include "orva/export.hpp"
+#include "orva/strings/ustring.hpp"
+
+namespace ORVA_2_18::config {
+
+class ORVA_API std_config_dispatch : public config_dispatch {
+ public:
+  /// A negative `argc` is 0. Either array may be null. `file_name` is that of the `file_item`, and may be empty; the second name is
+  /// kept for the program's own use and read by nobody.
+  std_config_dispatch(int argc, const char* const* argv, const char* const* envp, strings::ustring8 file_name,
+                      strings::ustring8 second_file_name);
+
+  void setup(item_list& items) const override;
+  void load(item_list& items) const override;
+  void unload(item_list& items) const override;
+  void save(item_list& items) const override;
+  std_config_dispatch* clone() const override;
+
+ private:
+  const char* const* argv_;
+  const char* const* envp_;
+  int argc_;
+  strings::ustring8 file_name_;
+  strings::ustring8 second_file_name_;
+};
+
+}  // namespace ORVA_2_18::config
