@@ -8,12 +8,24 @@ namespace ORVA_2_18::config::_private {
 
 using tok_types = config_token::tok_types;
 
+namespace {
+
+// Where the readers below leave the plain text and look at tokens.
+constexpr byte_set comment_stops("\r\n\"");
+constexpr byte_set section_stops("]\r\n\t \"");
+constexpr byte_set key_stops("=<>:+-*/\r\n\t \"");
+constexpr byte_set scalar_stops("#*/\r\n\t \"");
+constexpr byte_set array_stops(",#*/\r\n\t \"");
+
+}  // namespace
+
 void skip_comment(std::string_view text, unsigned int& position) {
   scanned_token token;
   unsigned int start = position;
-  while (scan_token(text, position, token) != tok_types::T_END && token.type != tok_types::T_NEWLINE) {
+  do {
+    scan_plain(text, position, comment_stops);
     start = position;
-  }
+  } while (scan_token(text, position, token) != tok_types::T_END && token.type != tok_types::T_NEWLINE);
   position = start;
 }
 
@@ -56,7 +68,9 @@ void config_file_reader::skip_to_content() {
 void config_file_reader::read_section() {
   section_name_.clear();
   section_ = nullptr;
-  while (next() != tok_types::T_END && token_.type != tok_types::T_EBRACKET) {
+  for (;;) {
+    section_name_ += plain_text(section_stops);
+    if (next() == tok_types::T_END || token_.type == tok_types::T_EBRACKET) return;
     if (!at_blank()) section_name_ += token_.text;
   }
 }
@@ -66,13 +80,16 @@ void config_file_reader::read_key() {
   key_.clear();
   while (token_.type != tok_types::T_END && token_.type != tok_types::T_EQ) {
     if (!at_blank()) key_ += token_.text;
+    key_ += plain_text(key_stops);
     next();
   }
 }
 
 void config_file_reader::read_scalar() {
   value_.clear();
-  while (next() != tok_types::T_END && token_.type != tok_types::T_NEWLINE) {
+  for (;;) {
+    value_ += plain_text(scalar_stops);
+    if (next() == tok_types::T_END || token_.type == tok_types::T_NEWLINE) break;
     if (at_comment()) {
       skip_comment(text_, position_);
     } else if (!at_blank()) {
@@ -86,7 +103,11 @@ void config_file_reader::read_array() {
   key_.resize(key_.size() - 2);
   value_.clear();
   bool has_content = true;
-  while (next() != tok_types::T_END) {
+  for (;;) {
+    const std::string_view text = plain_text(array_stops);
+    value_ += text;
+    has_content |= !text.empty();
+    if (next() == tok_types::T_END) break;
     if (token_.type == tok_types::T_NEWLINE) {
       if (has_content) break;
     } else if (at_comment()) {

@@ -279,7 +279,7 @@ TEST(commandline_item, agrees_with_the_plain_reading_on_random_words) {
   for (int run = 0; run < 3000; ++run) {
     std::vector<std::string> words(random() % 6);
     for (std::string& word : words) {
-      if (random() % 2 == 0) word = "-";
+      if (random() % 2 == 0) word.push_back('-');
       for (auto length = random() % 7; length > 0; --length) word += letters[random() % letters.size()];
     }
     command_line line(words, "");

@@ -13,9 +13,9 @@ using orva_test::run_child;
 const char rule[] = "|---------------\\\n";
 
 TEST(config_process, command_line_of_a_child_is_read_and_stray_words_are_told_on_its_standard_output) {
-  const child_result child =
-      run_child(CONFIG_PROBE,
-                {"C:\\bin\\probe.exe", "stray", "-probe=\"command line\"", "-Path", "a,b", "c d", "-x:=1,2"}, {});
+  const child_result child = run_child(
+      CONFIG_PROBE,
+      {"C:\\bin\\probe.exe", "stray", "-probe=\"command line\"", "-Path", "a,b", "c d", "-x:=1,2"}, {});
   EXPECT_EQ(child.code, 0);
   EXPECT_EQ(child.output, std::string("Warning! unknown key:stray\nIgnoring key and continuing\n"
                                       "object : command line\n") +

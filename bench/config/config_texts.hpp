@@ -1,0 +1,64 @@
+/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, and the keys to look for.
+#pragma once
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <type_traits>
+
+namespace config_bench {
+
+inline constexpr int section_count = 100;
+inline constexpr int keys_per_section = 100;
+
+/// The pieces one behind the other; a number in decimal.
+template <typename... Pieces>
+std::string joined(const Pieces&... pieces) {
+  std::string text;
+  const auto add = [&text](const auto& piece) {
+    if constexpr (std::is_arithmetic_v<std::decay_t<decltype(piece)>>) {
+      text.append(std::to_string(piece));
+    } else {
+      text.append(piece);
+    }
+  };
+  (add(pieces), ...);
+  return text;
+}
+
+inline std::string section_name(int section) { return joined("section_", section); }
+inline std::string key_name(int key) { return joined("setting_", key, "_of_page"); }
+inline std::string value_text(int section, int key) {
+  return joined("value-", section * 31 + key, "-of-the-setting");
+}
+
+/// In a form that all the peers read alike.
+inline std::string file_text() {
+  std::string text;
+  for (int section = 0; section < section_count; ++section) {
+    text += joined("[", section_name(section), "]\n");
+    for (int key = 0; key < keys_per_section; ++key) {
+      text += joined(key_name(key), "=", value_text(section, key), "\n");
+    }
+  }
+  return text;
+}
+
+/// The file, made for the run and removed behind it.
+inline const std::string& file_path() {
+  struct file {
+    file()
+        : path(std::filesystem::temp_directory_path() /
+               ("orva-bench-" + std::to_string(::getpid()) + ".cfg")) {
+      std::ofstream(path, std::ios::binary) << file_text();
+    }
+    ~file() { std::filesystem::remove(path); }
+    std::string path;
+  };
+  static const file made;
+  return made.path;
+}
+
+}  // namespace config_bench

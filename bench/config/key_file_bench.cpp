@@ -1,0 +1,38 @@
+// GLib's GKeyFile at the same work as config_bench.cpp.
+#include <benchmark/benchmark.h>
+#include <glib.h>
+
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "bench/config/config_texts.hpp"
+
+namespace {
+
+using key_file = std::unique_ptr<GKeyFile, decltype(&g_key_file_unref)>;
+
+void load_key_file(benchmark::State& state) {
+  const std::string path = config_bench::file_path();
+  for (auto _ : state) {
+    const key_file file(g_key_file_new(), g_key_file_unref);
+    if (!g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr)) {
+      throw std::runtime_error("not loaded");
+    }
+    benchmark::DoNotOptimize(file);
+  }
+  state.SetItemsProcessed(state.iterations() * config_bench::section_count * config_bench::keys_per_section);
+}
+BENCHMARK(load_key_file)->Unit(benchmark::kMicrosecond);
+
+/// One source; a key file has groups and keys, and so two parts to a key.
+void look_up_key_file(benchmark::State& state) {
+  const key_file file(g_key_file_new(), g_key_file_unref);
+  g_key_file_load_from_file(file.get(), config_bench::file_path().c_str(), G_KEY_FILE_NONE, nullptr);
+  const std::string section = config_bench::section_name(50);
+  const std::string key = config_bench::key_name(50);
+  for (auto _ : state) g_free(g_key_file_get_value(file.get(), section.c_str(), key.c_str(), nullptr));
+}
+BENCHMARK(look_up_key_file);
+
+}  // namespace
