@@ -32,11 +32,13 @@ struct expression_row {
   const char* value;
 };
 
-std::ostream& operator<<(std::ostream& out, const expression_row& row) { return out << row.expression; }
+std::ostream& operator<<(std::ostream& out, const expression_row& row) {
+  return out << test_name(row.expression);
+}
 
-class expression : public testing::TestWithParam<expression_row> {};
+class base_config_item_expression : public testing::TestWithParam<expression_row> {};
 
-TEST_P(expression, reads_as) {
+TEST_P(base_config_item_expression, reads_as) {
   const auto [key, value] = plain_item().make_key_value(GetParam().expression, config_token::T_EQ);
   EXPECT_EQ(key, GetParam().key);
   EXPECT_EQ(value.as_string(), GetParam().value);
@@ -48,14 +50,14 @@ TEST_P(expression, reads_as) {
   EXPECT_EQ(flags_of(item, GetParam().key), 1);
 }
 
-INSTANTIATE_TEST_SUITE_P(documented, expression,
+INSTANTIATE_TEST_SUITE_P(documented, base_config_item_expression,
                          testing::Values(expression_row{"a b = c d", "ab", "cd"},
                                          expression_row{"k = \"c d\" e", "k", "c de"},
                                          expression_row{"a=b=c", "a", "b=c"},
                                          expression_row{"flag", "flag", ""},
                                          expression_row{"a\nb=c\nd", "ab", "c"}));
 INSTANTIATE_TEST_SUITE_P(
-    rules, expression,
+    rules, base_config_item_expression,
     testing::Values(expression_row{"a.b = 1", "a.b", "1"}, expression_row{"", "", ""},
                     expression_row{"=", "", ""}, expression_row{"=v", "", "v"},
                     expression_row{"\ta\t=\tb\tc\t", "a", "bc"}, expression_row{"a==b", "a==b", ""},

@@ -63,60 +63,60 @@ std::string keys_of(const std::vector<std::string>& words) {
   return result;
 }
 
-struct grammar_row {
+struct option_row {
   std::vector<std::string> words;
   const char* keys;
 };
 
-std::ostream& operator<<(std::ostream& out, const grammar_row& row) {
-  for (const auto& word : row.words) out << word << ' ';
+std::ostream& operator<<(std::ostream& out, const option_row& row) {
+  for (const auto& word : row.words) out << test_name(word) << ' ';
   return out;
 }
 
-class grammar : public testing::TestWithParam<grammar_row> {};
+class commandline_item_option : public testing::TestWithParam<option_row> {};
 
-TEST_P(grammar, reads_as) { EXPECT_EQ(keys_of(GetParam().words), GetParam().keys); }
+TEST_P(commandline_item_option, reads_as) { EXPECT_EQ(keys_of(GetParam().words), GetParam().keys); }
 
 INSTANTIATE_TEST_SUITE_P(
-    documented, grammar,
-    testing::Values(grammar_row{{"-key"}, "key="}, grammar_row{{"/key"}, "key="},
-                    grammar_row{{"-key=value"}, "key=value"}, grammar_row{{"-key:value"}, "key=value"},
-                    grammar_row{{"-key:=value"}, "key=value"},
-                    grammar_row{{"-key=a,b,c"}, "key[] key.0=a key.1=b key.2=c"},
-                    grammar_row{{"-key$a,b"}, "key=a,b"}, grammar_row{{"-key", "value"}, "key=value"},
-                    grammar_row{{"-key", "a", "b", "c"}, "key[] key.0=a key.1=b key.2=c"}));
-INSTANTIATE_TEST_SUITE_P(options_in_a_row, grammar,
-                         testing::Values(grammar_row{{"-a", "-b"}, "a= b="},
-                                         grammar_row{{"-a", "x", "-b"}, "a=x b="},
-                                         grammar_row{{"-a", "x", "/y"}, "a[] a.0=x a.1=/y"},
-                                         grammar_row{{"-a", "/y"}, "a= y="},
-                                         grammar_row{{"-a", "x", "y", "-b", "z"}, "a[] a.0=x a.1=y b=z"},
-                                         grammar_row{{"-a=1", "-a=2"}, "a=2"}, grammar_row{{"-a", ""}, "a="},
-                                         grammar_row{{"-a", "", ""}, "a[] a.0= a.1="},
-                                         grammar_row{{"-a", "x", ""}, "a[] a.0=x a.1="}));
-INSTANTIATE_TEST_SUITE_P(keys, grammar,
-                         testing::Values(grammar_row{{"--key"}, "-key="},
-                                         grammar_row{{"-A.B=Value"}, "a.b=Value"},
-                                         grammar_row{{"-a/b=c"}, "a.b=c"}, grammar_row{{"-"}, "="},
-                                         grammar_row{{"/"}, "="}, grammar_row{{"-=x"}, "=x"},
-                                         grammar_row{{"-a=b"}, "a=b"}, grammar_row{{"-a1_b-c=d"}, "a1_b-c=d"},
-                                         grammar_row{{"-\"k e\"y=v"}, "k ey=v"},
-                                         grammar_row{{"-\xC3\xA4=\xC3\xB6"}, "\xC3\xA4=\xC3\xB6"}));
-INSTANTIATE_TEST_SUITE_P(separators, grammar,
-                         testing::Values(grammar_row{{"-a="}, "a="}, grammar_row{{"-a>=b"}, "a>=b"},
-                                         grammar_row{{"-a<=b"}, "a<=b"}, grammar_row{{"-a+=b"}, "a+=b"},
-                                         grammar_row{{"-a-=b"}, "a-=b"}, grammar_row{{"-a*=b"}, "a*=b"},
-                                         grammar_row{{"-a<b"}, "a<b="}, grammar_row{{"-a=b=c"}, "a=b=c"},
-                                         grammar_row{{"-a:=b:c"}, "a=b:c"},
-                                         grammar_row{{"-a$b$c=d"}, "a=b$c=d"}, grammar_row{{"-a$"}, "a="},
-                                         grammar_row{{"-a=$b,c"}, "a[] a.0=$b a.1=c"}));
+    documented, commandline_item_option,
+    testing::Values(option_row{{"-key"}, "key="}, option_row{{"/key"}, "key="},
+                    option_row{{"-key=value"}, "key=value"}, option_row{{"-key:value"}, "key=value"},
+                    option_row{{"-key:=value"}, "key=value"},
+                    option_row{{"-key=a,b,c"}, "key[] key.0=a key.1=b key.2=c"},
+                    option_row{{"-key$a,b"}, "key=a,b"}, option_row{{"-key", "value"}, "key=value"},
+                    option_row{{"-key", "a", "b", "c"}, "key[] key.0=a key.1=b key.2=c"}));
+INSTANTIATE_TEST_SUITE_P(options_in_a_row, commandline_item_option,
+                         testing::Values(option_row{{"-a", "-b"}, "a= b="},
+                                         option_row{{"-a", "x", "-b"}, "a=x b="},
+                                         option_row{{"-a", "x", "/y"}, "a[] a.0=x a.1=/y"},
+                                         option_row{{"-a", "/y"}, "a= y="},
+                                         option_row{{"-a", "x", "y", "-b", "z"}, "a[] a.0=x a.1=y b=z"},
+                                         option_row{{"-a=1", "-a=2"}, "a=2"}, option_row{{"-a", ""}, "a="},
+                                         option_row{{"-a", "", ""}, "a[] a.0= a.1="},
+                                         option_row{{"-a", "x", ""}, "a[] a.0=x a.1="}));
+INSTANTIATE_TEST_SUITE_P(keys, commandline_item_option,
+                         testing::Values(option_row{{"--key"}, "-key="},
+                                         option_row{{"-A.B=Value"}, "a.b=Value"},
+                                         option_row{{"-a/b=c"}, "a.b=c"}, option_row{{"-"}, "="},
+                                         option_row{{"/"}, "="}, option_row{{"-=x"}, "=x"},
+                                         option_row{{"-a=b"}, "a=b"}, option_row{{"-a1_b-c=d"}, "a1_b-c=d"},
+                                         option_row{{"-\"k e\"y=v"}, "k ey=v"},
+                                         option_row{{"-\xC3\xA4=\xC3\xB6"}, "\xC3\xA4=\xC3\xB6"}));
+INSTANTIATE_TEST_SUITE_P(separators, commandline_item_option,
+                         testing::Values(option_row{{"-a="}, "a="}, option_row{{"-a>=b"}, "a>=b"},
+                                         option_row{{"-a<=b"}, "a<=b"}, option_row{{"-a+=b"}, "a+=b"},
+                                         option_row{{"-a-=b"}, "a-=b"}, option_row{{"-a*=b"}, "a*=b"},
+                                         option_row{{"-a<b"}, "a<b="}, option_row{{"-a=b=c"}, "a=b=c"},
+                                         option_row{{"-a:=b:c"}, "a=b:c"},
+                                         option_row{{"-a$b$c=d"}, "a=b$c=d"}, option_row{{"-a$"}, "a="},
+                                         option_row{{"-a=$b,c"}, "a[] a.0=$b a.1=c"}));
 INSTANTIATE_TEST_SUITE_P(
-    values, grammar,
-    testing::Values(grammar_row{{"-a=,"}, "a[] a.0= a.1="}, grammar_row{{"-a=x,"}, "a[] a.0=x a.1="},
-                    grammar_row{{"-a=\"x,y\",z"}, "a[] a.0=x,y a.1=z"}, grammar_row{{"-a", "x,y"}, "a=x,y"},
-                    grammar_row{{"-a", "\"x y\""}, "a=x y"}, grammar_row{{"-a=\"x\\\"y\""}, "a=x\\\"y"},
-                    grammar_row{{"-a=C:\\dir"}, "a=C:\\dir"}, grammar_row{{"-a=/usr/bin"}, "a=/usr/bin"},
-                    grammar_row{{"-a=//x#y"}, "a=//x#y"}));
+    values, commandline_item_option,
+    testing::Values(option_row{{"-a=,"}, "a[] a.0= a.1="}, option_row{{"-a=x,"}, "a[] a.0=x a.1="},
+                    option_row{{"-a=\"x,y\",z"}, "a[] a.0=x,y a.1=z"}, option_row{{"-a", "x,y"}, "a=x,y"},
+                    option_row{{"-a", "\"x y\""}, "a=x y"}, option_row{{"-a=\"x\\\"y\""}, "a=x\\\"y"},
+                    option_row{{"-a=C:\\dir"}, "a=C:\\dir"}, option_row{{"-a=/usr/bin"}, "a=/usr/bin"},
+                    option_row{{"-a=//x#y"}, "a=//x#y"}));
 
 TEST(commandline_item, separator_pair_gives_its_first_character_to_the_key) {
   command_line line({"-a/=b", "-c+=d"});

@@ -51,7 +51,7 @@ TEST(std_config_dispatch, is_copied_assigned_and_cloned) {
   EXPECT_EQ(static_cast<file_item&>(**std::next(items.begin())).get_filename(), "a");
 }
 
-class program : public testing::Test {
+class std_config_manager : public testing::Test {
  protected:
   void start(const std::vector<std::string>& arguments, const std::string& file = "") {
     words_ = arguments;
@@ -74,7 +74,7 @@ class program : public testing::Test {
   config_manager config_;
 };
 
-TEST_F(program, command_line_goes_before_the_file_and_the_file_before_the_environment) {
+TEST_F(std_config_manager, command_line_goes_before_the_file_and_the_file_before_the_environment) {
   directory_.write("app.cfg", "c=file\ne=file\ng=file\n");
   start({"-c=command"});
   EXPECT_EQ(value("c"), "command");
@@ -84,14 +84,14 @@ TEST_F(program, command_line_goes_before_the_file_and_the_file_before_the_enviro
   EXPECT_EQ(value("h"), "default");
 }
 
-TEST_F(program, file_is_found_by_the_program_name_in_the_current_directory) {
+TEST_F(std_config_manager, file_is_found_by_the_program_name_in_the_current_directory) {
   directory_.write("app.cfg", "k=v\n");
   start({});
   EXPECT_EQ(value("k"), "v");
   EXPECT_EQ(static_cast<file_item&>(*config_.get_config_item("standard file")).get_filename(), "app.cfg");
 }
 
-TEST_F(program, command_line_names_the_file_and_the_environment_does_not) {
+TEST_F(std_config_manager, command_line_names_the_file_and_the_environment_does_not) {
   directory_.write("app.cfg", "k=app\n");
   directory_.write("x.cfg", "k=x\n");
   directory_.write("environment.cfg", "k=environment\n");
@@ -103,7 +103,7 @@ TEST_F(program, command_line_names_the_file_and_the_environment_does_not) {
   EXPECT_EQ(value("k"), "app");
 }
 
-TEST_F(program, environment_names_the_file_of_a_second_load) {
+TEST_F(std_config_manager, environment_names_the_file_of_a_second_load) {
   directory_.write("app.cfg", "k=app\n");
   directory_.write("environment.cfg", "k=environment\n");
   start({});
@@ -111,7 +111,7 @@ TEST_F(program, environment_names_the_file_of_a_second_load) {
   EXPECT_EQ(value("k"), "environment");
 }
 
-TEST_F(program, unload_empties_all_and_load_fills_them_again) {
+TEST_F(std_config_manager, unload_empties_all_and_load_fills_them_again) {
   directory_.write("app.cfg", "k=1\n");
   start({"-c=2"});
   EXPECT_TRUE(config_.unload());
@@ -122,7 +122,7 @@ TEST_F(program, unload_empties_all_and_load_fills_them_again) {
     EXPECT_TRUE(config_.value_exist(key)) << key;
 }
 
-TEST_F(program, save_of_the_manager_leaves_the_file_and_save_of_the_item_writes_it) {
+TEST_F(std_config_manager, save_of_the_manager_leaves_the_file_and_save_of_the_item_writes_it) {
   directory_.write("app.cfg", "# note\n[s]\nk=1\n");
   start({});
   const auto item = config_.get_config_item("standard file");
@@ -133,14 +133,14 @@ TEST_F(program, save_of_the_manager_leaves_the_file_and_save_of_the_item_writes_
   EXPECT_EQ(directory_.read("app.cfg"), "[s]\r\nk=2\r\n\r\n");
 }
 
-TEST_F(program, links_in_one_source_lead_to_another) {
+TEST_F(std_config_manager, links_in_one_source_lead_to_another) {
   directory_.write("app.cfg", "target=file\n");
   start({"-target=command"});
   config_.get_config_item("enviroment")->set("alias", "target", 4);
   EXPECT_EQ(value("alias"), "command");
 }
 
-TEST_F(program, dump_tells_what_is_in_force) {
+TEST_F(std_config_manager, dump_tells_what_is_in_force) {
   directory_.write("app.cfg", "[s]\nk[]=a,b\n");
   start({"-c"});
   std::ostringstream stream;

@@ -62,9 +62,9 @@ class logging_dispatch : public config_dispatch {
   int count_;
 };
 
-class manager : public testing::Test {
+class config_manager_reads : public testing::Test {
  protected:
-  manager() { config_.init(logging_dispatch(3)); }
+  config_manager_reads() { config_.init(logging_dispatch(3)); }
 
   base_config_item& item(const char* id) { return *config_.get_config_item(id); }
 
@@ -89,7 +89,7 @@ class manager : public testing::Test {
   config_manager config_;
 };
 
-TEST(empty_manager, has_no_value_and_loads_nothing) {
+TEST(config_manager_without_init, has_no_value_and_loads_nothing) {
   config_manager config;
   EXPECT_EQ(config.get_value("a", 5).as_int(), 5);
   EXPECT_TRUE(config.get_value("a") == nil);
@@ -110,7 +110,7 @@ TEST(empty_manager, has_no_value_and_loads_nothing) {
   EXPECT_EQ(stream.str(), "config_manager:\n\nno more config_items!\n\nending output\n");
 }
 
-TEST_F(manager, first_item_that_has_the_key_answers) {
+TEST_F(config_manager_reads, first_item_that_has_the_key_answers) {
   item("1").set("a = one", 0);
   item("2").set("a = two", 0);
   item("2").set("b = two", 0);
@@ -121,7 +121,7 @@ TEST_F(manager, first_item_that_has_the_key_answers) {
   EXPECT_EQ(value("a"), "zero");
 }
 
-TEST_F(manager, subtrees_are_not_merged_and_a_node_on_the_way_is_a_value) {
+TEST_F(config_manager_reads, subtrees_are_not_merged_and_a_node_on_the_way_is_a_value) {
   item("0").set("a.b = 1", 0);
   item("1").set("a = 2", 0);
   item("1").set("a.c = 3", 0);
@@ -132,18 +132,18 @@ TEST_F(manager, subtrees_are_not_merged_and_a_node_on_the_way_is_a_value) {
   EXPECT_TRUE(config_.value_exist("a"));
 }
 
-TEST_F(manager, value_keeps_its_type) {
+TEST_F(config_manager_reads, value_keeps_its_type) {
   item("0").set("a", 1.5, 0);
   EXPECT_EQ(config_.get_value("a", 3).type(), typeid(double));
 }
 
-TEST_F(manager, value_of_an_array_is_its_first_element) {
+TEST_F(config_manager_reads, value_of_an_array_is_its_first_element) {
   item("0").set_array("k", varg_list(argument("x"), argument("y")), {});
   EXPECT_EQ(value("k"), "x");
   EXPECT_TRUE(config_.value_exist("k"));
 }
 
-TEST_F(manager, array_without_elements_is_nil_and_does_not_exist) {
+TEST_F(config_manager_reads, array_without_elements_is_nil_and_does_not_exist) {
   item("0").set_array("k", {}, {});
   item("1").set("k = x", 0);
   EXPECT_TRUE(config_.get_value("k", 5) == nil);
@@ -151,13 +151,13 @@ TEST_F(manager, array_without_elements_is_nil_and_does_not_exist) {
   EXPECT_TRUE(config_.is_array("k"));
 }
 
-TEST_F(manager, element_of_an_array_is_looked_for_in_the_same_item) {
+TEST_F(config_manager_reads, element_of_an_array_is_looked_for_in_the_same_item) {
   item("0").set_array("k", {}, {});
   item("1").set_array("k", varg_list(argument("x")), {});
   EXPECT_TRUE(config_.get_value("k") == nil);
 }
 
-TEST_F(manager, array_goes_before_a_link_and_its_element_is_not_followed) {
+TEST_F(config_manager_reads, array_goes_before_a_link_and_its_element_is_not_followed) {
   item("0").set_array("k", varg_list(argument("target")), varg_list(argument(link)));
   item("0").set("target = x", 0);
   EXPECT_EQ(value("k"), "target");
@@ -166,13 +166,13 @@ TEST_F(manager, array_goes_before_a_link_and_its_element_is_not_followed) {
   EXPECT_EQ(value("k"), "target");
 }
 
-TEST_F(manager, nil_that_was_set_does_not_exist) {
+TEST_F(config_manager_reads, nil_that_was_set_does_not_exist) {
   item("0").set("k", nil, 0);
   EXPECT_FALSE(config_.value_exist("k"));
   EXPECT_TRUE(config_.get_value("k", 5) == nil);
 }
 
-TEST_F(manager, link_leads_to_another_key_from_the_first_item_on) {
+TEST_F(config_manager_reads, link_leads_to_another_key_from_the_first_item_on) {
   item("2").set("a", "B.c", link);
   item("2").set("b.c = two", 0);
   EXPECT_EQ(value("a"), "two");
@@ -180,19 +180,19 @@ TEST_F(manager, link_leads_to_another_key_from_the_first_item_on) {
   EXPECT_EQ(value("a"), "zero");
 }
 
-TEST_F(manager, link_to_a_key_that_is_nowhere_gives_the_default) {
+TEST_F(config_manager_reads, link_to_a_key_that_is_nowhere_gives_the_default) {
   item("0").set("a", "b", link);
   EXPECT_EQ(value("a"), "default");
   EXPECT_FALSE(config_.value_exist("a"));
 }
 
-TEST_F(manager, link_to_an_array_gives_its_first_element) {
+TEST_F(config_manager_reads, link_to_an_array_gives_its_first_element) {
   item("0").set("a", "k", link);
   item("1").set_array("k", varg_list(argument("x")), {});
   EXPECT_EQ(value("a"), "x");
 }
 
-TEST_F(manager, links_in_a_circle_end_with_the_name_that_closes_it) {
+TEST_F(config_manager_reads, links_in_a_circle_end_with_the_name_that_closes_it) {
   item("0").set("a", "b", link);
   item("0").set("b", "a", link);
   EXPECT_EQ(value("a"), "a");
@@ -203,13 +203,13 @@ TEST_F(manager, links_in_a_circle_end_with_the_name_that_closes_it) {
   EXPECT_EQ(value("d"), "a");
 }
 
-TEST_F(manager, circle_closes_when_a_spelling_comes_again) {
+TEST_F(config_manager_reads, circle_closes_when_a_spelling_comes_again) {
   item("0").set("a", "B", link);
   item("0").set("b", "A", link);
   EXPECT_EQ(value("a"), "B") << "a, B, A and then B again";
 }
 
-TEST_F(manager, long_chains_of_links_are_followed) {
+TEST_F(config_manager_reads, long_chains_of_links_are_followed) {
   constexpr int count = 20000;
   for (int i = 0; i < count; ++i) item("1").set(std::to_string(i), std::to_string(i + 1), link);
   EXPECT_EQ(value("0"), "default");
@@ -217,7 +217,7 @@ TEST_F(manager, long_chains_of_links_are_followed) {
   EXPECT_EQ(value("0"), "end");
 }
 
-TEST_F(manager, is_array_if_any_item_has_it_as_one) {
+TEST_F(config_manager_reads, is_array_if_any_item_has_it_as_one) {
   item("0").set("k = x", 0);
   EXPECT_FALSE(config_.is_array("k"));
   item("2").set_array("k", varg_list(argument("y"), argument("z")), {});
@@ -228,7 +228,7 @@ TEST_F(manager, is_array_if_any_item_has_it_as_one) {
   EXPECT_TRUE(config_.is_array("j")) << "flags 3, whoever set them";
 }
 
-TEST_F(manager, array_comes_from_one_item_and_is_appended) {
+TEST_F(config_manager_reads, array_comes_from_one_item_and_is_appended) {
   item("1").set_array("k", varg_list(argument("a"), argument("b")), {});
   item("2").set_array("k", varg_list(argument("c"), argument("d"), argument("e")), {});
   std::vector<variant> values(1);
@@ -238,7 +238,7 @@ TEST_F(manager, array_comes_from_one_item_and_is_appended) {
   EXPECT_EQ(array("j"), "");
 }
 
-TEST_F(manager, children_come_from_the_first_item_that_has_the_key) {
+TEST_F(config_manager_reads, children_come_from_the_first_item_that_has_the_key) {
   item("1").set("a.b.c = 1", 0);
   item("1").set("a.d = 2", 0);
   item("2").set("a.e = 3", 0);
@@ -249,13 +249,13 @@ TEST_F(manager, children_come_from_the_first_item_that_has_the_key) {
   EXPECT_EQ(pairs("", true), "") << "no item has a node without a name";
 }
 
-TEST_F(manager, element_of_an_array_under_an_odd_key_is_found_as_it_was_set) {
+TEST_F(config_manager_reads, element_of_an_array_under_an_odd_key_is_found_as_it_was_set) {
   item("0").set_array("k.", varg_list(argument("x")), {});
   EXPECT_EQ(value("k."), "x");
   EXPECT_TRUE(config_.get_value("k") == nil);
 }
 
-TEST_F(manager, item_is_found_by_its_exact_id_and_shared) {
+TEST_F(config_manager_reads, item_is_found_by_its_exact_id_and_shared) {
   EXPECT_EQ(config_.get_config_item("1")->get_id(), "1");
   EXPECT_EQ(config_.get_config_item("1"), config_.get_config_item("1"));
   EXPECT_EQ(config_.get_config_item("x"), nullptr);
@@ -267,7 +267,7 @@ TEST_F(manager, item_is_found_by_its_exact_id_and_shared) {
   EXPECT_EQ(value_of(*held, "a"), "b");
 }
 
-TEST_F(manager, forwards_to_its_dispatch) {
+TEST_F(config_manager_reads, forwards_to_its_dispatch) {
   logging_dispatch::log.clear();
   EXPECT_TRUE(config_.load());
   EXPECT_TRUE(config_.unload());
@@ -275,7 +275,7 @@ TEST_F(manager, forwards_to_its_dispatch) {
   EXPECT_EQ(logging_dispatch::log, "load 3 unload save ");
 }
 
-TEST_F(manager, init_replaces_dispatch_and_items) {
+TEST_F(config_manager_reads, init_replaces_dispatch_and_items) {
   item("0").set("a = b", 0);
   const rc_pointer<base_config_item> old = config_.get_config_item("0");
   EXPECT_EQ(logging_dispatch::alive, 1);
@@ -287,7 +287,7 @@ TEST_F(manager, init_replaces_dispatch_and_items) {
   EXPECT_EQ(value_of(*old, "a"), "b");
 }
 
-TEST_F(manager, copies_share_items_and_one_dispatch) {
+TEST_F(config_manager_reads, copies_share_items_and_one_dispatch) {
   config_manager copy(config_);
   config_manager assigned;
   assigned = copy;
@@ -301,7 +301,7 @@ TEST_F(manager, copies_share_items_and_one_dispatch) {
   EXPECT_EQ(assigned.get_value("a").as_string(), "b");
 }
 
-TEST(shared_dispatch, goes_with_the_last_manager_that_has_it) {
+TEST(config_manager_dispatch, goes_with_the_last_manager_that_has_it) {
   ASSERT_EQ(logging_dispatch::alive, 0);
   {
     config_manager last;
@@ -318,7 +318,7 @@ TEST(shared_dispatch, goes_with_the_last_manager_that_has_it) {
   EXPECT_EQ(logging_dispatch::alive, 0);
 }
 
-TEST(shared_dispatch, stays_with_the_copy_when_the_original_is_given_another) {
+TEST(config_manager_dispatch, stays_with_the_copy_when_the_original_is_given_another) {
   config_manager first;
   first.init(logging_dispatch(1));
   config_manager copy(first);
@@ -343,7 +343,7 @@ class failing_dispatch : public logging_dispatch {
   failing_dispatch* clone() const override { return new failing_dispatch(*this); }
 };
 
-TEST_F(manager, init_that_fails_changes_nothing) {
+TEST_F(config_manager_reads, init_that_fails_changes_nothing) {
   item("0").set("a = b", 0);
   EXPECT_THROW(config_.init(failing_dispatch()), std::length_error);
   EXPECT_EQ(value("a"), "b");
@@ -351,7 +351,7 @@ TEST_F(manager, init_that_fails_changes_nothing) {
   EXPECT_EQ(logging_dispatch::alive, 1);
 }
 
-TEST_F(manager, dump_has_all_items) {
+TEST_F(config_manager_reads, dump_has_all_items) {
   config_.init(logging_dispatch(2));
   item("1").set("a = b", 0);
   std::ostringstream stream;
@@ -363,7 +363,7 @@ TEST_F(manager, dump_has_all_items) {
             "\nno more config_items!\n\nending output\n");
 }
 
-TEST_F(manager, keys_may_be_any_text_of_bytes) {
+TEST_F(config_manager_reads, keys_may_be_any_text_of_bytes) {
   item("0").set("deep.key", 1, 0);
   EXPECT_EQ(config_.get_value(std::string("deep.key")).as_int(), 1);
   EXPECT_EQ(config_.get_value(ustring8("DEEP/KEY")).as_int(), 1);

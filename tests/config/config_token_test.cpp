@@ -24,13 +24,11 @@ struct token_row {
   const char* name;
 };
 
-std::ostream& operator<<(std::ostream& out, const token_row& row) {
-  return out << row.name << " " << row.source;
-}
+std::ostream& operator<<(std::ostream& out, const token_row& row) { return out << test_name(row.name); }
 
-class token_table : public testing::TestWithParam<token_row> {};
+class config_token_table : public testing::TestWithParam<token_row> {};
 
-TEST_P(token_table, has_type_text_and_name) {
+TEST_P(config_token_table, has_type_text_and_name) {
   const std::string source = GetParam().source;
   const plain_item item;
   config_token token;
@@ -47,7 +45,7 @@ TEST_P(token_table, has_type_text_and_name) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    vocabulary, token_table,
+    vocabulary, config_token_table,
     testing::Values(token_row{"abc", 0, "abc", "T_VAR :[abc]"}, token_row{"0129", 1, "0129", "T_NUM"},
                     token_row{"\n", 2, "\n", "T_NEWLINE"}, token_row{"\r\n", 2, "\n", "T_NEWLINE"},
                     token_row{"\t", 3, "\t", "T_TABCHAR"}, token_row{"\r", 4, "\r", "T_UNKNOWN:[\r]"},

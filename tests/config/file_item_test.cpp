@@ -21,14 +21,14 @@ struct file_row {
   const char* keys;
 };
 
-std::ostream& operator<<(std::ostream& out, const file_row& row) { return out << row.text; }
+std::ostream& operator<<(std::ostream& out, const file_row& row) { return out << test_name(row.text); }
 
-class file_text : public testing::TestWithParam<file_row> {};
+class file_item_text : public testing::TestWithParam<file_row> {};
 
-TEST_P(file_text, reads_as) { EXPECT_EQ(keys_of_text(GetParam().text), GetParam().keys); }
+TEST_P(file_item_text, reads_as) { EXPECT_EQ(keys_of_text(GetParam().text), GetParam().keys); }
 
 INSTANTIATE_TEST_SUITE_P(
-    comments, file_text,
+    comments, file_item_text,
     testing::Values(file_row{"", ""}, file_row{"\n\r\n \t\n", ""}, file_row{"# a\n// b = c\n", ""},
                     file_row{"# a=b", ""}, file_row{"//", ""}, file_row{"#", ""}, file_row{"#\"a\"=b", ""},
                     file_row{"k=v # note\n", "k=v"}, file_row{"k=v # note", "k=v"}, file_row{"k=v #", "k=v"},
@@ -38,7 +38,7 @@ INSTANTIATE_TEST_SUITE_P(
                     file_row{"# \"a\nb=1\n\" c=2\nd=3\n", "d=3"}, file_row{"k#x=v\n", "k#x=v"},
                     file_row{"k = # note\nj=1\n", "j=1"}, file_row{"; a=b\n", ";a=b"}));
 INSTANTIATE_TEST_SUITE_P(
-    sections, file_text,
+    sections, file_item_text,
     testing::Values(file_row{"[s]\nk=v\n", "s.k=v"}, file_row{"[s]\n[t]\nk=v\n", "t.k=v"},
                     file_row{"[s]\nk=v\n[]\nj=w\n", "j=w s.k=v"}, file_row{"[s] k=v\n", "s.k=v"},
                     file_row{"[ a b ]\nk=v\n", "ab.k=v"}, file_row{"[\"a b\"]\nk=v\n", "a b.k=v"},
@@ -48,7 +48,7 @@ INSTANTIATE_TEST_SUITE_P(
                     file_row{"[S]\nK=V\n", "s.k=V"}, file_row{"[a.]\nk=v\n", "a..k=v"},
                     file_row{"[[s]\nk=v\n", "[s.k=v"}, file_row{"[s]]\nk=v\n", "s.]k=v"}));
 INSTANTIATE_TEST_SUITE_P(
-    scalars, file_text,
+    scalars, file_item_text,
     testing::Values(
         file_row{"a b = c d\n", "ab=cd"}, file_row{"k=\n", ""}, file_row{"k=\"\"\n", ""},
         file_row{"k=v", "k=v"}, file_row{"k=v\r\nj=w\r\n", "j=w k=v"}, file_row{"a\nb=1\n", "ab=1"},
@@ -61,7 +61,7 @@ INSTANTIATE_TEST_SUITE_P(
         file_row{"k=1\nk=2\n", "k=2"}, file_row{"\xC3\xA4=\xC3\xB6\n", "\xC3\xA4=\xC3\xB6"},
         file_row{"a.b=1\na=2\n", "a=2 a.b=1"}, file_row{"a.=1\n", "a=1"}, file_row{".a=1\n", "a=1"}));
 INSTANTIATE_TEST_SUITE_P(
-    arrays, file_text,
+    arrays, file_item_text,
     testing::Values(
         file_row{"k[]=a,b\n", "k[] k.0=a k.1=b"}, file_row{"k[]=a,\nb\n", "k[] k.0=a k.1=b"},
         file_row{"k[]=a,\n\n\t b\n", "k[] k.0=a k.1=b"}, file_row{"k[]=\n", ""}, file_row{"k[]=", ""},
@@ -74,12 +74,12 @@ INSTANTIATE_TEST_SUITE_P(
         file_row{"[s]\nk[]=a,b\n", "s.k[] s.k.0=a s.k.1=b"}, file_row{"\"k[]\"=a,b\n", "k[] k.0=a k.1=b"},
         file_row{"k[]=a\r\nj=b\r\n", "j=b k[] k.0=a"}, file_row{"k[]x=a,b\n", "k[]x=a,b"},
         file_row{"k[0]=a\n", "k[0]=a"}, file_row{"k[]=a b,c\n", "k[] k.0=ab k.1=c"}));
-INSTANTIATE_TEST_SUITE_P(arrays_without_their_last_element, file_text,
+INSTANTIATE_TEST_SUITE_P(arrays_without_their_last_element, file_item_text,
                          testing::Values(file_row{"k[]=a,\"\"\nj[]=b\n", "j[] j.0=a j.1=b"},
                                          file_row{"k[]=a,b,\"\"\nj=1\nl[]=c,d\n",
                                                   "j=1 l[] l.0=a l.1=b l.2=c l.3=d"},
                                          file_row{"k[]=\"\"\nj[]=b\n", "j[] j.0=b"}));
-INSTANTIATE_TEST_SUITE_P(arrays_without_a_name, file_text,
+INSTANTIATE_TEST_SUITE_P(arrays_without_a_name, file_item_text,
                          testing::Values(file_row{"[s]\n\"[]\"=a,b\n", "s[] s..0=a s..1=b"},
                                          file_row{"\"[]\"=a\n", "[] 0=a"},
                                          file_row{"[s]\n.[]=a\n", "s.[] s...0=a"},

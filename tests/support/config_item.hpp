@@ -22,6 +22,15 @@ class plain_item : public ORVA_2_18::config::base_config_item {
   void name(std::string_view id) { id_.assign(id); }
 };
 
+/// Text for the name of a test, with `_` for what a list of tests cannot hold.
+inline std::string test_name(std::string text) {
+  for (char& c : text) {
+    const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '=';
+    if (!plain) c = '_';
+  }
+  return text;
+}
+
 /// All tokens of a text, as the library cuts them.
 inline std::vector<reference_token> tokens_of(const std::string& source) {
   using ORVA_2_18::config::config_token;
