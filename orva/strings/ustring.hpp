@@ -116,6 +116,12 @@ std::remove_cvref_t<Right> operator+(Left&& left,
 template <ORVA_2_18::strings::code_unit Unit>
 struct std::hash<ORVA_2_18::strings::basic_ustring<Unit>> {
   std::size_t operator()(const ORVA_2_18::strings::basic_ustring<Unit>& text) const noexcept {
-    return std::hash<std::basic_string_view<Unit>>()(text);
+    // The standard hashes the texts of its own character types; `unsigned long` is none of them.
+    if constexpr (std::is_default_constructible_v<std::hash<std::basic_string_view<Unit>>>) {
+      return std::hash<std::basic_string_view<Unit>>()(text);
+    } else {
+      const auto* const bytes = reinterpret_cast<const char*>(text.data());
+      return std::hash<std::string_view>()({bytes, text.size() * sizeof(Unit)});
+    }
   }
 };

@@ -1,0 +1,18 @@
+#include "orva/platform/debug_output.hpp"
+
+#include <new>
+#include <string>
+
+#include "orva/platform/windows/system.hpp"
+
+namespace ORVA_2_18::platform {
+
+void debug_output(std::string_view text) noexcept {
+  try {
+    // The system wants a terminated text, and in one piece, so that nobody's line gets between.
+    ::OutputDebugStringA(std::string(text).c_str());
+  } catch (const std::bad_alloc&) {
+  }
+}
+
+}  // namespace ORVA_2_18::platform

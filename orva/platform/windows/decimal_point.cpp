@@ -1,0 +1,10 @@
+#include "orva/platform/decimal_point.hpp"
+
+#include <clocale>
+
+namespace ORVA_2_18::platform {
+
+// The runtime here keeps what localeconv returns for each locale, and fills nothing.
+std::string_view decimal_point() noexcept { return std::localeconv()->decimal_point; }
+
+}  // namespace ORVA_2_18::platform

@@ -1,0 +1,40 @@
+#include "orva/platform/directory_listing.hpp"
+
+#include <memory>
+
+#include "orva/platform/windows/status_of_path.hpp"
+#include "orva/platform/windows/system.hpp"
+
+namespace ORVA_2_18::platform {
+
+namespace {
+
+struct close_search {
+  using pointer = HANDLE;
+  void operator()(HANDLE search) const { ::FindClose(search); }
+};
+using open_search = std::unique_ptr<void, close_search>;
+
+}  // namespace
+
+directory_listing::directory_listing(const native_string& directory, detail wanted) {
+  if (directory.find(L'\0') != directory.npos) return;
+  const native_string base = directory + separator;
+  WIN32_FIND_DATAW found = {};
+  const HANDLE first = ::FindFirstFileW((base + L'*').c_str(), &found);
+  if (first == INVALID_HANDLE_VALUE) return;
+  const open_search search(first);
+  do {
+    add(found.cFileName);
+    if (wanted == detail::names) continue;
+    entries_.back().status = windows::status_of_path((base + found.cFileName).c_str());
+  } while (::FindNextFileW(search.get(), &found) != 0);
+}
+
+void directory_listing::add(native_view name) {
+  entries_.push_back({names_.size(), name.size(), {}});
+  names_.append(name);
+  names_ += L'\0';  // a name is also a terminated text
+}
+
+}  // namespace ORVA_2_18::platform

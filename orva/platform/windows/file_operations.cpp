@@ -1,0 +1,28 @@
+#include "orva/platform/file_operations.hpp"
+
+#include <direct.h>
+#include <stdio.h>
+#include <wchar.h>
+
+#include "orva/platform/windows/c_path.hpp"
+#include "orva/platform/windows/status_of_path.hpp"
+#include "orva/platform/windows/system.hpp"
+
+namespace ORVA_2_18::platform {
+
+using windows::c_path;
+
+file_status status(const native_string& path) { return windows::status_of_path(c_path(path)); }
+
+bool make_directory(const native_string& path) { return ::CreateDirectoryW(c_path(path), nullptr) != 0; }
+
+// The runtime's rename replaces nothing here.
+bool rename(const native_string& from, const native_string& to) {
+  return ::_wrename(c_path(from), c_path(to)) == 0;
+}
+
+bool remove_file(const native_string& path) { return ::_wremove(c_path(path)) == 0; }
+
+bool remove_directory(const native_string& path) { return ::_wrmdir(c_path(path)) == 0; }
+
+}  // namespace ORVA_2_18::platform

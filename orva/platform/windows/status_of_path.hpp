@@ -1,0 +1,18 @@
+/// What the runtime's file status says in the words of `file_status`.
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include "orva/platform/file_operations.hpp"
+
+namespace ORVA_2_18::platform::windows {
+
+inline file_status status_of_path(const wchar_t* path) {
+  struct _stat64i32 found = {};
+  if (::_wstat64i32(path, &found) != 0) return {};
+  const auto mode = found.st_mode;
+  return {true, (mode & _S_IFMT) == _S_IFDIR, (mode & _S_IFMT) == _S_IFREG, (mode & _S_IREAD) != 0};
+}
+
+}  // namespace ORVA_2_18::platform::windows
