@@ -1,0 +1,85 @@
+#include <iomanip>
+#include <iostream>
+
+#include "orva/orva.hpp"
+
+namespace date_time = orva::system::date_time;
+using date_time::date_duration;
+using date_time::date_time_t;
+using date_time::milliseconds;
+using date_time::time_duration;
+using date_time::timer;
+
+// There is no text in these classes: a program writes dates as its users read them.
+std::ostream& operator<<(std::ostream& stream, const date_time::date& d) {
+  return stream << d.day() << '.' << d.month() << '.' << d.year();
+}
+
+std::ostream& operator<<(std::ostream& stream, const date_time::time& t) {
+  const auto two = std::setw(2);
+  return stream << std::setfill('0') << two << t.hour() << ':' << two << t.minute() << ':' << two
+                << t.second() << '.' << std::setw(3) << t.millisecond();
+}
+
+void dates() {
+  date_time::date d(28, 12, 2024);  // day, month, year
+  d += 7;
+  std::cout << "a week on: " << d << '\n';
+  d -= date_duration(366);
+  std::cout << "366 days back: " << d << (d.is_leap_year() ? ", a leap year" : "") << '\n';
+
+  date_time::date end(31, 1, 2023);
+  for (unsigned int month = 1; month <= 4; ++month) {
+    end.month(month);
+    std::cout << "last of the month: " << end << (end.is_day_constrained() ? " (31 is kept)" : "") << '\n';
+  }
+
+  date_time::date leap(28, 2, 2024);
+  std::cout << "the day after " << leap;
+  std::cout << ": " << (leap += 1) << '\n';
+}
+
+void times() {
+  const date_time::time evening(22, 30, 0, 0);
+  std::cout << "8 hours on: " << evening + time_duration(8, 0, 0, 0) << '\n';
+  std::cout << "a millisecond before midnight: " << date_time::time() - milliseconds(1) << '\n';
+
+  const time_duration back = date_time::time(6, 15, 0, 0) - evening;
+  std::cout << "from evening to morning: " << back.hour() << " h " << back.minute() << " min, "
+            << back.total_hours() << " hours\n";
+  const milliseconds week = 7LL * 24 * 3600 * 1000;
+  std::cout << "a week: " << week.total_complete_hours() << " hours, " << int{week} << " ms\n";
+}
+
+void both() {
+  date_time_t t(date_time::date(17, 5, 2024), date_time::time(20, 0, 0, 0));
+  t += time_duration(5, 0, 0, 0);
+  std::cout << "5 hours on: " << t.date() << ' ' << t.time() << '\n';
+  t += date_duration(1);
+  std::cout << "and a day: " << t.date() << ' ' << t.time() << '\n';
+  t += time_duration(25, 0, 0, 0);
+  std::cout << "25 hours on: " << t.date() << ' ' << t.time() << '\n';
+  try {
+    t += time_duration(48, 0, 0, 0);
+  } catch (const orva::exceptions::out_of_range& error) {
+    std::cout << "48 hours on: " << error.message() << '\n';
+  }
+}
+
+void clocks() {
+  timer stopwatch;
+  stopwatch.start();
+  const date_time_t utc = date_time_t::UTC_date_time();
+  const date_time_t local = date_time_t::local_date_time();
+  stopwatch.stop();
+  const bool is_now = utc.year() >= 2024 && local.year() >= 2024;
+  std::cout << std::boolalpha << "the clock is set: " << is_now << '\n';
+  std::cout << "read in less than a second: " << (stopwatch.elapsed_time() < 1'000'000) << '\n';
+}
+
+int main() {
+  dates();
+  times();
+  both();
+  clocks();
+}
