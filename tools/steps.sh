@@ -47,5 +47,5 @@ need_packages() {
 
 build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
 check_packages=("${build_packages[@]}" binutils clang clang-format gettext git libbenchmark-dev libclang-rt-dev
-  libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev libhowardhinnant-date-dev libicu-dev libpugixml-dev llvm
-  locales pkg-config)
+  libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev libhowardhinnant-date-dev libicu-dev libpugixml-dev libxml2-dev
+  llvm locales pkg-config)

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstddef>
-#include <cstring>
+#include <cstdint>
 #include <iterator>
 #include <string_view>
 #include <utility>
@@ -16,23 +16,30 @@ namespace ORVA_2_18::parser {
 
 namespace {
 
-/// Letters, digits, the underscore, and every byte of a multi-byte character, whatever the locale calls it.
-constexpr auto name_characters = [] {
-  std::array<bool, 256> table{};
-  for (unsigned int byte = 0; byte < table.size(); ++byte) {
-    const bool is_letter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
-    table[byte] = is_letter || (byte >= '0' && byte <= '9') || byte == '_' || byte >= 128;
-  }
+enum byte_class : std::uint8_t {
+  in_name = 1,
+  ends_plain_text = 2,
+  ends_plain_value_in_single_quotes = 4,
+  ends_plain_value_in_double_quotes = 8,
+};
+
+constexpr std::uint8_t classify(unsigned int byte) {
+  const bool is_letter = (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+  // Every byte of a multi-byte character belongs to a name, whatever the locale calls it.
+  if (is_letter || (byte >= '0' && byte <= '9') || byte == '_' || byte >= 128) return in_name;
+  if (byte == '\'') return ends_plain_value_in_single_quotes;
+  if (byte == '"') return ends_plain_value_in_double_quotes;
+  if (byte != '<' && byte != '&') return 0;
+  return ends_plain_text | ends_plain_value_in_single_quotes | ends_plain_value_in_double_quotes;
+}
+
+constexpr auto byte_classes = [] {
+  std::array<std::uint8_t, 256> table{};
+  for (unsigned int byte = 0; byte < table.size(); ++byte) table[byte] = classify(byte);
   return table;
 }();
 
-bool is_name_character(char c) { return name_characters[static_cast<unsigned char>(c)]; }
-
-/// The first `wanted` in [first, last), or `last`.
-const char* find(const char* first, const char* last, char wanted) {
-  const void* const found = std::memchr(first, wanted, static_cast<std::size_t>(last - first));
-  return found != nullptr ? static_cast<const char*>(found) : last;
-}
+bool is(char c, std::uint8_t wanted) { return (byte_classes[static_cast<unsigned char>(c)] & wanted) != 0; }
 
 }  // namespace
 
@@ -183,10 +190,8 @@ void xml_stream_parser::attribute() {
 }
 
 void xml_stream_parser::text() {
-  const char* const end = find(cursor_, data_end_, '<');
   ustring8 content;
-  append_expanded(content, end);
-  if (end == data_end_) throw incomplete;
+  expand_up_to(ends_plain_text, content);
   if (open_tags_.size() < 2) throw unexpected_character;
   if (node* const owner = innermost_node()) owner->data_ = std::move(content);
 }
@@ -200,10 +205,12 @@ std::string_view xml_stream_parser::parse_name() {
 /// False if the name may go on behind the data.
 bool xml_stream_parser::scan_name(std::string_view& name) noexcept {
   skip_whitespace();
-  const char* const first = cursor_;
-  while (cursor_ != data_end_ && is_name_character(*cursor_)) ++cursor_;
-  name = std::string_view(first, static_cast<std::size_t>(cursor_ - first));
-  return cursor_ != data_end_;
+  const char* last = cursor_;
+  for (const char* const end = data_end_; last != end && is(*last, in_name); ++last) {
+  }
+  name = std::string_view(cursor_, static_cast<std::size_t>(last - cursor_));
+  cursor_ = last;
+  return last != data_end_;
 }
 
 xml_stream_parser::ustring8 xml_stream_parser::parse_attrib_value() {
@@ -212,21 +219,23 @@ xml_stream_parser::ustring8 xml_stream_parser::parse_attrib_value() {
   const char quote = *cursor_;
   if (quote != '\'' && quote != '"') throw missing_quote;
   ++cursor_;
-  const char* const closing_quote = find(cursor_, data_end_, quote);
-  const char* const end = find(cursor_, closing_quote, '<');
   ustring8 value;
-  append_expanded(value, end);
-  if (end != closing_quote) throw unexpected_character;
-  if (end == data_end_) throw incomplete;
+  expand_up_to(quote == '"' ? ends_plain_value_in_double_quotes : ends_plain_value_in_single_quotes, value);
+  if (*cursor_ == '<') throw unexpected_character;
   ++cursor_;
   return value;
 }
 
-void xml_stream_parser::append_expanded(ustring8& to, const char* last) {
+/// Appends what stands in front of the first byte that ends it, entities expanded, and stops on that byte.
+void xml_stream_parser::expand_up_to(std::uint8_t ending, ustring8& to) {
   for (;;) {
-    const char* const plain = std::exchange(cursor_, find(cursor_, last, '&'));
-    to.append(plain, cursor_);
-    if (cursor_ == last) return;
+    const char* last = cursor_;
+    for (const char* const end = data_end_; last != end && !is(*last, ending); ++last) {
+    }
+    to.append(cursor_, last);
+    cursor_ = last;
+    if (cursor_ == data_end_) throw incomplete;
+    if (*cursor_ != '&') return;
     to.push_back(parse_entity());
   }
 }
@@ -274,7 +283,11 @@ char xml_stream_parser::character_reference() {
 }
 
 void xml_stream_parser::skip_whitespace() noexcept {
-  for (; cursor_ != data_end_ && is_whitespace(*cursor_); ++cursor_) line_ += *cursor_ == '\n' ? 1 : 0;
+  const char* at = cursor_;
+  types::uint32 feeds = 0;
+  for (const char* const end = data_end_; at != end && is_whitespace(*at); ++at) feeds += *at == '\n' ? 1 : 0;
+  cursor_ = at;
+  line_ += feeds;
 }
 
 void xml_stream_parser::new_node(std::string_view name, error_type status, bool available) {

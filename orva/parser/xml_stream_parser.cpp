@@ -1,9 +1,9 @@
 #include "orva/parser/xml_stream_parser.hpp"
 
 #include <algorithm>
-#include <boost/filesystem/exception.hpp>
 #include <cstring>
 #include <ios>
+#include <stdexcept>
 #include <string_view>
 #include <utility>
 
@@ -33,7 +33,8 @@ class stream_failure : public std::ios_base::failure {
 xml_stream_parser::error_type refusal(const platform::native_string& path) {
   try {
     return system::is_symbolic_link(path) ? xml_stream_parser::fatal_error : xml_stream_parser::no_error;
-  } catch (const boost::filesystem::filesystem_error&) {
+  } catch (const std::runtime_error&) {
+    // Its status cannot be asked for.
     return xml_stream_parser::cannot_open_file;
   }
 }
@@ -69,7 +70,11 @@ void xml_stream_parser::init(const strings::ustring16& file) {
   id_stack_.assign(1, 0);
 }
 
-std::size_t xml_stream_parser::load() {
+std::size_t xml_stream_parser::load() { return load_if_free(0); }
+
+/// Reads only if that much of the window is free: to move a full window for a few bytes is dear. The file is looked at all
+/// the same.
+std::size_t xml_stream_parser::load_if_free(std::size_t wanted) {
   if (finished()) return 0;
   const auto path = platform::to_native(file_name_);
   error_ = refusal(path);
@@ -80,7 +85,7 @@ std::size_t xml_stream_parser::load() {
     return 0;
   }
   const long long size = file.size();
-  if (size <= bytes_read_) return 0;
+  if (size <= bytes_read_ || data_end_ - mark_ > static_cast<std::ptrdiff_t>(window_size - wanted)) return 0;
   slide_window();
   const auto room = static_cast<std::size_t>(buffer_.data() + buffer_.size() - data_end_);
   const auto count = std::min(room, static_cast<std::size_t>(size - bytes_read_));
@@ -157,7 +162,7 @@ void xml_stream_parser::do_parse() {
     paused = parse_next();
     if (finished() || error_ > incomplete) return;
     const error_type stopped_by = error_;
-    if (load() > 0) continue;
+    if (load_if_free(paused ? window_size / 2 : 0) > 0) continue;
     if (error_ == no_error) error_ = stopped_by;
     return;
   }
@@ -232,7 +237,8 @@ const xml_stream_parser::error_type& xml_stream_parser::recover_at(
   if (error_ >= fatal_error) return error_;
   if (tags.empty()) return error_ = not_synchronized;
   give_up_open_records();
-  while (!find_start_tag(tags)) {
+  // Behind the end of the root there is nothing to go on with, whatever stands there.
+  while (finished() || !find_start_tag(tags)) {
     if (load() > 0) continue;
     if (error_ < fatal_error && error_ != end_of_document) error_ = not_synchronized;
     return error_;
@@ -253,6 +259,7 @@ void xml_stream_parser::give_up_open_records() {
 
 /// Ends at the start tag; or, with false, at what must be looked at again once there is more data.
 bool xml_stream_parser::find_start_tag(const std::vector<std::string_view>& tags) {
+  line_ = mark_line_;
   const auto is_wanted = [&tags](std::string_view name) {
     return std::find(tags.begin(), tags.end(), name) != tags.end();
   };

@@ -45,6 +45,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <initializer_list>
 #include <list>
@@ -223,6 +224,7 @@ class ORVA_API xml_stream_parser {
   bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
   std::size_t left() const noexcept { return static_cast<std::size_t>(data_end_ - cursor_); }
   bool window_is_full() const noexcept;
+  std::size_t load_if_free(std::size_t wanted);
   void slide_window() noexcept;
 
   bool read_header();
@@ -241,7 +243,7 @@ class ORVA_API xml_stream_parser {
   void attribute();
   void text();
   bool scan_name(std::string_view& name) noexcept;
-  void append_expanded(ustring8& to, const char* last);
+  void expand_up_to(std::uint8_t ending, ustring8& to);
   char character_reference();
 
   node* innermost_node() noexcept;

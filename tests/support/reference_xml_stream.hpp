@@ -80,7 +80,7 @@ class reference_xml_stream {
     queue_.clear();
     ids_ = {0};
     synchronized_ = false;
-    for (; !ended(); ++at_) {
+    for (; !finished() && !ended(); ++at_) {
       if (text_[at_] != '<') continue;
       mark_ = at_;
       if (at_ + 1 == text_.size()) break;
@@ -97,8 +97,8 @@ class reference_xml_stream {
         return error_ = no_error;
       }
     }
-    if (ended()) mark_ = at_;
-    line_ = mark_line_;
+    if (!finished() && ended()) mark_ = at_;
+    if (!finished()) line_ = mark_line_;
     if (error_ != end_of_document) error_ = not_synchronized;
     return error_;
   }

@@ -1,0 +1,31 @@
+/// `peak_memory`: how much the resident memory of the process has grown since the object was made, at its highest.
+#pragma once
+
+#include <cstdint>
+#include <fstream>
+#include <string>
+
+namespace bench {
+
+class peak_memory {
+ public:
+  peak_memory() : before_(read("VmRSS:")) { std::ofstream("/proc/self/clear_refs") << 5; }
+
+  /// In bytes; 0 where the system does not tell.
+  double growth() const { return static_cast<double>(read("VmHWM:") - before_) * 1024; }
+
+ private:
+  static std::int64_t read(const std::string& wanted) {
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word) {
+      std::int64_t kilobytes = 0;
+      if (word == wanted && status >> kilobytes) return kilobytes;
+    }
+    return 0;
+  }
+
+  std::int64_t before_;
+};
+
+}  // namespace bench
