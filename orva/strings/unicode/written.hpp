@@ -7,6 +7,7 @@
 #include <limits>
 #include <span>
 #include <stdexcept>
+#include <string>
 
 #include "orva/strings/unicode/failure_text.hpp"
 #include "orva/strings/ustring.hpp"
@@ -26,7 +27,7 @@ inline std::size_t times(std::size_t units, std::size_t factor) {
 /// beforehand where the standard library can leave that out: it would cost as much as the fastest transforms
 /// do.
 template <typename Unit, typename Write>
-void overwrite(basic_ustring<Unit>& output, std::size_t size, Write write) {
+void overwrite(std::basic_string<Unit>& output, std::size_t size, Write write) {
 #if defined(__cpp_lib_string_resize_and_overwrite)
   output.resize_and_overwrite(size,
                               [&](Unit* units, std::size_t) { return write(std::span<Unit>(units, size)); });
