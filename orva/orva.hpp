@@ -65,6 +65,7 @@
 // strings
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/characters.hpp"
+#include "orva/strings/code_page.hpp"
 #include "orva/strings/code_unit.hpp"
 #include "orva/strings/gh2.hpp"
 #include "orva/strings/replace.hpp"

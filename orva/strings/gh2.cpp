@@ -4,6 +4,7 @@
 #include <iostream>
 
 #include "orva/strings/case_mapping.hpp"
+#include "orva/strings/code_page.hpp"
 #include "orva/strings/replace.hpp"
 
 namespace ORVA_2_18::strings::gh2 {
@@ -42,6 +43,9 @@ wide_string toupper(const wide_string& text) { return to_upper(text); }
 types::int32 replace_all(wide_string& text, const wide_string& from, const wide_string& to) {
   return strings::replace_all(text, from, to);
 }
+
+std::string to_ansi(const wide_string& text) { return code_page(code_page::ansi).encode(text); }
+wide_string from_ansi(const std::string& bytes) { return code_page(code_page::ansi).as_ustring(bytes); }
 
 unsigned int get_utf8_length(const char* text, unsigned int length) { return utf8_length(text, length); }
 unsigned int get_utf8_length(const unsigned char* text, unsigned int length) {

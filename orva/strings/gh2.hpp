@@ -1,7 +1,7 @@
 /// `gh2`: helpers for wide strings and raw buffers, kept for programs that were written before the string classes.
 ///
-/// New code finds the same jobs in `strings/case_mapping.hpp`, `strings/replace.hpp` and, for whole texts, in
-/// `strings/unicode.hpp`. Nothing here keeps anything of its arguments; any thread may call, as long as none
+/// New code finds the same jobs in `strings/case_mapping.hpp`, `strings/replace.hpp`, `strings/code_page.hpp` and, for
+/// whole texts, in `strings/unicode.hpp`. Nothing here keeps anything of its arguments; any thread may call, as long as none
 /// changes the locale meanwhile. The streams are the process's own.
 ///
 ///     lead byte       get_utf8_length
@@ -13,6 +13,7 @@
 #pragma once
 
 #include <iosfwd>
+#include <string>
 
 #include "orva/export.hpp"
 #include "orva/strings/code_unit.hpp"
@@ -27,6 +28,11 @@ ORVA_API wide_string toupper(const wide_string& text);
 
 /// Replaces in place and gives the number of replacements, as `strings::replace_all`.
 ORVA_API types::int32 replace_all(wide_string& text, const wide_string& from, const wide_string& to);
+
+/// The byte string of a text in the `code_page` of type `ansi`, as `code_page::encode`. Inverse: `from_ansi`.
+ORVA_API std::string to_ansi(const wide_string& text);
+/// The text of a byte string in the `code_page` of type `ansi`, as `code_page::as_ustring`. Inverse: `to_ansi`.
+ORVA_API wide_string from_ansi(const std::string& bytes);
 
 /// How many bytes the sequence that starts at `text` should have, by its first byte alone. 0 for a byte that starts
 /// no sequence, for no text and for a `length` of 0; `length` is not otherwise looked at, so the result may be

@@ -1,0 +1,89 @@
+#include "orva/strings/code_page.hpp"
+
+#include <stdexcept>
+
+#include "orva/exceptions/raise.hpp"
+#include "orva/platform/code_page_conversion.hpp"
+#include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode/any_utf16.hpp"
+
+namespace ORVA_2_18::strings {
+
+namespace {
+
+/// A failed conversion shows as the length that it would have, -1, which no string can take.
+void require(bool converted) {
+  if (!converted) throw std::length_error("string too long");
+}
+
+}  // namespace
+
+std::string code_page::encode(const ustring8& text) const { return encode(utf8_to_utf16(text)); }
+
+std::string code_page::encode(const ustring16& text) const {
+  std::string bytes;
+  require(platform::to_code_page(to_system_type(type_), text, bytes));
+  return bytes;
+}
+
+std::string code_page::encode(const ustring32& text) const { return encode(utf32_to_utf16(text)); }
+
+// Bytes come from outside, and those of U+FFFE may stand first, which the transforms do not return from.
+
+ustring8 code_page::as_utf8(const std::string& bytes) const {
+  return _private::any_utf16_to_utf8(as_utf16(bytes));
+}
+
+ustring16 code_page::as_utf16(const std::string& bytes) const {
+  ustring16 text;
+  require(platform::from_code_page(to_system_type(type_), bytes, text));
+  return text;
+}
+
+ustring32 code_page::as_utf32(const std::string& bytes) const {
+  return _private::any_utf16_to_utf32(as_utf16(bytes));
+}
+
+wide_string code_page::as_ustring(const std::string& bytes) const { return as_utf16(bytes); }
+
+int code_page::to_system_type(encoding_type type) const {
+  switch (type) {
+    case ansi:
+      return platform::ansi_code_page;
+    case oem:
+    case oem_alternate:
+      return platform::oem_code_page;
+    case utf8:
+      return platform::utf8_code_page;
+    case cp_932:
+    case cp_936:
+    case cp_949:
+    case cp_950:
+    case cp_1250:
+    case cp_1251:
+    case cp_1252:
+    case cp_1253:
+    case cp_1254:
+    case cp_1255:
+    case cp_1256:
+    case cp_1257:
+    case cp_1258:
+    case koi8_r:
+    case koi8_u:
+    case iso_8859_1:
+    case iso_8859_2:
+    case iso_8859_3:
+    case iso_8859_4:
+    case iso_8859_5:
+    case iso_8859_6:
+    case iso_8859_7:
+    case iso_8859_8:
+    case iso_8859_9:
+    case iso_8859_15:
+      return static_cast<int>(type);
+  }
+  ORVA_RAISE(exceptions::invalid_argument_value, "Not valid code_page type",
+             "ORVA_2_18::strings::code_page::to_system_type");
+}
+
+}  // namespace ORVA_2_18::strings

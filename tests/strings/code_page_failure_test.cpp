@@ -1,0 +1,57 @@
+// The class above a platform that fails, which the real one does for texts of two thousand million units only.
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+#include <string>
+
+#include "orva/exceptions/exception.hpp"
+#include "orva/platform/code_page_conversion.hpp"
+#include "orva/strings/code_page.hpp"
+
+namespace ORVA_2_18::platform {
+
+// A failing platform may leave anything behind.
+
+bool to_code_page(int, std::basic_string_view<strings::code_unit16>, std::string& bytes) {
+  bytes = "partly";
+  return false;
+}
+
+bool from_code_page(int, std::string_view, strings::ustring16& text) {
+  text.assign(3, strings::code_unit16{'x'});
+  return false;
+}
+
+}  // namespace ORVA_2_18::platform
+
+namespace {
+
+using namespace ORVA_2_18;
+using strings::code_page;
+
+template <typename Convert>
+void expect_too_long(Convert convert) {
+  try {
+    convert();
+    ADD_FAILURE() << "nothing was thrown";
+  } catch (const std::length_error& thrown) {
+    EXPECT_STREQ(thrown.what(), "string too long");
+  }
+}
+
+TEST(failing_conversion, is_a_length_failure_and_no_empty_result) {
+  const code_page page(code_page::cp_1252);
+  expect_too_long([&] { page.encode(strings::ustring8("text")); });
+  expect_too_long([&] { page.encode(strings::ustring16()); });
+  expect_too_long([&] { page.encode(strings::ustring32()); });
+  expect_too_long([&] { page.as_utf8("text"); });
+  expect_too_long([&] { page.as_utf16("text"); });
+  expect_too_long([&] { page.as_utf32("text"); });
+  expect_too_long([&] { page.as_ustring("text"); });
+}
+
+TEST(failing_conversion, comes_behind_that_of_an_invalid_type) {
+  EXPECT_THROW(code_page().as_utf16("text"), exceptions::invalid_argument_value);
+}
+
+}  // namespace

@@ -1,0 +1,25 @@
+/// Texts at random that alternate between ASCII and anything, as fast ways and plain loops do.
+#pragma once
+
+#include <random>
+
+namespace reference {
+
+/// Runs of ASCII and runs of anything, of lengths about those of the blocks that the fast ways take.
+template <typename Text, typename Random>
+Text runs(Random& random, unsigned values) {
+  std::uniform_int_distribution<unsigned> count(0, 8);
+  std::uniform_int_distribution<unsigned> length(0, 70);
+  std::uniform_int_distribution<unsigned> ascii(1, 0x7F);
+  std::uniform_int_distribution<unsigned> any(1, values - 1);
+  Text text;
+  for (unsigned run = count(random); run > 0; --run) {
+    const bool plain = run % 2 == 0;
+    for (unsigned left = length(random); left > 0; --left) {
+      text.push_back(static_cast<typename Text::value_type>(plain ? ascii(random) : any(random)));
+    }
+  }
+  return text;
+}
+
+}  // namespace reference
