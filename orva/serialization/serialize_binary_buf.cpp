@@ -8,13 +8,6 @@ using generic::abilities::create_dynamic;
 
 serialize_binary_buf::~serialize_binary_buf() = default;
 
-void serialize_binary_buf::append_string(const std::string& text) {
-  // A text that is too long for its length does not fit into the data either.
-  const auto length =
-      generic::convert::_private::to_bytes<std::endian::little>(static_cast<types::uint32>(text.size()));
-  append({length.data(), length.size()}, text, {});
-}
-
 serialize_binary_buf* serialize_binary_buf::read_buffer() const {
   const auto bytes = read_bytes();
   return bytes ? create_dynamic<serialize_binary_buf>(std::string(*bytes)) : nullptr;

@@ -56,7 +56,11 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   void append_uint64(const unsigned long long& value) override { append_number(value); }
   void append_float(const float& value, const types::uint32&) override { append_number(value); }
   void append_double(const double& value, const types::uint32&) override { append_number(value); }
-  void append_string(const std::string& text) override;
+  void append_string(const std::string& text) override {
+    // A text that is too long for its length does not fit into the data either.
+    const auto length = bytes_of(static_cast<types::uint32>(text.size()));
+    append({length.data(), length.size()}, text, {});
+  }
   void append_buffer(const serialize_buffer& other) override { append_string(other.as_str()); }
 
   signed char read_int8() const override { return read_number<signed char>(); }
@@ -79,15 +83,20 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
 
  private:
   template <typename Number>
+  static generic::convert::_private::number_bytes<Number> bytes_of(const Number& value) {
+    return generic::convert::_private::to_bytes<std::endian::little>(value);
+  }
+
+  template <typename Number>
   void append_number(const Number& value) {
-    const auto bytes = generic::convert::_private::to_bytes<std::endian::little>(value);
+    const auto bytes = bytes_of(value);
     append({bytes.data(), bytes.size()});
   }
 
   template <typename Number>
   Number read_number() const {
     if (at_end()) return 0;
-    const std::string_view rest = std::string_view(as_str()).substr(position());
+    const std::string_view rest = data().substr(position());
     position() += types::uint32{sizeof(Number)};
     return generic::convert::_private::read_bytes<Number, std::endian::little>(rest.data(), rest.size());
   }
@@ -96,7 +105,7 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   std::optional<std::string_view> read_bytes() const {
     const auto length = read_number<types::uint32>();
     if (at_end()) return std::nullopt;
-    const std::string_view bytes = std::string_view(as_str()).substr(position(), length);
+    const std::string_view bytes = data().substr(position(), length);
     position() += length;
     return bytes;
   }

@@ -3,13 +3,13 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstddef>
+#include <limits>
 #include <locale>
 #include <sstream>
-#include <system_error>
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
-#include "orva/generic/convert/x_to_str.hpp"
 #include "orva/serialization/text_items.hpp"
 #include "orva/types/radix.hpp"
 
@@ -21,29 +21,22 @@ using generic::abilities::create_dynamic;
 
 namespace {
 
-/// A number with its separator, put together where it costs no allocation.
+/// A whole number with its separator, put together where it costs no allocation. Not by `ltoa`, whose result would
+/// have to be measured.
+template <typename Integer>
 class number_item {
  public:
-  explicit number_item(unsigned long long value) {
-    convert::ulltoa(value, units_.data(), types::radix_t::decimal);
-    close();
+  explicit number_item(Integer value)
+      : end_(std::to_chars(units_.data(), units_.data() + units_.size() - 1, value).ptr) {
+    *end_++ = separator;
   }
-  explicit number_item(long long value) {
-    convert::lltoa(value, units_.data(), types::radix_t::decimal);
-    close();
+  operator std::string_view() const {
+    return {units_.data(), static_cast<std::size_t>(end_ - units_.data())};
   }
-
-  operator std::string_view() const { return {units_.data(), length_}; }
 
  private:
-  /// The separator takes the terminator's place.
-  void close() {
-    length_ = std::char_traits<char>::length(units_.data());
-    units_[length_++] = separator;
-  }
-
-  std::array<char, convert::number_buffer_size> units_;
-  std::size_t length_ = 0;
+  std::array<char, std::numeric_limits<Integer>::digits10 + 3> units_;
+  char* end_;
 };
 
 /// No value has more significant digits than this; more change nothing, and some streams go wrong over them.
@@ -69,8 +62,19 @@ auto read_integer(std::string_view text) {
 
 serialize_text_buf::~serialize_text_buf() = default;
 
-void serialize_text_buf::append_signed(long long value) { append(number_item(value)); }
-void serialize_text_buf::append_unsigned(unsigned long long value) { append(number_item(value)); }
+template <typename Integer>
+void serialize_text_buf::append_integer(Integer value) {
+  append(number_item(value));
+}
+
+void serialize_text_buf::append_int8(const signed char& value) { append_integer(value); }
+void serialize_text_buf::append_int16(const short& value) { append_integer(value); }
+void serialize_text_buf::append_int32(const types::int32& value) { append_integer(value); }
+void serialize_text_buf::append_int64(const long long& value) { append_integer(value); }
+void serialize_text_buf::append_uint8(const unsigned char& value) { append_integer(value); }
+void serialize_text_buf::append_uint16(const unsigned short& value) { append_integer(value); }
+void serialize_text_buf::append_uint32(const types::uint32& value) { append_integer(value); }
+void serialize_text_buf::append_uint64(const unsigned long long& value) { append_integer(value); }
 
 template <typename Floating>
 void serialize_text_buf::append_floating(Floating value, types::uint32 precision) {
@@ -92,13 +96,11 @@ void serialize_text_buf::append_double(const double& value, const types::uint32&
 }
 
 void serialize_text_buf::append_string(const std::string& text) {
-  const number_item length(static_cast<unsigned long long>(text.size()));
+  const number_item<std::size_t> length(text.size());
   append(length, text, {&separator, 1});
 }
 
-std::string_view serialize_text_buf::take_number() const {
-  return _private::take_number(as_str(), position());
-}
+std::string_view serialize_text_buf::take_number() const { return _private::take_number(data(), position()); }
 
 signed char serialize_text_buf::read_int8() const {
   return read_integer<convert::str_to_int8<char>>(take_number());
@@ -130,7 +132,7 @@ double serialize_text_buf::read_double() const { return convert::str_to_double(t
 std::string_view serialize_text_buf::read_bytes() const {
   if (position() == past_end) return {};
   const types::int32 length = read_int32();
-  return _private::take_bytes(as_str(), position(), length);
+  return _private::take_bytes(data(), position(), length);
 }
 
 serialize_text_buf* serialize_text_buf::read_buffer() const {

@@ -51,14 +51,14 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   serialize_text_buf& operator=(serialize_text_buf&&) noexcept = default;
   using serialize_buffer::operator=;
 
-  void append_int8(const signed char& value) override { append_signed(value); }
-  void append_int16(const short& value) override { append_signed(value); }
-  void append_int32(const types::int32& value) override { append_signed(value); }
-  void append_int64(const long long& value) override { append_signed(value); }
-  void append_uint8(const unsigned char& value) override { append_unsigned(value); }
-  void append_uint16(const unsigned short& value) override { append_unsigned(value); }
-  void append_uint32(const types::uint32& value) override { append_unsigned(value); }
-  void append_uint64(const unsigned long long& value) override { append_unsigned(value); }
+  void append_int8(const signed char& value) override;
+  void append_int16(const short& value) override;
+  void append_int32(const types::int32& value) override;
+  void append_int64(const long long& value) override;
+  void append_uint8(const unsigned char& value) override;
+  void append_uint16(const unsigned short& value) override;
+  void append_uint32(const types::uint32& value) override;
+  void append_uint64(const unsigned long long& value) override;
   /// Trailing zeros are not kept, and a precision of 0 is one digit. To read back the same value take 9 digits for a
   /// `float` and 17 for a `double`. What is not finite is written in the stream's words and reads as 0.
   void append_float(const float& value, const types::uint32& precision) override;
@@ -85,8 +85,8 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   serialize_text_buf* clone() const override;
 
  private:
-  void append_signed(long long value);
-  void append_unsigned(unsigned long long value);
+  template <typename Integer>
+  void append_integer(Integer value);
   template <typename Floating>
   void append_floating(Floating value, types::uint32 precision);
 

@@ -6,6 +6,12 @@ namespace ORVA_2_18::serialization {
 
 serialize_buffer::~serialize_buffer() = default;
 
+namespace {
+
+[[noreturn]] void refuse() { throw std::length_error("string too long"); }
+
+}  // namespace
+
 serialize_buffer& stored_buffer::assign(const char* data, int length) {
   if (length < 0) refuse();
   data_.assign(data, static_cast<std::size_t>(length));
@@ -20,15 +26,21 @@ serialize_buffer& stored_buffer::assign(const std::string& data) {
 
 serialize_buffer& stored_buffer::assign(const serialize_buffer& other) { return assign(other.as_str()); }
 
-void stored_buffer::refuse() { throw std::length_error("string too long"); }
+void stored_buffer::require_room(std::size_t more) const {
+  if (data_.size() > max_size || more > max_size - data_.size()) refuse();
+}
 
-void stored_buffer::append_long(std::string_view head, const std::string& bytes, std::string_view tail) {
+void stored_buffer::append_growing(std::string_view bytes) {
+  require_room(bytes.size());
+  data_.append(bytes);
+}
+
+void stored_buffer::append_growing(std::string_view head, const std::string& bytes, std::string_view tail) {
   const std::size_t before = data_.size();
   const std::size_t length = bytes.size();
   require_room(head.size() + length + tail.size());
   try {
     data_.append(head);
-    // By length: if the bytes are the data itself, they are longer by now.
     data_.append(bytes, 0, length);
     data_.append(tail);
   } catch (...) {

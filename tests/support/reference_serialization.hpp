@@ -9,8 +9,10 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/serialization/labeled_text_buffer.hpp"
 
 namespace orva_test {
 
@@ -158,6 +160,16 @@ struct reference_labeled {
       if (label.empty() || stored.group->has_empty_label()) return true;
     }
     return false;
+  }
+
+  /// Whether a buffer holds everything that stands here, and nothing under other labels of a flat form.
+  bool is_content_of(ORVA_2_18::serialization::labeled_text_buffer& buffer) const {
+    for (const auto& [label, stored] : entries) {
+      if (!buffer.has_label(label) || buffer.has_value(label) != stored.value.has_value()) return false;
+      if (buffer.retrieve_value(label).as_string() != stored.value.value_or("")) return false;
+      if (!stored.group->is_content_of(*buffer.retrieve_group(label))) return false;
+    }
+    return buffer.is_empty() == entries.empty() && buffer.as_str() == flat();
   }
 
   std::map<std::string, entry> entries;

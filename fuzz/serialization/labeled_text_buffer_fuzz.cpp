@@ -1,0 +1,49 @@
+/// Any text as the flat form of a labeled buffer, against the plain recursive reader; what was read is flattened and
+/// read again, copied, and laid over itself.
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <stdexcept>
+#include <string>
+
+#include "orva/serialization/labeled_text_buffer.hpp"
+#include "tests/support/reference_serialization.hpp"
+
+namespace {
+
+using ORVA_2_18::serialization::labeled_text_buffer;
+
+void require(bool condition) {
+  if (!condition) std::abort();
+}
+
+template <typename Read>
+bool throws(Read read) {
+  try {
+    read();
+    return false;
+  } catch (const std::out_of_range&) {
+    return true;
+  }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(data, data + size);
+  labeled_text_buffer buffer;
+  orva_test::reference_labeled reference;
+  const bool reference_throws = throws([&] { reference.read(text); });
+  require(throws([&] { buffer.assign(text); }) == reference_throws);
+  require(reference.is_content_of(buffer));
+
+  labeled_text_buffer copy(buffer);
+  copy.overlay(buffer);
+  require(reference.is_content_of(copy));
+
+  const std::string flat = buffer.as_str();
+  if (reference.has_empty_label()) return 0;
+  buffer.assign(flat);
+  require(buffer.as_str() == flat);
+  return 0;
+}
