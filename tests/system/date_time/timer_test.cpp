@@ -14,8 +14,15 @@ using orva_test::clock;
 
 constexpr std::uint64_t ticks_of_a_microsecond = 10;
 
+/// The overhead as the program found it when it began.
+unsigned long long overhead_from_load() {
+  static const auto found = timer::overhead_microseconds();
+  return found;
+}
+
 struct fresh_clock : testing::Test {
   fresh_clock() {
+    overhead_from_load();
     clock = {};
     clock.ticks = 123'456'789;
     clock.milliseconds = 5'000'000;
@@ -287,6 +294,8 @@ TEST_F(overhead_test, setter_returns_the_value) {
   EXPECT_EQ(timer::overhead_microseconds(77), 77u);
   EXPECT_EQ(timer::overhead_microseconds(), 77u);
 }
+
+TEST_F(overhead_test, is_measured_at_load) { EXPECT_EQ(overhead_from_load(), 30u); }
 
 TEST_F(overhead_test, is_measured_by_a_tester_as_the_time_of_a_start_and_a_stop) {
   clock.ticks_of_a_reading = 25 * ticks_of_a_microsecond;
