@@ -11,6 +11,9 @@ const argument varg_list::nil_argument;
 
 namespace {
 
+/// Most lists are no longer, and are allocated once.
+constexpr std::size_t usual_size = 4;
+
 /// The same walk for a list that may be changed and for one that may not.
 template <typename List>
 auto find_name(List& list, std::string_view name) {
@@ -42,11 +45,20 @@ varg_list::varg_list(const argument& a1, const argument& a2, const argument& a3,
   std::for_each(std::begin(given), end, [this](const argument* each) { push_back(*each); });
 }
 
-bool varg_list::push_back(argument added) {
-  if (added.has_name() && has_argument(added.name())) return false;
+/// Makes an argument of that name from its parts, at the end of the list.
+template <typename... Parts>
+bool varg_list::add(const strings::ustring8& name, Parts&&... parts) {
+  if (!name.empty() && has_argument(name)) return false;
   if (size() == std::numeric_limits<types::uint32>::max()) throw std::length_error("vector<T> too long");
-  arguments_.push_back(std::move(added));
+  if (arguments_.capacity() == 0) arguments_.reserve(usual_size);
+  arguments_.emplace_back(std::forward<Parts>(parts)...);
   return true;
+}
+
+bool varg_list::push_back(argument added) { return add(added.name(), std::move(added)); }
+
+bool varg_list::push_back(strings::ustring8 name, types::variant value) {
+  return add(name, std::move(name), std::move(value));
 }
 
 bool varg_list::has_argument(std::string_view name) const {

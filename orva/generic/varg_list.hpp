@@ -61,9 +61,7 @@ class ORVA_API varg_list {
 
   /// Adds at the end, a nil argument like any other. False, and nothing is changed, when the name is taken.
   bool push_back(argument added);
-  bool push_back(strings::ustring8 name, types::variant value) {
-    return push_back(argument(std::move(name), std::move(value)));
-  }
+  bool push_back(strings::ustring8 name, types::variant value);
 
   bool has_argument(std::string_view name) const;
   /// The first argument of that name, or `end()`.
@@ -110,6 +108,9 @@ class ORVA_API varg_list {
   void erase(std::size_t position);
 
  private:
+  template <typename... Parts>
+  bool add(const strings::ustring8& name, Parts&&... parts);
+
   std::vector<argument> arguments_;
 };
 

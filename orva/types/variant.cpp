@@ -1,5 +1,6 @@
 #include "orva/types/variant.hpp"
 
+#include <type_traits>
 #include <utility>
 
 #include "orva/types/variant_value.hpp"
@@ -9,13 +10,16 @@ namespace ORVA_2_18::types {
 namespace {
 
 template <typename T>
-variant_type* make(T value) {
-  return generic::abilities::create_dynamic<variant_value_t<T>>(std::move(value));
+variant_type* make(T&& value) {
+  return generic::abilities::create_dynamic<variant_value_t<std::remove_cvref_t<T>>>(std::forward<T>(value));
 }
 
 template <strings::code_unit Unit>
 variant_type* make_text(const Unit* text) {
-  return make(text != nullptr ? strings::basic_ustring<Unit>(text) : strings::basic_ustring<Unit>());
+  using text_payload = variant_value_t<strings::basic_ustring<Unit>>;
+  if (text == nullptr)
+    return generic::abilities::create_dynamic<text_payload>(strings::basic_ustring<Unit>());
+  return generic::abilities::create_dynamic<text_payload>(text);
 }
 
 /// All payloads are made in this file: the address of the type tells it, without a look at its name.

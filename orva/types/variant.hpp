@@ -171,7 +171,7 @@ class ORVA_API variant {
   strings::ustring32 as_utf32() const;
 
  private:
-  explicit variant(variant_type* payload) noexcept : payload_(payload) {}
+  explicit variant(variant_type* payload) noexcept : payload_(payload, memory::pointers::just_made) {}
 
   /// A variant that was moved from has no payload and reads as nil.
   const variant_type& payload() const noexcept { return payload_ ? *payload_ : moved_from(); }

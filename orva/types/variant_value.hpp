@@ -45,7 +45,9 @@ class variant_value_t final : public variant_type {
  public:
   using stored = typename _private::stored_as<T>::type;
 
-  explicit variant_value_t(stored value) : value_(std::move(value)) {}
+  /// Made from whatever a T is made from, in its place.
+  template <typename Source>
+  explicit variant_value_t(Source&& source) : value_(std::forward<Source>(source)) {}
 
   bool is_valid() const override { return true; }
   const std::type_info& type() const override { return typeid(T); }

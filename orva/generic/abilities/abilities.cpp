@@ -1,4 +1,3 @@
-#include "orva/generic/abilities/clone_ability.hpp"
 #include "orva/generic/abilities/create_ability.hpp"
 #include "orva/generic/clone_interface.hpp"
 
@@ -6,7 +5,6 @@
 
 namespace ORVA_2_18::generic::abilities {
 
-clone_ability::~clone_ability() = default;
 create_ability::~create_ability() = default;
 
 }  // namespace ORVA_2_18::generic::abilities

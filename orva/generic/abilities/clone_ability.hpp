@@ -13,7 +13,8 @@ class ORVA_API clone_ability {
   clone_ability() noexcept = default;
   clone_ability(const clone_ability&) noexcept {}
   clone_ability& operator=(const clone_ability&) noexcept { return *this; }
-  virtual ~clone_ability();
+  // Inline, as the payload of every value ends here.
+  virtual ~clone_ability() = default;
 };
 
 }  // namespace ORVA_2_18::generic::abilities

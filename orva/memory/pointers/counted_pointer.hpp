@@ -5,6 +5,15 @@
 
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 
+namespace ORVA_2_18::memory::pointers {
+
+/// Tells a counted pointer that it is the first of an object which was just made, so that counting it needs no atomic
+/// step. REQUIRES: there is such an object, and no other thread has heard of it.
+struct just_made_t {};
+inline constexpr just_made_t just_made;
+
+}  // namespace ORVA_2_18::memory::pointers
+
 namespace ORVA_2_18::memory::pointers::_private {
 
 template <typename T>
@@ -23,6 +32,9 @@ class counted_pointer {
  protected:
   counted_pointer() noexcept = default;
   explicit counted_pointer(T* target) noexcept : target_(target) { acquire(target_); }
+  counted_pointer(T* target, just_made_t) noexcept : target_(target) {
+    static_cast<ability*>(target)->first_pointer_ref();
+  }
   counted_pointer(const counted_pointer& other) noexcept : counted_pointer(other.target_) {}
   counted_pointer(counted_pointer&& other) noexcept : target_(std::exchange(other.target_, nullptr)) {}
   ~counted_pointer() { release(std::exchange(target_, nullptr)); }
@@ -47,7 +59,9 @@ class counted_pointer {
 
   static void release(T* target) noexcept {
     if (target == nullptr) return;
-    if (static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
+    // With its only pointer nobody else can be counting, and an object that goes with it need not be counted down.
+    const bool goes = static_cast<ability*>(target)->is_only_pointer_ref() && target->is_created_dynamic();
+    if (!goes && static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
     if (target->is_created_dynamic()) destroy(target);
   }
 

@@ -14,6 +14,7 @@ class rc_pointer : public _private::counted_pointer<T> {
  public:
   rc_pointer() noexcept = default;
   rc_pointer(T* target) noexcept : _private::counted_pointer<T>(target) {}
+  rc_pointer(T* target, just_made_t) noexcept : _private::counted_pointer<T>(target, just_made) {}
   /// Nothing happens if `target` is held already.
   rc_pointer& operator=(T* target) noexcept {
     _private::counted_pointer<T>::operator=(target);

@@ -11,6 +11,7 @@ class shared_pointer : public _private::counted_pointer<T> {
  public:
   shared_pointer() noexcept = default;
   shared_pointer(T* target) noexcept : _private::counted_pointer<T>(target) {}
+  shared_pointer(T* target, just_made_t) noexcept : _private::counted_pointer<T>(target, just_made) {}
   /// Nothing happens if `target` is held already.
   shared_pointer& operator=(T* target) noexcept {
     _private::counted_pointer<T>::operator=(target);
