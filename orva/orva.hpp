@@ -43,6 +43,7 @@
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
 #include "orva/i18n/message_catalogs.hpp"
+#include "orva/i18n/message_table.hpp"
 #include "orva/i18n/path_list.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 // memory

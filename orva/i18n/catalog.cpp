@@ -12,7 +12,11 @@ using strings::ustring8;
 const message_t catalog_t::m_nil_message;
 
 catalog_t::catalog_t(const ustring8& name, const std::vector<ustring8>& languages, message_map messages)
-    : name_(name), languages_(languages.begin(), languages.end()), messages_(std::move(messages)) {}
+    : name_(name),
+      languages_(languages.begin(), languages.end()),
+      messages_(_private::message_table(std::move(messages))) {}
+
+catalog_t::catalog_t(const catalog_t& other) = default;
 
 catalog_t& catalog_t::assign(const catalog_t& other) {
   // The ability's own assignment would take the count of the other's pointers over.
@@ -25,19 +29,19 @@ catalog_t& catalog_t::assign(const catalog_t& other) {
 catalog_t& catalog_t::assign(const types::nil_t&) {
   name_.clear();
   languages_.clear();
-  messages_.clear();
+  messages_ = {};
   return *this;
 }
 
-bool catalog_t::has_message(const text_argument& name) const { return messages_.count(name) != 0; }
+bool catalog_t::has_message(const text_argument& name) const { return messages_.find(name) != nullptr; }
 
 const message_t& catalog_t::message(const text_argument& name) const {
-  const auto found = messages_.find(name);
-  return found != messages_.end() ? found->second : m_nil_message;
+  const message_t* const found = messages_.find(name);
+  return found != nullptr ? *found : m_nil_message;
 }
 
 const message_t& catalog_t::message(const text_argument& name, const message_t& value) {
-  return messages_.insert_or_assign(name, value).first->second;
+  return messages_.insert_or_assign(name, value);
 }
 
 catalog_t::language_iterator catalog_t::languages_begin() const {

@@ -11,13 +11,13 @@
 ///     catalog.message("unknown") == types::nil;          // nothing to check before rendering: the text is empty
 #pragma once
 
-#include <map>
 #include <set>
 #include <vector>
 
 #include "orva/export.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/i18n/message.hpp"
+#include "orva/i18n/message_table.hpp"
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
@@ -31,7 +31,7 @@ class xmc_file_loader;
 
 class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ability<catalog_t> {
  public:
-  using message_map = std::map<strings::ustring8, message_t>;
+  using message_map = _private::message_table::map;
   using language_set = std::set<strings::ustring8>;
   using const_iterator = message_map::const_iterator;
   using language_iterator = language_set::const_iterator;
@@ -44,7 +44,7 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   catalog_t(const strings::ustring8& name, const std::vector<strings::ustring8>& languages,
             message_map messages);
   /// A copy of the name, the languages and the messages. It is a counted object of its own.
-  catalog_t(const catalog_t& other) = default;
+  catalog_t(const catalog_t& other);
 
   /// Takes over name, languages and messages. Whoever points at this catalog goes on pointing at it.
   catalog_t& assign(const catalog_t& other);
@@ -92,7 +92,7 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
 
   strings::ustring8 name_;
   mutable language_set languages_;
-  message_map messages_;
+  _private::message_table messages_;
 };
 
 }  // namespace ORVA_2_18::i18n

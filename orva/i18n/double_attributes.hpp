@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "orva/i18n/format_attributes.hpp"
-#include "orva/strings/ustring.hpp"
 
 namespace ORVA_2_18::i18n::_private {
 
@@ -26,7 +26,7 @@ struct double_attributes {
   bool is_valid() const { return precision >= 0; }
 };
 
-/// What `format_double` gives. REQUIRES: `attributes.is_valid()`.
-strings::ustring8 double_text(double value, const double_attributes& attributes);
+/// Adds what `format_double` gives. REQUIRES: `attributes.is_valid()`.
+void append_double_text(std::string& text, double value, const double_attributes& attributes);
 
 }  // namespace ORVA_2_18::i18n::_private

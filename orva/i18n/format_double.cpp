@@ -4,8 +4,10 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
+#include <string>
 #include <string_view>
 
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/platform/decimal_point.hpp"
@@ -59,47 +61,51 @@ class number_text {
   std::size_t size_;
 };
 
-/// What the C runtime prints into a buffer of limited length for a field of that width.
-strings::ustring8 print(double value, std::chars_format form, const double_attributes& attributes) {
+/// Adds what the C runtime prints into a buffer of limited length for a field of that width.
+void print(std::string& text, double value, std::chars_format form, const double_attributes& attributes) {
   const number_text number(value, form, attributes.precision);
   const auto length = static_cast<std::int64_t>(number.view().size());
   const auto most = static_cast<std::int64_t>(max_double_length);
   const auto blanks_before = std::clamp<std::int64_t>(attributes.fieldsize - length, 0, most);
   const auto blanks_behind = std::clamp<std::int64_t>(-attributes.fieldsize - length, 0, most);
 
-  strings::ustring8 text(static_cast<std::size_t>(blanks_before), ' ');
+  const std::size_t begin = text.size();
+  text.append(static_cast<std::size_t>(blanks_before), ' ');
   text.append(number.view().substr(0, max_double_length));
   text.append(static_cast<std::size_t>(blanks_behind), ' ');
-  if (text.size() > max_double_length) text.resize(max_double_length);
-  return text;
+  if (text.size() - begin > max_double_length) text.resize(begin + max_double_length);
 }
 
 /// Drops the first digit of the exponent. The field may be a blank too narrow then, or padded behind the number,
 /// so that the test counts all that stands behind the `e`.
-void shorten_exponent(strings::ustring8& text) {
-  const std::size_t exponent = text.find('e');
+void shorten_exponent(std::string& text, std::size_t begin) {
+  const std::size_t exponent = text.find('e', begin);
   if (exponent != text.npos && text.size() - exponent >= 5) text.erase(exponent + 2, 1);
 }
 
 }  // namespace
 
-strings::ustring8 double_text(double value, const double_attributes& attributes) {
-  const auto is_longer = [&](const strings::ustring8& text) {
-    return static_cast<std::int64_t>(text.size()) > attributes.fieldsize;
-  };
-  strings::ustring8 text = print(value, std::chars_format::fixed, attributes);
-  if (attributes.fieldsize == 0 || !is_longer(text)) return text;
+void append_double_text(std::string& text, double value, const double_attributes& attributes) {
+  const std::size_t begin = text.size();
+  const auto length = [&] { return static_cast<std::int64_t>(text.size() - begin); };
+  print(text, value, std::chars_format::fixed, attributes);
+  if (attributes.fieldsize == 0 || length() <= attributes.fieldsize) return;
 
-  text = print(value, std::chars_format::scientific, attributes);
-  shorten_exponent(text);
-  if (static_cast<std::int64_t>(text.size()) < attributes.fieldsize) text.insert(0, 1, ' ');
-  return text;
+  text.resize(begin);
+  print(text, value, std::chars_format::scientific, attributes);
+  shorten_exponent(text, begin);
+  if (length() < attributes.fieldsize) text.insert(begin, 1, ' ');
+}
+
+bool append_double(std::string& text, double value, std::string_view attrs) {
+  double_attributes attributes;
+  if (!read_attributes(attrs, attributes) || !attributes.is_valid()) return false;
+  append_double_text(text, value, attributes);
+  return true;
 }
 
 strings::ustring8 format_double(double value, std::string_view attrs) {
-  double_attributes attributes;
-  if (!read_attributes(attrs, attributes) || !attributes.is_valid()) return refused();
-  return double_text(value, attributes);
+  return text_or_refused(append_double, value, attrs);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

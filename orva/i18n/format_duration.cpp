@@ -1,10 +1,12 @@
 #include <cmath>
+#include <cstddef>
 #include <cstdint>
 #include <limits>
+#include <string>
 #include <string_view>
-#include <utility>
 
 #include "orva/generic/convert/x_to_str.hpp"
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
@@ -54,40 +56,44 @@ double fraction_of(double seconds) {
 /// empty one would be the missing value of an attribute string.
 bool is_precision(std::string_view text) { return !text.empty() && to_number(text) >= 0; }
 
-/// Writes the parts from the largest down.
+/// Adds the parts from the largest down.
 class part_writer {
  public:
+  explicit part_writer(std::string& text) : text_(text), begin_(text.size()) {}
+
   /// A part that is zero is left out as long as nothing stands before it.
   void add(std::int64_t value, std::string_view label) {
-    if (value == 0 && text_.empty()) return;
+    if (value == 0 && text_.size() == begin_) return;
     char buffer[generic::convert::number_buffer_size];
     generic::convert::lltoa(value, buffer, 10);
     text_.append(buffer).append(label);
   }
 
-  strings::ustring8 finish(std::string_view seconds, std::string_view label) {
-    text_.append(seconds).append(label);
-    return std::move(text_);
-  }
-
  private:
-  strings::ustring8 text_;
+  std::string& text_;
+  std::size_t begin_;
 };
 
 }  // namespace
 
-strings::ustring8 format_duration(double seconds, std::string_view attrs) {
+bool append_duration(std::string& text, double seconds, std::string_view attrs) {
   duration_attributes attributes;
-  if (!read_attributes(attrs, attributes) || !is_precision(attributes.precision)) return refused();
+  if (!read_attributes(attrs, attributes) || !is_precision(attributes.precision)) return false;
   const std::int64_t whole = whole_seconds(seconds);
   const double rest = static_cast<double>(whole % minute) + fraction_of(seconds);
   const duration_labels& labels = attributes.short_form ? short_labels : long_labels;
 
-  part_writer writer;
+  part_writer writer(text);
   writer.add(whole / day, labels.days);
   writer.add(whole % day / hour, labels.hours);
   writer.add(whole % hour / minute, labels.minutes);
-  return writer.finish(double_text(rest, {.precision = to_number(attributes.precision)}), labels.seconds);
+  append_double_text(text, rest, {.precision = to_number(attributes.precision)});
+  text.append(labels.seconds);
+  return true;
+}
+
+strings::ustring8 format_duration(double seconds, std::string_view attrs) {
+  return text_or_refused(append_duration, seconds, attrs);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

@@ -1,9 +1,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "orva/generic/convert/x_to_str.hpp"
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 
@@ -102,7 +104,7 @@ std::size_t zeros_before(std::size_t digits, const int_attributes& attributes) {
   return base.radix == 16 ? (hex_group - digits % hex_group) % hex_group : 0;
 }
 
-void append_in_groups_of_three(strings::ustring8& text, std::string_view digits) {
+void append_in_groups_of_three(std::string& text, std::string_view digits) {
   if (digits.front() == '-') {
     text += '-';
     digits.remove_prefix(1);
@@ -115,9 +117,9 @@ void append_in_groups_of_three(strings::ustring8& text, std::string_view digits)
 
 }  // namespace
 
-strings::ustring8 format_int(std::int64_t value, std::string_view attrs) {
+bool append_int(std::string& text, std::int64_t value, std::string_view attrs) {
   int_attributes attributes;
-  if (!read_attributes(attrs, attributes)) return refused();
+  if (!read_attributes(attrs, attributes)) return false;
   const number_base& base = *attributes.base;
   if (value < 0 && base.radix != 10) value = complement(value, attributes);
 
@@ -126,21 +128,24 @@ strings::ustring8 format_int(std::int64_t value, std::string_view attrs) {
   const std::string_view digits(buffer);
   const std::size_t blanks = base.spaced ? (digits.size() - (value < 0 ? 1 : 0) - 1) / 3 : 0;
   const auto length = static_cast<std::int64_t>(digits.size() + blanks + base.marks_length());
-  if (attributes.fieldsize != 0 && attributes.fieldsize < length) return refused();
+  if (attributes.fieldsize != 0 && attributes.fieldsize < length) return false;
 
   const bool padded = value >= 0 && base.radix != 10;
   const std::size_t zeros = padded ? zeros_before(digits.size(), attributes) : 0;
-  if (zeros > max_padding) return refused();
+  if (zeros > max_padding) return false;
 
-  strings::ustring8 text(base.mark_before);
-  text.append(zeros, '0');
+  text.append(base.mark_before).append(zeros, '0');
   if (base.spaced) {
     append_in_groups_of_three(text, digits);
   } else {
     text.append(digits);
   }
   text.append(base.mark_behind);
-  return text;
+  return true;
+}
+
+strings::ustring8 format_int(std::int64_t value, std::string_view attrs) {
+  return text_or_refused(append_int, value, attrs);
 }
 
 }  // namespace ORVA_2_18::i18n::_private

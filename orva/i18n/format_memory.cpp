@@ -2,8 +2,10 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <string>
 #include <string_view>
 
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/scaled_value.hpp"
@@ -38,6 +40,14 @@ std::optional<scaled_value> scale_memory(const types::variant& value, std::strin
   auto result = scale_by(value, attributes, last_unit, as_integer);
   if (result) result->unit = units[result->unit_index];
   return result;
+}
+
+bool append_memory(std::string& text, const types::variant& value, std::string_view attrs) {
+  return append_number(text, scale_memory(value, attrs));
+}
+
+bool append_memory_unit(std::string& text, const types::variant& value, std::string_view attrs) {
+  return append_unit(text, scale_memory(value, attrs));
 }
 
 strings::ustring8 format_memory(const types::variant& value, std::string_view attrs,

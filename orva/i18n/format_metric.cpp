@@ -2,8 +2,10 @@
 #include <cstdint>
 #include <iterator>
 #include <optional>
+#include <string>
 #include <string_view>
 
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/scaled_value.hpp"
@@ -66,6 +68,14 @@ std::optional<scaled_value> scale_metric(const types::variant& value, std::strin
   const si_prefix& prefix = prefix_of(result->unit_index);
   result->unit = attributes.short_form ? prefix.short_form : prefix.long_form;
   return result;
+}
+
+bool append_metric(std::string& text, const types::variant& value, std::string_view attrs) {
+  return append_number(text, scale_metric(value, attrs));
+}
+
+bool append_metric_unit(std::string& text, const types::variant& value, std::string_view attrs) {
+  return append_unit(text, scale_metric(value, attrs));
 }
 
 strings::ustring8 format_metric(const types::variant& value, std::string_view attrs,

@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <optional>
 #include <unordered_set>
 
+#include "orva/i18n/append_formatted.hpp"
 #include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
-#include "orva/i18n/scaled_value.hpp"
 #include "orva/platform/debug_output.hpp"
 #include "orva/strings/unicode.hpp"
 
@@ -38,62 +37,67 @@ struct placeholder {
   }
 };
 
-ustring8 number_of(const std::optional<_private::scaled_value>& value) {
-  return value ? value->number() : _private::refused();
-}
-
-ustring8 unit_of(const std::optional<_private::scaled_value>& value) {
-  return value ? ustring8(value->unit) : _private::refused();
-}
-
-ustring8 format(message_item::type_t type, const types::variant& value, std::string_view attributes) {
+/// False: the value cannot be shown.
+bool append_value(std::string& text, message_item::type_t type, const types::variant& value,
+                  std::string_view attributes) {
   switch (type) {
     case message_item::string:
-      return value.as_string();
+      text += value.as_string();
+      return true;
     case message_item::integer:
-      return _private::format_int(value.as_int64(), attributes);
+      return _private::append_int(text, value.as_int64(), attributes);
     case message_item::real:
-      return _private::format_double(value.as_double(), attributes);
+      return _private::append_double(text, value.as_double(), attributes);
     case message_item::memory:
-      return number_of(_private::scale_memory(value, attributes));
+      return _private::append_memory(text, value, attributes);
     case message_item::memory_unit:
-      return unit_of(_private::scale_memory(value, attributes));
+      return _private::append_memory_unit(text, value, attributes);
     case message_item::metric:
-      return number_of(_private::scale_metric(value, attributes));
+      return _private::append_metric(text, value, attributes);
     case message_item::metric_unit:
-      return unit_of(_private::scale_metric(value, attributes));
+      return _private::append_metric_unit(text, value, attributes);
     case message_item::duration:
-      return _private::format_duration(value.as_double(), attributes);
+      return _private::append_duration(text, value.as_double(), attributes);
     case message_item::text:
     case message_item::number:
     case message_item::time:
     case message_item::date:
       break;
   }
-  return _private::refused();
+  return false;
 }
 
-/// The text of a placeholder, which is `invalid` if it cannot be shown.
-ustring8 render(const message_item& item, std::string_view data, const generic::varg_list& args) {
+/// Adds the text of a placeholder, which is `invalid` if it cannot be shown.
+void append_placeholder(std::string& text, message_item::type_t type, std::string_view data,
+                        const generic::varg_list& args) {
+  const std::size_t begin = text.size();
+  const auto added = [&] { return std::string_view(text).substr(begin); };
   const placeholder parts(data);
   const auto argument = find_argument(args, parts.name);
-  if (argument == args.end()) return ustring8(message_item::invalid);
-  ustring8 result = format(item.type(), argument->value(), parts.attributes);
-  if (result == _private::refused_value) return ustring8(message_item::invalid);
-  return result;
+  const bool is_shown =
+      argument != args.end() && append_value(text, type, argument->value(), parts.attributes);
+  if (!is_shown || added() == _private::refused_value) text.replace(begin, text.npos, message_item::invalid);
+  if (added() == message_item::invalid) {
+    platform::debug_output(std::string("Failure -- ").append(data));
+    platform::debug_output("\n");
+  }
 }
 
 }  // namespace
 
 ustring8 message_item::name() const { return ustring8(placeholder(data_).name); }
 
-ustring8 message_item::as_string(const generic::varg_list& args) const {
-  if (type_ == text) return data_;
-  ustring8 result = render(*this, data_, args);
-  if (result == invalid) {
-    platform::debug_output("Failure -- " + data_);
-    platform::debug_output("\n");
+void message_item::append_to(std::string& result, const generic::varg_list& args) const {
+  if (type_ == text) {
+    result += data_;
+  } else {
+    append_placeholder(result, type_, data_, args);
   }
+}
+
+ustring8 message_item::as_string(const generic::varg_list& args) const {
+  ustring8 result;
+  append_to(result, args);
   return result;
 }
 
@@ -102,13 +106,7 @@ std::string message_t::as_string(const generic::varg_list& args) const {
   for (const message_item& item : items_) length += std::max(item.data_.size(), likely_length);
   std::string result;
   result.reserve(length);
-  for (const message_item& item : items_) {
-    if (is_placeholder(item)) {
-      result += item.as_string(args);
-    } else {
-      result += item.data_;
-    }
-  }
+  for (const message_item& item : items_) item.append_to(result, args);
   return result;
 }
 

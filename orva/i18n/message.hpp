@@ -85,6 +85,8 @@ class ORVA_API message_item {
  private:
   friend class message_t;
 
+  void append_to(std::string& result, const generic::varg_list& args) const;
+
   strings::ustring8 data_;
   type_t type_ = text;
 };

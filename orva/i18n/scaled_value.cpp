@@ -11,21 +11,40 @@ namespace {
 bool has_semicolon(std::string_view text) { return text.find(';') != text.npos; }
 
 /// There is no sign in this text: a negative integer shows as the unsigned number of the same bits.
-strings::ustring8 integer_text(std::uint64_t value) {
+void append_integer(std::string& text, std::uint64_t value) {
   char buffer[generic::convert::number_buffer_size];
   generic::convert::ulltoa(value, buffer, 10);
-  return strings::ustring8(buffer);
+  text.append(buffer);
 }
 
 }  // namespace
 
-strings::ustring8 scaled_value::number() const {
-  return form ? double_text(floating, *form) : integer_text(integer);
+void scaled_value::append_number(std::string& text) const {
+  if (form) return append_double_text(text, floating, *form);
+  append_integer(text, integer);
+}
+
+bool scaled_value::reads_as_refused() const {
+  if (!form || form->precision != 0) return false;
+  std::string text;
+  append_number(text);
+  return text == refused_value;
+}
+
+bool append_number(std::string& text, const std::optional<scaled_value>& value) {
+  if (value) value->append_number(text);
+  return value.has_value();
+}
+
+bool append_unit(std::string& text, const std::optional<scaled_value>& value) {
+  if (value) text.append(value->unit);
+  return value.has_value();
 }
 
 strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit) {
   unit = value ? value->unit : std::string_view();
-  return value ? value->number() : refused();
+  strings::ustring8 number;
+  return append_number(number, value) ? number : refused();
 }
 
 bool scaled_attributes::set_number_form(std::string_view key, std::string_view value) {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 #include <string_view>
 #include <type_traits>
 
@@ -25,10 +26,10 @@ struct scaled_value {
   /// The unit's text, which lives as long as the library.
   std::string_view unit;
 
-  strings::ustring8 number() const;
+  void append_number(std::string& text) const;
 
   /// A negative zero without decimals, which only a semicolon in the precision can bring.
-  bool reads_as_refused() const { return form && form->precision == 0 && number() == refused_value; }
+  bool reads_as_refused() const;
 };
 
 // Nothing: the attributes are refused.
@@ -37,6 +38,10 @@ std::optional<scaled_value> scale_metric(const types::variant& value, std::strin
 
 /// Both texts as the formatters return them.
 strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit);
+
+// One of the two texts as messages show it. False: there is no value.
+bool append_number(std::string& text, const std::optional<scaled_value>& value);
+bool append_unit(std::string& text, const std::optional<scaled_value>& value);
 
 /// A number as an attribute gives it. The text is what `format_double` is told.
 struct number_attribute {

@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "orva/i18n/unsorted_messages.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 #include "orva/i18n/xmc_tokens.hpp"
 
@@ -16,7 +17,8 @@ using strings::ustring8;
 namespace {
 
 /// From behind a start tag to behind its end tag. What stands between is only counted.
-void skip_element(xmc::token_iterator& it, xmc::token_iterator end) {
+template <typename Iterator>
+void skip_element(Iterator& it, Iterator end) {
   for (std::size_t open = 1; open != 0; ++it) {
     xmc::require_token(it, end);
     if (it->type() == xmc::token::element_start) ++open;
@@ -24,31 +26,15 @@ void skip_element(xmc::token_iterator& it, xmc::token_iterator end) {
   }
 }
 
-struct named_message {
-  std::string_view name;
-  message_t* message;
-};
-
-/// The messages in the order of their names, those of one name as they come. A map that is filled in order finds each
-/// place at once.
-std::vector<named_message> sorted_by_name(std::vector<message_t>& messages) {
-  std::vector<named_message> sorted;
-  sorted.reserve(messages.size());
-  for (message_t& message : messages) sorted.push_back({message.name(), &message});
-  std::stable_sort(sorted.begin(), sorted.end(), [](const named_message& left, const named_message& right) {
-    return left.name < right.name;
-  });
-  return sorted;
-}
-
 }  // namespace
 
-void xmc_file_loader::parse_catalog(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+void xmc_file_loader::parse_catalog(Iterator& it, Iterator end) {
   ustring8 name;
   ustring8 language;
-  std::vector<message_t> messages;
+  unsorted_messages messages;
   try {
-    xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
+    xmc::read_attributes(++it, end, [&](Iterator attribute, Iterator value) {
       if (xmc::is_named(attribute, "name")) {
         name = xmc::take_value(value);
       } else if (xmc::is_named(attribute, "lang")) {
@@ -62,37 +48,46 @@ void xmc_file_loader::parse_catalog(token_iterator& it, token_iterator end) {
     parse_catalog_content(it, end, name, language, messages);
   } catch (load_error& error) {
     // What stands in front of the failure counts as read.
-    if (!messages.empty()) keep(std::move(messages), name);
+    if (!messages.empty()) keep(messages, name);
     error.append_error_stack(load_error::in_catalog, name);
     throw;
   }
-  keep(std::move(messages), name);
+  keep(messages, name);
 }
 
-void xmc_file_loader::parse_catalog_content(token_iterator& it, token_iterator end, const ustring8& name,
-                                            const ustring8& language, std::vector<message_t>& messages) {
+template <typename Iterator>
+void xmc_file_loader::parse_catalog_content(Iterator& it, Iterator end, const ustring8& name,
+                                            const ustring8& language, unsorted_messages& messages) {
   for (parse_ignorable(it, end); it != end && xmc::is_start_of(*it, "msg"); parse_ignorable(it, end)) {
-    messages.push_back(parse_message(it, end));
-    messages.back()._orginal_locale(language);
+    message_t message = parse_message(it, end);
+    message._orginal_locale(language);
+    messages.add(std::move(message));
   }
   xmc::require_token(it, end);
-  if (!xmc::is_end_of(it, end, "catalog")) throw load_error(catalog_end_missing, name);
+  if (!xmc::is_end_of(it, end, "catalog")) throw load_error(load_error::catalog_end_missing, name);
   ++it;
 }
 
+template void xmc_file_loader::parse_catalog(xmc::token_iterator&, xmc::token_iterator);
+template void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::view_iterator);
+
 void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
-  keep({message}, catalog);
+  unsorted_messages one;
+  one.add(message_t(message));
+  keep(one, catalog);
 }
 
 /// Of two equals the one read first stays, unlike in a merge: a file adds to those in front of it.
-void xmc_file_loader::keep(std::vector<message_t> messages, const ustring8& catalog) {
-  message_map& kept = data_[catalog];
-  auto hint = kept.begin();
-  for (const auto& [name, message] : sorted_by_name(messages)) {
-    const std::size_t size = kept.size();
-    const auto place = kept.try_emplace(hint, message->name(), std::move(*message));
-    if (kept.size() == size && outweighs(*message, place->second)) place->second = std::move(*message);
-    hint = std::next(place);
+void xmc_file_loader::keep(unsorted_messages& messages, const ustring8& catalog) {
+  message_table& kept = data_[catalog];
+  kept.reserve(kept.size() + messages.size());
+  // A map that is filled in order finds each place at once; in an empty one that is always the end.
+  const bool were_none = kept.empty();
+  auto hint = were_none ? kept.end() : kept.begin();
+  for (unsorted_messages::node* const node : messages.sorted()) {
+    const auto place = kept.insert(hint, std::move(*node));
+    if (!node->empty() && outweighs(node->mapped(), place->second)) place->second = std::move(node->mapped());
+    if (!were_none) hint = std::next(place);
   }
 }
 

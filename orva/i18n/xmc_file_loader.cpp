@@ -10,7 +10,6 @@
 namespace ORVA_2_18::i18n::_private {
 
 using parser::xml_parser;
-using parser::xml_token_stream;
 using strings::text_argument;
 using strings::ustring8;
 using types::uint32;
@@ -90,15 +89,16 @@ load_error xmc_file_loader::told_as_error(const ustring8& file, Read read) {
 }
 
 void xmc_file_loader::parse_text(const ustring8& text) {
-  xml_token_stream tokens;
+  parser::_private::xml_view_tokens tokens;
   const xml_parser::parse_error error = tokens.parse(text);
-  if (error.type != xml_parser::parse_error::no_error) throw load_error(xml_parse_error, error);
+  if (error.type != xml_parser::parse_error::no_error) throw load_error(load_error::xml_parse_error, error);
   parse_document(tokens.begin(), tokens.end());
 }
 
-void xmc_file_loader::parse_document(token_iterator it, token_iterator end) {
+template <typename Iterator>
+void xmc_file_loader::parse_document(Iterator it, Iterator end) {
   parse_ignorable(it, end);
-  if (it == end) throw load_error(unexpected_parse_error, "Nothing of interest in the file.");
+  if (it == end) throw load_error(load_error::unexpected_parse_error, "Nothing of interest in the file.");
   parse_xmc_header(it, end);
   parse_ignorable(it, end);
   for (; it != end && !xmc::is_end_of(it, end, "xmc"); parse_ignorable(it, end)) {
@@ -107,40 +107,42 @@ void xmc_file_loader::parse_document(token_iterator it, token_iterator end) {
     } else if (xmc::is_start_of(*it, "include")) {
       parse_include(it, end);
     } else {
-      throw load_error(invalid_element, it->value());
+      throw xmc::misplaced(load_error::invalid_element, it);
     }
   }
 }
 
-void xmc_file_loader::parse_xmc_header(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+void xmc_file_loader::parse_xmc_header(Iterator& it, Iterator end) {
   xmc::require_token(it, end);
-  if (!xmc::is_start_of(*it, "xmc")) throw load_error(not_xmc_file, it->value());
+  if (!xmc::is_start_of(*it, "xmc")) throw xmc::misplaced(load_error::not_xmc_file, it);
   bool versioned = false;
-  xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
+  xmc::read_attributes(++it, end, [&](Iterator name, Iterator value) {
     if (versioned || !xmc::is_named(name, "version")) return false;
     if (value->value() != "1.1" && value->value() != "1.0")
-      throw load_error(unsupported_version, value->value());
+      throw xmc::misplaced(load_error::unsupported_version, value);
     return versioned = true;
   });
-  if (!versioned) throw load_error(invalid_attribute, "");
+  if (!versioned) throw load_error(load_error::invalid_attribute, "");
 }
 
-void xmc_file_loader::parse_include(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+void xmc_file_loader::parse_include(Iterator& it, Iterator end) {
   ustring8 file;
-  xmc::read_attributes(++it, end, [&](token_iterator name, token_iterator value) {
+  xmc::read_attributes(++it, end, [&](Iterator name, Iterator value) {
     if (!xmc::is_named(name, "file")) return false;
     file = xmc::take_value(value);
     return true;
   });
-  if (file.empty()) throw load_error(invalid_attribute, "file");
+  if (file.empty()) throw load_error(load_error::invalid_attribute, "file");
   parse_included_file(is_absolute(file) ? file : base_directory_ + file);
-  if (!xmc::is_end_of(it, end, "include")) throw load_error(include_end_missing, "");
+  if (!xmc::is_end_of(it, end, "include")) throw load_error(load_error::include_end_missing, "");
   ++it;
 }
 
 void xmc_file_loader::parse_included_file(const ustring8& file) {
   if (include_depth_ == max_include_depth || included_files_ == max_included_files) {
-    throw load_error(invalid_element, file);
+    throw load_error(load_error::invalid_element, file);
   }
   const restored directory(base_directory_);
   const restored depth(include_depth_);
@@ -150,12 +152,18 @@ void xmc_file_loader::parse_included_file(const ustring8& file) {
   if (error.type() != no_error) throw error;
 }
 
-void xmc_file_loader::parse_ignorable(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+void xmc_file_loader::parse_ignorable(Iterator& it, Iterator end) {
   const auto is_ignorable = [](token::token_type type) {
     return type == token::comment || type == token::space || type == token::character;
   };
   while (it != end && is_ignorable(it->type())) ++it;
 }
+
+template void xmc_file_loader::parse_xmc_header(xmc::token_iterator&, xmc::token_iterator);
+template void xmc_file_loader::parse_include(xmc::token_iterator&, xmc::token_iterator);
+template void xmc_file_loader::parse_ignorable(xmc::token_iterator&, xmc::token_iterator);
+template void xmc_file_loader::parse_ignorable(xmc::view_iterator&, xmc::view_iterator);
 
 void xmc_file_loader::reset() { data_.clear(); }
 

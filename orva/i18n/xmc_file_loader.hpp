@@ -17,6 +17,7 @@
 #pragma once
 
 #include <map>
+#include <string_view>
 #include <vector>
 
 #include "orva/export.hpp"
@@ -24,6 +25,7 @@
 #include "orva/i18n/language_tag.hpp"
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
+#include "orva/i18n/message_table.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 #include "orva/strings/text_argument.hpp"
@@ -31,6 +33,8 @@
 #include "orva/types/integers.hpp"
 
 namespace ORVA_2_18::i18n::_private {
+
+class unsorted_messages;
 
 class ORVA_API xmc_file_loader {
  public:
@@ -88,40 +92,50 @@ class ORVA_API xmc_file_loader {
   using token_iterator = parser::xml_token_stream::iterator;
 
   // Each stands on the first token of its construct, throws a `load_error`, and leaves `it` behind the construct.
-  // Names and texts are moved out of the tokens.
-  void parse_xmc_header(token_iterator& it, token_iterator end);
-  void parse_catalog(token_iterator& it, token_iterator end);
-  void parse_include(token_iterator& it, token_iterator end);
-  message_t parse_message(token_iterator& it, token_iterator end);
-  message_item parse_message_arg(token_iterator& it, token_iterator end);
+  //
+  // `Iterator` is `token_iterator`, and names and texts are then moved out of the tokens. A file that the loader reads
+  // itself never becomes such tokens: it is read through views into its text.
+  template <typename Iterator>
+  void parse_xmc_header(Iterator& it, Iterator end);
+  template <typename Iterator>
+  void parse_catalog(Iterator& it, Iterator end);
+  template <typename Iterator>
+  void parse_include(Iterator& it, Iterator end);
+  template <typename Iterator>
+  message_t parse_message(Iterator& it, Iterator end);
+  template <typename Iterator>
+  message_item parse_message_arg(Iterator& it, Iterator end);
   /// The type for a type word; `string` for an unknown one.
-  message_item::type_t parse_message_type(const strings::ustring8& word) const;
+  message_item::type_t parse_message_type(std::string_view word) const;
   /// Steps over comments, white space and text.
-  void parse_ignorable(token_iterator& it, token_iterator end);
+  template <typename Iterator>
+  void parse_ignorable(Iterator& it, Iterator end);
 
  private:
-  using message_map = catalog_t::message_map;
   class message_body;
 
   template <typename Read>
   load_error told_as_error(const strings::ustring8& file, Read read);
   void parse_text(const strings::ustring8& text);
-  void parse_document(token_iterator it, token_iterator end);
-  void parse_catalog_content(token_iterator& it, token_iterator end, const strings::ustring8& name,
-                             const strings::ustring8& language, std::vector<message_t>& messages);
-  std::vector<message_item> parse_message_content(token_iterator& it, token_iterator end,
-                                                  const strings::ustring8& name);
-  void parse_message_element(token_iterator& it, token_iterator end, message_body& body);
+  template <typename Iterator>
+  void parse_document(Iterator it, Iterator end);
+  template <typename Iterator>
+  void parse_catalog_content(Iterator& it, Iterator end, const strings::ustring8& name,
+                             const strings::ustring8& language, unsorted_messages& messages);
+  template <typename Iterator>
+  std::vector<message_item> parse_message_content(Iterator& it, Iterator end, const strings::ustring8& name);
+  template <typename Iterator>
+  void parse_message_element(Iterator& it, Iterator end, message_body& body);
   void parse_included_file(const strings::ustring8& file);
-  void keep(std::vector<message_t> messages, const strings::ustring8& catalog);
+  void keep(unsorted_messages& messages, const strings::ustring8& catalog);
   bool outweighs(const message_t& one, const message_t& other) const;
   template <typename Data>
   types::uint32 merge(Data& data, catalog_map& target) const;
   template <typename Messages>
-  types::uint32 merge_messages(Messages& messages, message_map& target) const;
+  types::uint32 merge_messages(Messages& messages, message_table& target) const;
 
   accepted_languages languages_;
-  std::map<strings::ustring8, message_map> data_;
+  std::map<strings::ustring8, message_table> data_;
   strings::ustring8 base_directory_;
   strings::ustring8 catalog_id_;
   types::uint32 include_depth_ = 0;

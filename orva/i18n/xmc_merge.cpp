@@ -42,7 +42,7 @@ uint32 xmc_file_loader::merge(Data& data, catalog_map& target) const {
 
 /// Unlike within a load, of two equals the new one wins: loading again brings the later text.
 template <typename Messages>
-uint32 xmc_file_loader::merge_messages(Messages& messages, message_map& target) const {
+uint32 xmc_file_loader::merge_messages(Messages& messages, message_table& target) const {
   uint32 stored = 0;
   if (target.empty()) {
     stored = static_cast<uint32>(messages.size());

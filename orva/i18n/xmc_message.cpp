@@ -18,9 +18,11 @@ class xmc_file_loader::message_body {
   /// Room for that many placeholders and the texts around them.
   explicit message_body(std::size_t placeholders) { items_.reserve(2 * placeholders + 1); }
 
-  void add_text(ustring8&& text) {
+  /// A view is copied, and what was taken out of its token is moved.
+  template <typename Text>
+  void add_text(Text&& text) {
     if (text_.empty()) {
-      text_ = std::move(text);
+      text_ = std::forward<Text>(text);
     } else {
       text_ += text;
     }
@@ -57,18 +59,21 @@ class xmc_file_loader::message_body {
 
 namespace {
 
-bool is_placeholder(const xmc::token& found) {
+template <typename Token>
+bool is_placeholder(const Token& found) {
   return xmc::is_start_of(found, "arg") || xmc::is_start_of(found, "argument");
 }
 
 /// In the message whose content begins at `it`.
-std::size_t count_placeholders(xmc::token_iterator it, xmc::token_iterator end) {
+template <typename Iterator>
+std::size_t count_placeholders(Iterator it, Iterator end) {
   std::size_t count = 0;
   for (; it != end && !xmc::is_end_of(it, end, "msg"); ++it) count += is_placeholder(*it) ? 1 : 0;
   return count;
 }
 
-void parse_line_break(xmc::token_iterator& it, xmc::token_iterator end) {
+template <typename Iterator>
+void parse_line_break(Iterator& it, Iterator end) {
   xmc::skip_comments(++it, end);
   if (!xmc::is_type(it, end, xmc::token::start_tag_end) || !xmc::is_end_of(++it, end, "br")) {
     throw load_error(load_error::br_end_missing, "");
@@ -78,11 +83,12 @@ void parse_line_break(xmc::token_iterator& it, xmc::token_iterator end) {
 
 }  // namespace
 
-message_t xmc_file_loader::parse_message(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+message_t xmc_file_loader::parse_message(Iterator& it, Iterator end) {
   ustring8 name;
   ustring8 meta;
   try {
-    xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
+    xmc::read_attributes(++it, end, [&](Iterator attribute, Iterator value) {
       if (xmc::is_named(attribute, "name")) {
         name = xmc::take_value(value);
       } else if (xmc::is_named(attribute, "meta")) {
@@ -100,14 +106,15 @@ message_t xmc_file_loader::parse_message(token_iterator& it, token_iterator end)
   }
 }
 
-std::vector<message_item> xmc_file_loader::parse_message_content(token_iterator& it, token_iterator end,
+template <typename Iterator>
+std::vector<message_item> xmc_file_loader::parse_message_content(Iterator& it, Iterator end,
                                                                  const ustring8& name) {
   message_body body(count_placeholders(it, end));
   for (;;) {
     xmc::require_token(it, end);
     switch (it->type()) {
       case token::element_end:
-        if (it->value() != "msg") throw load_error(msg_end_missing, name);
+        if (it->value() != "msg") throw load_error(load_error::msg_end_missing, name);
         ++it;
         return body.finish();
       case token::space:
@@ -127,23 +134,25 @@ std::vector<message_item> xmc_file_loader::parse_message_content(token_iterator&
   }
 }
 
-void xmc_file_loader::parse_message_element(token_iterator& it, token_iterator end, message_body& body) {
+template <typename Iterator>
+void xmc_file_loader::parse_message_element(Iterator& it, Iterator end, message_body& body) {
   if (xmc::is_start_of(*it, "br")) {
     parse_line_break(it, end);
     body.add_line_feed();
   } else if (is_placeholder(*it)) {
     body.add_placeholder(parse_message_arg(it, end));
   } else {
-    throw load_error(invalid_element, it->value());
+    throw xmc::misplaced(load_error::invalid_element, it);
   }
 }
 
-message_item xmc_file_loader::parse_message_arg(token_iterator& it, token_iterator end) {
-  const ustring8 element = xmc::take_value(it);
+template <typename Iterator>
+message_item xmc_file_loader::parse_message_arg(Iterator& it, Iterator end) {
+  const auto element = xmc::take_value(it);
   ustring8 name;
   ustring8 attributes;
   auto type = message_item::string;
-  xmc::read_attributes(++it, end, [&](token_iterator attribute, token_iterator value) {
+  xmc::read_attributes(++it, end, [&](Iterator attribute, Iterator value) {
     if (xmc::is_named(attribute, "name")) {
       name = xmc::take_value(value);
     } else if (xmc::is_named(attribute, "type")) {
@@ -154,12 +163,16 @@ message_item xmc_file_loader::parse_message_arg(token_iterator& it, token_iterat
     }
     return true;
   });
-  if (!xmc::is_end_of(it, end, element)) throw load_error(arg_end_missing, name);
+  if (!xmc::is_end_of(it, end, element)) throw load_error(load_error::arg_end_missing, name);
   ++it;
   return message_item(std::move(name.append(attributes)), type);
 }
 
-message_item::type_t xmc_file_loader::parse_message_type(const ustring8& word) const {
+template message_t xmc_file_loader::parse_message(xmc::token_iterator&, xmc::token_iterator);
+template message_t xmc_file_loader::parse_message(xmc::view_iterator&, xmc::view_iterator);
+template message_item xmc_file_loader::parse_message_arg(xmc::token_iterator&, xmc::token_iterator);
+
+message_item::type_t xmc_file_loader::parse_message_type(std::string_view word) const {
   struct type_word {
     std::string_view word;
     message_item::type_t type;

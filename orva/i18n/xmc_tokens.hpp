@@ -1,4 +1,4 @@
-/// How the readers of XMC elements step through tokens. Internal.
+/// How the readers of XMC elements step through tokens, which are those of a stream or views. Internal.
 #pragma once
 
 #include <string_view>
@@ -6,52 +6,68 @@
 
 #include "orva/i18n/load_error.hpp"
 #include "orva/parser/xml_token_stream.hpp"
+#include "orva/parser/xml_view_tokens.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_2_18::i18n::_private::xmc {
 
-using parser::xml_token_stream;
-using token = xml_token_stream::token;
-using token_iterator = xml_token_stream::iterator;
+using token = parser::xml_token_stream::token;
+using token_iterator = parser::xml_token_stream::iterator;
+using view_iterator = parser::_private::xml_view_tokens::iterator;
 
-inline bool is_type(token_iterator it, token_iterator end, token::token_type type) {
+template <typename Iterator>
+bool is_type(Iterator it, Iterator end, token::token_type type) {
   return it != end && it->type() == type;
 }
 
-inline bool is_start_of(const token& found, std::string_view element) {
+template <typename Token>
+bool is_start_of(const Token& found, std::string_view element) {
   return found.type() == token::element_start && found.value() == element;
 }
 
-inline bool is_end_of(token_iterator it, token_iterator end, std::string_view element) {
+template <typename Iterator>
+bool is_end_of(Iterator it, Iterator end, std::string_view element) {
   return is_type(it, end, token::element_end) && it->value() == element;
 }
 
-inline bool is_named(token_iterator attribute, std::string_view name) { return attribute->value() == name; }
+template <typename Iterator>
+bool is_named(Iterator attribute, std::string_view name) {
+  return attribute->value() == name;
+}
 
 /// REQUIRES: the value is not looked at again.
 inline strings::ustring8 take_value(token_iterator it) { return std::move(it->value()); }
+inline std::string_view take_value(view_iterator it) { return it->value(); }
 
-inline void require_token(token_iterator it, token_iterator end) {
+/// The failure of an element, an attribute or a value that has no place at `it`.
+template <typename Iterator>
+load_error misplaced(load_error::error_type type, Iterator it) {
+  return load_error(type, strings::ustring8(it->value()));
+}
+
+template <typename Iterator>
+void require_token(Iterator it, Iterator end) {
   if (it == end) throw load_error(load_error::unexpected_parse_error, "Value Not Defined");
 }
 
 /// A comment behind a start tag comes before the mark that ends the tag, and says nothing about attributes.
-inline void skip_comments(token_iterator& it, token_iterator end) {
+template <typename Iterator>
+void skip_comments(Iterator& it, Iterator end) {
   while (is_type(it, end, token::comment)) ++it;
 }
 
 /// Reads attributes from `it` on, up to and with the mark that ends the start tag. `take(name, value)` gets each of
 /// them and answers whether the element has an attribute of that name.
-template <typename Take>
-void read_attributes(token_iterator& it, token_iterator end, Take take) {
+template <typename Iterator, typename Take>
+void read_attributes(Iterator& it, Iterator end, Take take) {
   for (;; ++it) {
     skip_comments(it, end);
     require_token(it, end);
     if (it->type() == token::start_tag_end) break;
-    const token_iterator name = it;
-    if (name->type() != token::attribute_name) throw load_error(load_error::invalid_attribute, name->value());
+    const Iterator name = it;
+    if (name->type() != token::attribute_name) throw misplaced(load_error::invalid_attribute, name);
     require_token(++it, end);
-    if (!take(name, it)) throw load_error(load_error::invalid_attribute, name->value());
+    if (!take(name, it)) throw misplaced(load_error::invalid_attribute, name);
   }
   ++it;
 }

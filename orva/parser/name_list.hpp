@@ -1,10 +1,12 @@
 /// The collections of names that the parsers keep while they walk a document. Not for use on their own.
 ///
-/// Both keep the memory of some names that were taken off for the names that follow, since a document opens and
-/// closes elements by the thousand. One object belongs to one thread.
+/// A name is a string of its own or, where the document outlives the collections, a view into it. Both keep the memory
+/// of some names that were taken off for the names that follow, since a document opens and closes elements by the
+/// thousand. One object belongs to one thread.
 #pragma once
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <deque>
 #include <set>
@@ -15,16 +17,17 @@
 namespace ORVA_2_18::parser::_private {
 
 /// A stack of names.
-class name_list {
+template <typename Name>
+class basic_name_list {
  public:
   bool empty() const noexcept { return size_ == 0; }
   std::size_t size() const noexcept { return size_; }
   /// The name that was added last. REQUIRES: not empty.
-  const strings::ustring8& back() const { return names_[size_ - 1]; }
+  const Name& back() const { return names_[size_ - 1]; }
 
   void push_back(std::string_view name) {
     if (size_ < names_.size()) {
-      names_[size_].assign(name);
+      names_[size_] = name;
     } else {
       names_.emplace_back(name);
     }
@@ -42,42 +45,43 @@ class name_list {
     while (!empty()) pop_back();
   }
 
-  bool contains(std::string_view name) const {
-    const auto end = names_.begin() + static_cast<std::ptrdiff_t>(size_);
-    return std::find(names_.begin(), end, name) != end;
-  }
-
  private:
   /// As many names keep their memory; a document that nests deeper than most gives the rest back.
   static constexpr std::size_t kept = 64;
 
   // The first `size_` are the list; behind them stands only memory.
-  std::deque<strings::ustring8> names_;
+  std::deque<Name> names_;
   std::size_t size_ = 0;
 };
 
-/// A set of names. The first few stand in a list that is searched from end to end, which is all that most start
+/// A set of names. The first few stand side by side and are searched from end to end, which is all that most start
 /// tags need; only what comes behind them pays for a tree, so that a tag of a million attributes stays cheap.
-class name_set {
+template <typename Name>
+class basic_name_set {
  public:
   /// True if the name is new.
   bool insert(std::string_view name) {
-    if (first_.contains(name)) return false;
-    if (first_.size() == listed) return rest_.emplace(name).second;
-    first_.push_back(name);
+    const auto end = first_.begin() + static_cast<std::ptrdiff_t>(listed_);
+    if (std::find(first_.begin(), end, name) != end) return false;
+    if (end == first_.end()) return rest_.emplace(name).second;
+    *end = name;
+    ++listed_;
     return true;
   }
 
   void clear() noexcept {
-    first_.clear();
+    listed_ = 0;
     if (!rest_.empty()) rest_.clear();
   }
 
  private:
-  static constexpr std::size_t listed = 16;
-
-  name_list first_;
-  std::set<strings::ustring8> rest_;
+  // The first `listed_` are in the set; behind them stands only memory.
+  std::array<Name, 16> first_;
+  std::size_t listed_ = 0;
+  std::set<Name> rest_;
 };
+
+using name_list = basic_name_list<strings::ustring8>;
+using name_set = basic_name_set<strings::ustring8>;
 
 }  // namespace ORVA_2_18::parser::_private

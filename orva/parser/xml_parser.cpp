@@ -4,135 +4,30 @@
 #include <string_view>
 
 #include "orva/parser/xml_scanner.hpp"
+#include "orva/parser/xml_walk.hpp"
 
 namespace ORVA_2_18::parser {
 
-/// One walk over a document: the scanners, and what they find told to the parser's delegates.
-class xml_parser::walk : public _private::xml_scanner {
+/// What a walk finds, told to the parser's delegates. The text of an event is a copy, which costs no allocation once
+/// the strings have grown.
+class xml_parser::delegate_events {
  public:
-  walk(const xml_parser& parser, const char* first, const char* last)
-      : xml_scanner(first, last, parser.line_),
-        parser_(parser),
-        open_(parser.open_elements_),
-        seen_attributes_(parser.seen_attributes_) {}
+  explicit delegate_events(const xml_parser& parser) : parser_(parser) {}
 
-  parse_error document() {
-    try {
-      skip_byte_order_mark();
-      header();
-      while (!at_end()) construct();
-    } catch (const parse_error& error) {
-      return error;
-    }
-    return {open_.empty() ? parse_error::no_error : parse_error::unexpected_eof, 0, {}};
+  void element_start(std::string_view name) { tell(parser_.on_element_start, name); }
+  void element_end(std::string_view name) { tell(parser_.on_element_end, name); }
+  void character(std::string_view text) { tell(parser_.on_character, text); }
+  void space(std::string_view text) { tell(parser_.on_space, text); }
+  void comment(std::string_view text) { tell(parser_.on_comment, text); }
+
+  void attribute(std::string_view name, std::string_view value) {
+    if (!parser_.on_attribute) return;
+    name_.assign(name);
+    text_.assign(value);
+    parser_.on_attribute(name_, text_);
   }
 
  private:
-  /// Whatever the three bytes are: only what follows them is looked at.
-  void skip_byte_order_mark() {
-    if (rest().size() >= 4 && rest()[3] == '<') step(3);
-  }
-
-  void header() {
-    constexpr std::string_view opener = "<?xml";
-    if (!starts_with(opener)) fail(parse_error::bad_header);
-    step(opener.size());
-    while (!starts_with("?>")) {
-      if (at_end()) fail(parse_error::no_root_element);
-      if (current() == '<' || current() == '>') fail(parse_error::bad_header);
-      step();
-    }
-    step(2);
-    white_space();
-    if (at_end()) fail(parse_error::no_root_element);
-  }
-
-  void construct() {
-    const auto space = white_space();
-    if (!space.empty() && !in_tag_) tell(parser_.on_space, space);
-    if (at_end()) return;
-    if (current() == '<') return markup();
-    if (current() == '>') return end_of_tag();
-    if (!in_tag_) return text();
-    if (current() == '/') return end_of_empty_element();
-    attribute();
-  }
-
-  void markup() {
-    if (in_tag_) fail_at(position());
-    in_tag_ = true;
-    if (starts_with("</")) return end_tag();
-    if (starts_with("<!--")) return section(4, "-->", parser_.on_comment);
-    if (starts_with("<![CDATA[")) return section(9, "]]>", parser_.on_character);
-    start_tag();
-  }
-
-  /// The closing > is left to `end_of_tag`, so that white space may stand before it.
-  void end_tag() {
-    step(2);
-    const auto closed = name();
-    if (open_.empty() || open_.back() != closed) fail(parse_error::mismatched_end_element, closed);
-    open_.pop_back();
-    if (at_end()) fail(parse_error::unexpected_eof);
-    tell(parser_.on_element_end, closed);
-  }
-
-  /// A comment or a CDATA section: whatever stands between an opener of that length and the closer.
-  void section(std::size_t opener, std::string_view closer, const text_delegate& delegate) {
-    const auto inner = rest().substr(opener);
-    const auto length = inner.find(closer);
-    if (length == inner.npos) fail(parse_error::unexpected_eof);
-    step(opener + length + closer.size());
-    in_tag_ = false;
-    tell(delegate, inner.substr(0, length));
-  }
-
-  void start_tag() {
-    if (open_.empty() && root_seen_) fail(parse_error::data_after_root);
-    step();
-    const auto opened = name();
-    open_.push_back(opened);
-    seen_attributes_.clear();
-    tell(parser_.on_element_start, opened);
-    root_seen_ = true;
-  }
-
-  void end_of_tag() {
-    if (!in_tag_) fail_at(position());
-    in_tag_ = false;
-    step();
-  }
-
-  void end_of_empty_element() {
-    step();
-    if (at_end() || current() != '>') fail_at(position());
-    if (open_.empty()) fail(parse_error::mismatched_end_element);
-    tell(parser_.on_element_end, open_.back());
-    in_tag_ = false;
-    open_.pop_back();
-    seen_attributes_.clear();
-    step();
-  }
-
-  /// A value that the end of the text cuts off is delivered before it fails.
-  void attribute() {
-    name_ = name();
-    if (!seen_attributes_.insert(name_)) fail(parse_error::attribute_redefined, name_);
-    white_space();
-    if (at_end() || current() != '=') fail(parse_error::missing_equals, name_);
-    step();
-    white_space();
-    attribute_value(text_);
-    if (parser_.on_attribute) parser_.on_attribute(name_, text_);
-    if (at_end()) fail(parse_error::missing_quote, name_);
-    step();
-  }
-
-  void text() {
-    text_run(text_);
-    if (parser_.on_character) parser_.on_character(text_);
-  }
-
   void tell(const text_delegate& delegate, std::string_view text) {
     if (!delegate) return;
     text_.assign(text);
@@ -140,11 +35,6 @@ class xml_parser::walk : public _private::xml_scanner {
   }
 
   const xml_parser& parser_;
-  _private::name_list& open_;
-  _private::name_set& seen_attributes_;
-  bool in_tag_ = false;
-  bool root_seen_ = false;
-  // Filled anew for each event, so that an event costs no allocation once they have grown.
   ustring8 name_;
   ustring8 text_;
 };
@@ -180,9 +70,10 @@ xml_parser::parse_error xml_parser::parse(iterator first, iterator last) const {
 xml_parser::parse_error xml_parser::do_parse(iterator& it, iterator& end) const {
   line_ = 0;
   const char* const first = std::to_address(it);
-  walk document(*this, first, std::to_address(end));
-  parse_error result = document.document();
-  it += document.position() - first;
+  delegate_events events(*this);
+  _private::xml_walk walk(first, std::to_address(end), line_, open_elements_, seen_attributes_, events);
+  parse_error result = walk.document();
+  it += walk.position() - first;
   return result;
 }
 
@@ -193,7 +84,10 @@ xml_parser::ustring8 xml_parser::parse_name(iterator& it, iterator& end) const {
 }
 
 xml_parser::ustring8 xml_parser::parse_attrib_value(iterator& it, iterator& end) const {
-  return take(it, end, line_, [](auto& scanner, ustring8& taken) { scanner.attribute_value(taken); });
+  return take(it, end, line_, [](auto& scanner, ustring8& taken) {
+    ustring8 expanded;
+    taken = scanner.attribute_value(expanded);
+  });
 }
 
 xml_parser::ustring8 xml_parser::parse_character(iterator& it, iterator& end) const {

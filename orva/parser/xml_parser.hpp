@@ -149,7 +149,7 @@ class ORVA_API xml_parser {
   bool is_white_space(const iterator& it) const;
 
  private:
-  class walk;
+  class delegate_events;
 
   mutable _private::name_list open_elements_;
   mutable _private::name_set seen_attributes_;

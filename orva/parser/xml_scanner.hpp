@@ -8,6 +8,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <string_view>
 #include <utility>
 
@@ -35,6 +36,7 @@ class xml_scanner {
 
   std::string_view white_space() {
     const char* at = at_;
+    if (at == end_ || !is_white_space(*at)) return {};
     types::uint32 feeds = 0;
     for (; at != end_ && is_white_space(*at); ++at) feeds += *at == '\n' ? 1 : 0;
     line_ += feeds;
@@ -49,25 +51,33 @@ class xml_scanner {
     return between(std::exchange(at_, at), at);
   }
 
+  // What entities are expanded in is put together in `expanded`; what has none is shown where it stands.
+
   /// From the opening quote to the closing one, or to the end of the text.
-  void attribute_value(ustring8& value) {
+  std::string_view attribute_value(ustring8& expanded) {
     if (at_end() || !is_quote(*at_)) fail(parse_error::missing_quote);
     const char quote = *at_++;
-    value.assign(plain_value(quote));
+    const std::string_view plain = plain_value(quote);
+    if (at_end() || *at_ == quote) return plain;
+    expanded.assign(plain);
     while (!at_end() && *at_ != quote) {
       if (*at_ == '<') fail_at(at_);
-      value.push_back(character());
-      value.append(plain_value(quote));
+      expanded.push_back(character());
+      expanded.append(plain_value(quote));
     }
+    return expanded;
   }
 
   /// A run of text: up to the next tag, or to the first of two white-space characters in a row.
-  void text_run(ustring8& text) {
-    text.assign(plain_text());
+  std::string_view text_run(ustring8& expanded) {
+    const std::string_view plain = plain_text();
+    if (at_end() || *at_ != '&') return plain;
+    expanded.assign(plain);
     while (!at_end() && *at_ == '&') {
-      text.push_back(character());
-      text.append(plain_text());
+      expanded.push_back(character());
+      expanded.append(plain_text());
     }
+    return expanded;
   }
 
   /// The byte that an entity or a character reference stands for.
@@ -92,7 +102,10 @@ class xml_scanner {
   char current() const noexcept { return *at_; }
   void step(std::size_t count = 1) noexcept { at_ += count; }
   std::string_view rest() const noexcept { return between(at_, end_); }
-  bool starts_with(std::string_view opener) const noexcept { return rest().starts_with(opener); }
+  /// With a literal the comparison is one of constants.
+  bool starts_with(std::string_view opener) const noexcept {
+    return remaining(at_) >= opener.size() && std::memcmp(at_, opener.data(), opener.size()) == 0;
+  }
 
  private:
   static std::string_view between(const char* first, const char* last) noexcept {
@@ -127,7 +140,8 @@ class xml_scanner {
     const char* at = at_;
     for (; remaining(at) >= byte_block::size; at += byte_block::size) {
       const byte_block block(at);
-      if (block.holds(quote) || block.holds('<') || block.holds('&')) break;
+      const auto ends = block.of(quote) | block.of('<') | block.of('&');
+      if (!ends.empty()) return between(std::exchange(at_, at + ends.first()), at + ends.first());
     }
     while (at != end_ && (!is(may_end_value, *at) || (*at != quote && is_quote(*at)))) ++at;
     return between(std::exchange(at_, at), at);
@@ -139,7 +153,10 @@ class xml_scanner {
     // The last byte of a block is looked at again as the first of the next: a pair may lie across both.
     for (; remaining(at) >= byte_block::size; at += byte_block::size - 1) {
       const byte_block block(at);
-      if (block.holds('<') || block.holds('&') || block.holds_two_blanks_in_a_row()) break;
+      const auto ends = block.of('<') | block.of('&') | block.of_two_blanks_in_a_row();
+      if (ends.empty()) continue;
+      at += ends.first();
+      break;
     }
     while (at != end_ && (!is(may_end_text, *at) || is_lone_white_space(at))) ++at;
     return between(std::exchange(at_, at), at);

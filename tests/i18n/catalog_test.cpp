@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -195,6 +196,65 @@ TEST(catalog, assignment_leaves_the_count_of_pointers_alone) {
     EXPECT_TRUE(held->is_created_dynamic());
   }
   EXPECT_EQ(held->size(), 2u);
+}
+
+/// Names for which a hash table by the standard hash has few places.
+std::vector<ustring8> crowding_names(std::size_t count) {
+  std::vector<ustring8> names;
+  for (int i = 0; names.size() < count; ++i) {
+    const ustring8 name = "name_" + std::to_string(i);
+    if (std::hash<ustring8>()(name) % 4096 == 0) names.push_back(name);
+  }
+  return names;
+}
+
+void expect_to_find_all(const catalog_t& catalog, const std::vector<ustring8>& names) {
+  for (const ustring8& name : names) {
+    ASSERT_TRUE(catalog.has_message(name)) << name;
+    ASSERT_EQ(catalog.message(name).name(), name);
+  }
+}
+
+TEST(catalog, finds_messages_whose_names_crowd_one_place) {
+  const auto names = crowding_names(60);
+  catalog_t catalog;
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    catalog.message(names[i], message_of(names[i], "text", "de"));
+    expect_to_find_all(catalog, {names.begin(), names.begin() + static_cast<std::ptrdiff_t>(i) + 1});
+    for (std::size_t later = i + 1; later < names.size(); ++later) {
+      ASSERT_FALSE(catalog.has_message(names[later]));
+    }
+  }
+}
+
+TEST(catalog, finds_each_of_many_messages_also_in_copies) {
+  std::vector<ustring8> names;
+  catalog_t catalog;
+  for (int i = 0; i < 5000; ++i) {
+    names.push_back("settings.page.item_" + std::to_string(i * 7919 % 5000));
+    catalog.message(names.back(), message_of(names.back(), "text", "de"));
+  }
+  expect_to_find_all(catalog, names);
+  EXPECT_FALSE(catalog.has_message("settings.page.item_"));
+
+  catalog_t copy(catalog);
+  catalog_t assigned = bilingual();
+  assigned = catalog;
+  const catalog_t made("app", {}, {catalog.begin(), catalog.end()});
+  catalog = nil;
+  EXPECT_FALSE(catalog.has_message(names.front()));
+  for (const catalog_t* each : std::initializer_list<const catalog_t*>{&copy, &assigned, &made}) {
+    expect_to_find_all(*each, names);
+  }
+  EXPECT_FALSE(assigned.has_message("yes"));
+}
+
+TEST(catalog, replaced_message_is_found_in_its_new_form) {
+  catalog_t catalog = bilingual();
+  const message_t& stored = catalog.message("yes", message_of("yes", "oui", "fr"));
+  EXPECT_EQ(&catalog.message("yes"), &stored);
+  EXPECT_EQ(catalog.message("yes").as_utf8(), "oui");
+  EXPECT_EQ(catalog.size(), 2u);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -9,21 +10,33 @@ namespace {
 
 using ORVA_2_18::parser::_private::byte_block;
 
-bool plainly_two_blanks(const std::string& bytes) {
+/// The length of the text if there are none.
+std::size_t plainly_two_blanks(const std::string& bytes) {
   for (std::size_t i = 1; i < bytes.size(); ++i) {
     const auto before = static_cast<unsigned char>(bytes[i - 1]);
     const auto here = static_cast<unsigned char>(bytes[i]);
-    if (before <= ' ' && here <= ' ') return true;
+    if (before <= ' ' && here <= ' ') return i - 1;
   }
-  return false;
+  return bytes.size();
+}
+
+std::size_t plainly_first(const std::string& bytes, char wanted) {
+  return std::min(bytes.find(wanted), bytes.size());
 }
 
 void expect_as_plainly(const std::string& bytes, const std::string& wanted) {
   const byte_block block(bytes.data());
+  const auto tags = block.of('<');
+  const std::size_t first_tag = plainly_first(bytes, '<');
   for (const char c : wanted) {
-    ASSERT_EQ(block.holds(c), bytes.find(c) != bytes.npos) << testing::PrintToString(bytes) << " " << int{c};
+    const auto places = block.of(c);
+    const std::size_t first = plainly_first(bytes, c);
+    const bool right = places.first() == first && places.empty() == (first == bytes.size()) &&
+                       (places | tags).first() == std::min(first, first_tag);
+    ASSERT_TRUE(right) << testing::PrintToString(bytes) << " " << int{c};
   }
-  ASSERT_EQ(block.holds_two_blanks_in_a_row(), plainly_two_blanks(bytes)) << testing::PrintToString(bytes);
+  ASSERT_EQ(block.of_two_blanks_in_a_row().first(), plainly_two_blanks(bytes))
+      << testing::PrintToString(bytes);
 }
 
 std::string every_byte() {

@@ -33,17 +33,6 @@ TEST(name_list, pop_of_an_empty_list_does_nothing) {
   EXPECT_TRUE(names.empty());
 }
 
-TEST(name_list, names_taken_off_are_not_contained) {
-  name_list names;
-  names.push_back("a");
-  names.push_back("b");
-  names.pop_back();
-  EXPECT_TRUE(names.contains("a"));
-  EXPECT_FALSE(names.contains("b"));
-  names.clear();
-  EXPECT_FALSE(names.contains("a"));
-}
-
 TEST(name_set, name_is_new_once_until_the_set_is_cleared) {
   name_set names;
   for (int round = 0; round < 2; ++round) {
