@@ -11,6 +11,7 @@
 /// Two arguments cannot be compared with each other.
 #pragma once
 
+#include <string_view>
 #include <utility>
 
 #include "orva/strings/ustring.hpp"
@@ -26,7 +27,7 @@ class argument {
   argument(const types::nil_t&) {}
   /// A positional argument.
   argument(types::variant value) : value_(std::move(value)) {}
-  argument(strings::ustring8 name, types::variant value) : name_(std::move(name)), value_(std::move(value)) {}
+  argument(std::string_view name, types::variant value) : name_(name), value_(std::move(value)) {}
 
   bool has_name() const noexcept { return !name_.empty(); }
 

@@ -45,20 +45,24 @@ varg_list::varg_list(const argument& a1, const argument& a2, const argument& a3,
   std::for_each(std::begin(given), end, [this](const argument* each) { push_back(*each); });
 }
 
-/// Makes an argument of that name from its parts, at the end of the list.
-template <typename... Parts>
-bool varg_list::add(const strings::ustring8& name, Parts&&... parts) {
+/// False: the name is taken.
+bool varg_list::has_room_for(std::string_view name) {
   if (!name.empty() && has_argument(name)) return false;
   if (size() == std::numeric_limits<types::uint32>::max()) throw std::length_error("vector<T> too long");
   if (arguments_.capacity() == 0) arguments_.reserve(usual_size);
-  arguments_.emplace_back(std::forward<Parts>(parts)...);
   return true;
 }
 
-bool varg_list::push_back(argument added) { return add(added.name(), std::move(added)); }
+bool varg_list::push_back(argument added) {
+  if (!has_room_for(added.name())) return false;
+  arguments_.push_back(std::move(added));
+  return true;
+}
 
-bool varg_list::push_back(strings::ustring8 name, types::variant value) {
-  return add(name, std::move(name), std::move(value));
+bool varg_list::push_back(std::string_view name, types::variant value) {
+  if (!has_room_for(name)) return false;
+  arguments_.emplace_back(name, std::move(value));
+  return true;
 }
 
 bool varg_list::has_argument(std::string_view name) const {

@@ -61,7 +61,7 @@ class ORVA_API varg_list {
 
   /// Adds at the end, a nil argument like any other. False, and nothing is changed, when the name is taken.
   bool push_back(argument added);
-  bool push_back(strings::ustring8 name, types::variant value);
+  bool push_back(std::string_view name, types::variant value);
 
   bool has_argument(std::string_view name) const;
   /// The first argument of that name, or `end()`.
@@ -108,8 +108,7 @@ class ORVA_API varg_list {
   void erase(std::size_t position);
 
  private:
-  template <typename... Parts>
-  bool add(const strings::ustring8& name, Parts&&... parts);
+  bool has_room_for(std::string_view name);
 
   std::vector<argument> arguments_;
 };

@@ -1,8 +1,10 @@
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
+#include <iterator>
 #include <limits>
 #include <string>
 #include <string_view>
@@ -22,13 +24,49 @@ using limits = std::numeric_limits<double>;
 constexpr int most_decimals = limits::digits - limits::min_exponent;
 static_assert(most_decimals == 1074);
 
+/// A value with up to three decimals, reckoned in integers: with its 53 bits times 1000 a value still fits into 64, and
+/// what stands behind the last decimal can be held against a half exactly. That is what measures and durations are as
+/// a rule. Null, and nothing is written: the value is too small or too large, or no number.
+char* write_exactly(double value, int precision, char* at) {
+  static constexpr std::uint64_t powers[] = {1, 10, 100, 1000};
+  constexpr double smallest = 0x1p-11;
+  constexpr double bound = 0x1p52;
+  const double magnitude = std::abs(value);
+  if (precision >= static_cast<int>(std::size(powers)) || !(magnitude >= smallest && magnitude < bound))
+    return nullptr;
+
+  int exponent = 0;
+  const double fraction = std::frexp(magnitude, &exponent);
+  const auto bits = static_cast<std::uint64_t>(std::ldexp(fraction, limits::digits));
+  const int shift = limits::digits - exponent;
+  const std::uint64_t power = powers[precision];
+  const std::uint64_t scaled = bits * power;
+  const std::uint64_t half = std::uint64_t{1} << (shift - 1);
+  const std::uint64_t rest = scaled & (2 * half - 1);
+  std::uint64_t digits = scaled >> shift;
+  // A half goes to the even neighbour.
+  if (rest > half || (rest == half && digits % 2 != 0)) ++digits;
+
+  if (std::signbit(value)) *at++ = '-';
+  at = std::to_chars(at, at + std::numeric_limits<std::uint64_t>::digits10 + 1, digits / power).ptr;
+  if (precision == 0) return at;
+  *at = '.';
+  std::uint64_t decimals = digits % power;
+  for (char* digit = at + precision; digit != at; --digit, decimals /= 10) {
+    *digit = static_cast<char>('0' + decimals % 10);
+  }
+  return at + precision + 1;
+}
+
 /// The digits of one value, with room for the longest.
 class number_text {
  public:
   number_text(double value, std::chars_format form, int precision) {
-    const auto result =
-        std::to_chars(text_, text_ + most_digits, value, form, std::min(precision, most_decimals));
-    size_ = static_cast<std::size_t>(result.ptr - text_);
+    char* end = form == std::chars_format::fixed ? write_exactly(value, precision, text_) : nullptr;
+    if (end == nullptr) {
+      end = std::to_chars(text_, text_ + most_digits, value, form, std::min(precision, most_decimals)).ptr;
+    }
+    size_ = static_cast<std::size_t>(end - text_);
     if (form == std::chars_format::scientific) widen_exponent();
     localise();
   }

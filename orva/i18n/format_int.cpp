@@ -1,6 +1,8 @@
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
 
@@ -115,9 +117,22 @@ void append_in_groups_of_three(std::string& text, std::string_view digits) {
   }
 }
 
+/// What most placeholders ask for. The digits are made where they are shown: reading them again at once would wait for
+/// them to be written.
+void append_plain(std::string& text, std::int64_t value) {
+  const std::size_t begin = text.size();
+  text.resize(begin + std::numeric_limits<std::int64_t>::digits10 + 2);
+  const auto digits = std::to_chars(text.data() + begin, text.data() + text.size(), value);
+  text.resize(static_cast<std::size_t>(digits.ptr - text.data()));
+}
+
 }  // namespace
 
 bool append_int(std::string& text, std::int64_t value, std::string_view attrs) {
+  if (attrs.empty()) {
+    append_plain(text, value);
+    return true;
+  }
   int_attributes attributes;
   if (!read_attributes(attrs, attributes)) return false;
   const number_base& base = *attributes.base;

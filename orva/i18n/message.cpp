@@ -9,6 +9,7 @@
 #include "orva/i18n/formatters.hpp"
 #include "orva/platform/debug_output.hpp"
 #include "orva/strings/unicode.hpp"
+#include "orva/types/stored_text.hpp"
 
 namespace ORVA_2_18::i18n {
 
@@ -37,12 +38,22 @@ struct placeholder {
   }
 };
 
+/// Adds what `as_string` gives.
+void append_text(std::string& text, const types::variant& value) {
+  const ustring8* const stored = types::_private::stored_text(value);
+  if (stored != nullptr) {
+    text += *stored;
+  } else {
+    text += value.as_string();
+  }
+}
+
 /// False: the value cannot be shown.
 bool append_value(std::string& text, message_item::type_t type, const types::variant& value,
                   std::string_view attributes) {
   switch (type) {
     case message_item::string:
-      text += value.as_string();
+      append_text(text, value);
       return true;
     case message_item::integer:
       return _private::append_int(text, value.as_int64(), attributes);

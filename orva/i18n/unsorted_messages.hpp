@@ -35,8 +35,13 @@ class unsorted_messages {
   std::vector<node*> sorted() {
     std::vector<place> places;
     places.reserve(names_.size());
-    for (const std::string_view name : names_) places.emplace_back(name, beginning_.size(), places.size());
-    std::stable_sort(places.begin(), places.end());
+    for (const std::string_view name : names_) {
+      places.push_back({first_bytes(name.substr(beginning_.size())), places.size()});
+    }
+    std::stable_sort(places.begin(), places.end(), [this](const place& left, const place& right) {
+      if (left.first_bytes != right.first_bytes) return left.first_bytes < right.first_bytes;
+      return names_[left.index] < names_[right.index];
+    });
     std::vector<node*> result;
     result.reserve(places.size());
     for (const place& each : places) result.push_back(&nodes_[each.index]);
@@ -46,21 +51,17 @@ class unsorted_messages {
  private:
   /// The names of a catalog begin alike as a rule. The bytes behind that, as a number, decide most comparisons.
   struct place {
-    std::uint64_t first_bytes = 0;
+    std::uint64_t first_bytes;
     std::size_t index;
-    std::string_view rest;
-
-    place(std::string_view name, std::size_t beginning, std::size_t position)
-        : index(position), rest(name.substr(beginning)) {
-      for (std::size_t i = 0; i < sizeof first_bytes; ++i) {
-        first_bytes = first_bytes << 8 | (i < rest.size() ? static_cast<unsigned char>(rest[i]) : 0u);
-      }
-    }
-
-    bool operator<(const place& other) const {
-      return first_bytes != other.first_bytes ? first_bytes < other.first_bytes : rest < other.rest;
-    }
   };
+
+  static std::uint64_t first_bytes(std::string_view text) {
+    std::uint64_t number = 0;
+    for (std::size_t i = 0; i < sizeof number; ++i) {
+      number = number << 8 | (i < text.size() ? static_cast<unsigned char>(text[i]) : 0u);
+    }
+    return number;
+  }
 
   static std::string_view common_beginning(std::string_view one, std::string_view other) {
     if (other.starts_with(one)) return one;

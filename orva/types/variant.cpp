@@ -3,6 +3,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "orva/types/stored_text.hpp"
 #include "orva/types/variant_value.hpp"
 
 namespace ORVA_2_18::types {
@@ -23,12 +24,21 @@ variant_type* make_text(const Unit* text) {
 }
 
 /// All payloads are made in this file: the address of the type tells it, without a look at its name.
-bool holds_nil(const variant_type& payload) noexcept { return &payload.type() == &typeid(nil_t); }
+template <typename T>
+bool holds(const variant_type& payload) noexcept {
+  return &payload.type() == &typeid(T);
+}
+
+/// The value of a payload that holds a T. Null: it holds another type.
+template <typename T>
+const auto* value_of(const variant_type& payload) noexcept {
+  return holds<T>(payload) ? &static_cast<const variant_value_t<T>&>(payload).value() : nullptr;
+}
 
 /// The payload of nil would answer "0", as its numbers do; as text there is nothing to show.
 template <typename Text>
 Text text_of(const variant_type& payload, Text (variant_type::*read)() const) {
-  return holds_nil(payload) ? Text() : (payload.*read)();
+  return holds<nil_t>(payload) ? Text() : (payload.*read)();
 }
 
 }  // namespace
@@ -66,9 +76,15 @@ const variant_type& variant::moved_from() noexcept {
   return nothing;
 }
 
+const strings::ustring8* _private::stored_text(const variant& value) noexcept {
+  const variant_type& payload = value.payload();
+  const strings::ustring8* const text = value_of<strings::ustring8>(payload);
+  return text != nullptr ? text : value_of<std::string>(payload);
+}
+
 std::ostream& operator<<(std::ostream& stream, const variant& value) { return value.ostream(stream); }
 
-bool variant::equal(const nil_t&) const noexcept { return holds_nil(payload()); }
+bool variant::equal(const nil_t&) const noexcept { return holds<nil_t>(payload()); }
 
 strings::ustring8 variant::as_string() const { return text_of(payload(), &variant_type::as_string); }
 strings::wide_string variant::as_wstring() const { return text_of(payload(), &variant_type::as_wstring); }

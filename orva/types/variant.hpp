@@ -39,6 +39,12 @@
 
 namespace ORVA_2_18::types {
 
+class variant;
+
+namespace _private {
+const strings::ustring8* stored_text(const variant& value) noexcept;
+}
+
 class ORVA_API variant {
  public:
   /// Holds nil.
@@ -171,6 +177,8 @@ class ORVA_API variant {
   strings::ustring32 as_utf32() const;
 
  private:
+  friend const strings::ustring8* _private::stored_text(const variant& value) noexcept;
+
   explicit variant(variant_type* payload) noexcept : payload_(payload, memory::pointers::just_made) {}
 
   /// A variant that was moved from has no payload and reads as nil.

@@ -49,6 +49,8 @@ class variant_value_t final : public variant_type {
   template <typename Source>
   explicit variant_value_t(Source&& source) : value_(std::forward<Source>(source)) {}
 
+  const stored& value() const noexcept { return value_; }
+
   bool is_valid() const override { return true; }
   const std::type_info& type() const override { return typeid(T); }
   variant_value_t* clone() const override {

@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cmath>
 #include <cstdint>
 #include <initializer_list>
 #include <limits>
@@ -199,6 +200,20 @@ TEST(format_double, random_values_are_printed_as_the_c_runtime_does) {
     const auto fieldsize = static_cast<int>(random() % 40) - 10;
     ASSERT_NO_FATAL_FAILURE(expect_as_reference(everyday(random), precision, fieldsize));
     ASSERT_NO_FATAL_FAILURE(expect_as_reference(std::bit_cast<double>(random()), precision, fieldsize));
+  }
+}
+
+/// Few decimals of values that are neither small nor large are reckoned in integers.
+TEST(format_double, values_around_the_borders_of_integer_reckoning_are_printed_as_the_c_runtime_does) {
+  for (int exponent = -14; exponent <= 54; ++exponent) {
+    const double power = std::ldexp(1.0, exponent);
+    for (const double value : {power, std::nextafter(power, 0.0), std::nextafter(power, 1e300), power * 1.5,
+                               power * 1.0625, power - 0.5, power - 0.25, power - 0.0625}) {
+      for (int precision = 0; precision <= 4; ++precision) {
+        ASSERT_NO_FATAL_FAILURE(expect_as_reference(value, precision, 0));
+        ASSERT_NO_FATAL_FAILURE(expect_as_reference(-value, precision, 12));
+      }
+    }
   }
 }
 
