@@ -51,6 +51,13 @@ int main() {
   strings::check_BOM_and_modify_swap(foreign);
   std::cout << strings::utf16_to_utf8(strings::remove_BOM(foreign)) << '\n';
 
+  // A legacy file, in and out. What the encoding lacks becomes the nearest that it has.
+  const strings::code_page cyrillic(strings::code_page::cp_1251);
+  const std::string bytes("\xCF\xF0\xE8\xE2\xE5\xF2");
+  std::cout << cyrillic.as_utf8(bytes) << '\n' << (cyrillic.encode(cyrillic.as_utf8(bytes)) == bytes) << '\n';
+  std::cout << strings::code_page(strings::code_page::cp_1252).encode("\xC4\x80 \xE2\x88\x9E \xD0\x96")
+            << '\n';
+
   // Wide text crosses by name, and any width meets a text_argument.
   greet("bytes");
   greet(strings::from_wchar(L"wide"));
