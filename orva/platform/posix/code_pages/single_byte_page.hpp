@@ -16,7 +16,7 @@ struct single_byte_page {
   int number;
   /// The bytes of 256 units each, shared by all pages: most of what they lack or replace is the same.
   const unsigned char* blocks;
-  /// Where in `blocks` that of a unit begins, by the unit's high byte.
+  /// Where in `blocks` the block of a unit begins, by the unit's high byte.
   std::uint16_t block_of[256];
   /// The unit of a byte.
   strings::code_unit16 units[256];
@@ -24,8 +24,6 @@ struct single_byte_page {
   /// Whether a unit is always one byte, and a byte one unit.
   static constexpr bool one_to_one = true;
   static constexpr std::size_t most_bytes_of_unit = 1;
-
-  strings::code_unit16 unit_of(char byte) const { return units[static_cast<unsigned char>(byte)]; }
 };
 
 /// Converts eight units. Wide ones are stored by fours, as machines load faster than they store; bytes take longer to
@@ -72,7 +70,7 @@ inline char* encode(const single_byte_page& page, std::basic_string_view<strings
 inline strings::code_unit16* decode(const single_byte_page& page, std::string_view bytes,
                                     strings::code_unit16* to) {
   return convert_each(bytes, to,
-                      [units = page.units](char byte) { return units[static_cast<unsigned char>(byte)]; });
+                      [units = page.units](char byte) { return units[strings::_private::value_of(byte)]; });
 }
 
 }  // namespace ORVA_2_18::platform
