@@ -10,6 +10,7 @@
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/serialization/floating_text.hpp"
 #include "orva/serialization/text_items.hpp"
 #include "orva/types/radix.hpp"
 
@@ -82,10 +83,14 @@ void serialize_text_buf::append_floating(Floating value, types::uint32 precision
   if (std::locale() != std::locale::classic()) return append(written_by_stream(value, precision) + separator);
   // Up to the digits there are a sign, a point, and zeros behind it or an exponent.
   std::array<char, most_digits + 32> units;
-  const auto written = std::to_chars(units.data(), units.data() + units.size() - 1, value,
-                                     std::chars_format::general, static_cast<int>(precision));
-  *written.ptr = separator;
-  append({units.data(), static_cast<std::size_t>(written.ptr - units.data()) + 1});
+  char* end = _private::write_everyday_value(value, precision, units.data());
+  if (end == nullptr) {
+    end = std::to_chars(units.data(), units.data() + units.size() - 1, value, std::chars_format::general,
+                        static_cast<int>(precision))
+              .ptr;
+  }
+  *end++ = separator;
+  append({units.data(), static_cast<std::size_t>(end - units.data())});
 }
 
 void serialize_text_buf::append_float(const float& value, const types::uint32& precision) {
