@@ -1,5 +1,6 @@
 #include "orva/serialization/stored_buffer.hpp"
 
+#include <algorithm>
 #include <stdexcept>
 
 namespace ORVA_2_18::serialization {
@@ -36,17 +37,14 @@ void stored_buffer::append_growing(std::string_view bytes) {
 }
 
 void stored_buffer::append_growing(std::string_view head, const std::string& bytes, std::string_view tail) {
-  const std::size_t before = data_.size();
   const std::size_t length = bytes.size();
-  require_room(head.size() + length + tail.size());
-  try {
-    data_.append(head);
-    data_.append(bytes, 0, length);
-    data_.append(tail);
-  } catch (...) {
-    data_.resize(before);
-    throw;
-  }
+  const std::size_t more = head.size() + length + tail.size();
+  require_room(more);
+  // Behind this nothing can fail. Doubling, as the string grows by itself.
+  data_.reserve(std::max(data_.size() + more, std::min(2 * data_.capacity(), data_.max_size())));
+  data_.append(head);
+  data_.append(bytes, 0, length);
+  data_.append(tail);
 }
 
 }  // namespace ORVA_2_18::serialization

@@ -5,7 +5,6 @@
 /// reader which ran out of data: no position of the data is ever the mark.
 #pragma once
 
-#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
