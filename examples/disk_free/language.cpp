@@ -1,19 +1,6 @@
 #include "language.hpp"
 
-#include <algorithm>
-#include <cstdlib>
-
 namespace disk_free {
-
-std::string language_of_environment() {
-  std::string locale;
-  for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
-    const char* const value = std::getenv(name);
-    if (locale.empty() && value != nullptr) locale = value;
-  }
-  locale.erase(std::min(locale.find_first_of(".@"), locale.size()));
-  return locale.empty() || locale == "C" || locale == "POSIX" ? "en" : locale;
-}
 
 bool speaks(const orva::i18n::message_catalogs& catalogs, const char* catalog, const std::string& language) {
   for (std::string tag = language; !tag.empty();) {

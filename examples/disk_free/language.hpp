@@ -1,4 +1,4 @@
-/// Which language the user wants, and whether the catalogs have it.
+/// Whether the catalogs have the language that the user wants.
 #pragma once
 
 #include <string>
@@ -6,13 +6,6 @@
 #include "orva/orva.hpp"
 
 namespace disk_free {
-
-/// The language of the environment: the first of LC_ALL, LC_MESSAGES and LANG that is not empty, without encoding and
-/// modifier.
-///
-///     LANG=de_AT.UTF-8  =>  "de_AT"
-///     LANG=C, or none   =>  "en"
-std::string language_of_environment();
 
 /// Whether the catalog has messages in `language` or in a language that it is a variant of: "de" serves "de_CH".
 ///

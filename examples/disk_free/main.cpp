@@ -1,18 +1,22 @@
 // disk_free: tells how much is free on each file system, in the language of its user.
 //
-//     disk_free [--messages DIRECTORY] [--sizes FILE] [LANGUAGE]
+//     disk_free [-language TAG] [-path=PATH,...] [-form=short] [-messages=DIRECTORY] [-sizes=FILE] [-cfg_file=FILE] [-dump]
 //
 // See README.md beside this file.
 
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdlib>
 #include <exception>
 #include <iostream>
-#include <optional>
 #include <string>
+#include <vector>
 
 #include "language.hpp"
 #include "machine.hpp"
 #include "orva/orva.hpp"
+#include "settings.hpp"
 
 using orva::generic::varg_list;
 using orva::i18n::message_catalogs;
@@ -20,31 +24,6 @@ using orva::i18n::message_catalogs;
 namespace {
 
 constexpr char catalog[] = "disk_free";
-
-struct options {
-  std::string messages;
-  std::optional<std::string> sizes;
-  std::optional<std::string> language;
-};
-
-/// False if the command line is none that the program knows.
-bool read_options(int argc, char** argv, options& result) {
-  for (int i = 1; i < argc; ++i) {
-    const std::string word = argv[i];
-    const bool takes_value = word == "--messages" || word == "--sizes";
-    if (takes_value && ++i == argc) return false;
-    if (word == "--messages") {
-      result.messages = argv[i];
-    } else if (word == "--sizes") {
-      result.sizes = argv[i];
-    } else if (word.starts_with('-') || result.language) {
-      return false;
-    } else {
-      result.language = word;
-    }
-  }
-  return true;
-}
 
 class report {
  public:
@@ -55,10 +34,10 @@ class report {
     return catalogs_.message(catalog, name).as_utf8(args);
   }
 
-  void print(const disk_free::machine& machine) const {
-    print_title(machine.seconds_up);
+  void print(const disk_free::machine& machine, bool is_short) const {
+    if (!is_short) print_title(machine.seconds_up);
     for (const auto& file_system : machine.file_systems) print(file_system);
-    print_summary(machine);
+    if (!is_short) print_summary(machine);
   }
 
  private:
@@ -112,16 +91,24 @@ int fail(const std::string& text) {
   return EXIT_FAILURE;
 }
 
-int run(const options& options) {
-  // A language on the command line must be there; one of the environment may fall back to English.
-  const std::string language = options.language.value_or(disk_free::language_of_environment());
+/// Leaves the file systems that are wanted; all if none is named.
+void keep(disk_free::machine& machine, const std::vector<std::string>& paths) {
+  if (paths.empty()) return;
+  std::erase_if(machine.file_systems, [&](const disk_free::file_system& each) {
+    return std::find(paths.begin(), paths.end(), each.path) == paths.end();
+  });
+}
+
+int run(const disk_free::settings& settings) {
+  // A language that is asked for must be there; one of the environment may fall back to English.
+  const std::string language = settings.language();
   message_catalogs catalogs;
-  const auto loaded = catalogs.load(options.messages, language);
+  const auto loaded = catalogs.load(settings.messages(), language);
   if (loaded != message_catalogs::no_error) return fail(loaded.message());
 
   const report report(catalogs);
   varg_list args;
-  if (options.language && !disk_free::speaks(catalogs, catalog, language)) {
+  if (settings.asks_for_language() && !disk_free::speaks(catalogs, catalog, language)) {
     args.push_back("language", language);
     args.push_back("known", known_languages(catalogs));
     return fail(report.text("unknown_language", args));
@@ -129,15 +116,17 @@ int run(const options& options) {
 
   disk_free::machine machine;
   int bad_line = 0;
-  if (!options.sizes) {
+  const std::string sizes = settings.sizes();
+  if (sizes.empty()) {
     machine = disk_free::this_machine();
-  } else if (!disk_free::read_machine(*options.sizes, machine, bad_line)) {
-    args.push_back("file", *options.sizes);
+  } else if (!disk_free::read_machine(sizes, machine, bad_line)) {
+    args.push_back("file", sizes);
     args.push_back("line", bad_line);
     return fail(report.text(bad_line == 0 ? "cannot_read" : "bad_line", args));
   }
+  keep(machine, settings.paths());
   if (machine.file_systems.empty()) return fail(report.text("no_disks", args));
-  report.print(machine);
+  report.print(machine, settings.is_short());
   return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
 }
 
@@ -145,10 +134,10 @@ int run(const options& options) {
 
 int main(int argc, char** argv) {
   try {
-    options options;
-    options.messages = (disk_free::program_directory() / "messages").string();
-    if (read_options(argc, argv, options)) return run(options);
-    return fail("usage: disk_free [--messages DIRECTORY] [--sizes FILE] [LANGUAGE]");
+    const disk_free::settings settings(argc, argv, environ, disk_free::program_directory());
+    if (!settings.dump()) return run(settings);
+    std::cout << settings.all();
+    return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
   } catch (const orva::exceptions::exception& failure) {
     return fail(failure.message());
   } catch (const std::exception& failure) {

@@ -1,0 +1,67 @@
+#include "settings.hpp"
+
+#include <algorithm>
+#include <utility>
+
+namespace disk_free {
+
+namespace config = orva::config;
+using orva::strings::ustring8;
+using orva::types::variant;
+
+settings::settings(int argc, const char* const* argv, const char* const* environment,
+                   const std::filesystem::path& directory)
+    : directory_(directory.string()) {
+  config_.init(config::std_config_dispatch(argc, argv, environment, directory_ + "/disk_free.cfg", ""));
+  config_.load();
+  make_links();
+  link_language_to_environment();
+}
+
+/// The format has no notation for links, so the keys in the section "links" are made into them.
+void settings::make_links() {
+  std::vector<std::pair<ustring8, variant>> links;
+  config_.get_key_value_array("links", links, false);
+  const auto file = config_.get_config_item("standard file");
+  for (const auto& [key, target] : links) file->set(key, target, config::config_tree::NODE_LINK);
+}
+
+/// The environment tells the language under names of its own. Its LANGUAGE is none of them: it holds a list.
+void settings::link_language_to_environment() {
+  const auto environment = config_.get_config_item("enviroment");
+  environment->set("language", "en", 0);
+  for (const char* const name : {"lang", "lc_messages", "lc_all"}) {
+    const auto* const value = environment->get_value(name);
+    if (value == nullptr || value->second.as_string().empty()) continue;
+    environment->set("language", name, config::config_tree::NODE_LINK);
+  }
+}
+
+std::string settings::language() const {
+  std::string language = text("language", "en");
+  if (asks_for_language()) return language;
+  language.erase(std::min(language.find_first_of(".@"), language.size()));
+  return language.empty() || language == "C" || language == "POSIX" ? "en" : language;
+}
+
+/// The command line or the file, whichever has the key first. The environment has a "path" of its own, which is something else.
+const config::base_config_item* settings::item_with(const char* key) const {
+  for (const char* const id : {"command line", "standard file"}) {
+    const auto item = config_.get_config_item(id);
+    if (item->get_value(key) != nullptr) return item.get();
+  }
+  return nullptr;
+}
+
+std::vector<std::string> settings::paths() const {
+  const config::base_config_item* const item = item_with("path");
+  if (item == nullptr) return {};
+  std::vector<config::base_config_item::value_entry> elements;
+  item->get_array("path", elements);
+  if (elements.empty()) return {item->get_value("path")->second.as_string()};
+  std::vector<std::string> paths;
+  for (const auto& element : elements) paths.push_back(element.second.second.as_string());
+  return paths;
+}
+
+}  // namespace disk_free
