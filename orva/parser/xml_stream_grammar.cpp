@@ -89,7 +89,7 @@ xml_stream_parser::step xml_stream_parser::markup() {
 }
 
 xml_stream_parser::step xml_stream_parser::start_tag() {
-  if (node_queue_.size() > 100 && !queue_size_less_than(2)) return step::paused;
+  if (node_queue_.size() > enough_nodes && !queue_size_less_than(2)) return step::paused;
   ++cursor_;
   const std::string_view name = parse_name();
   if (name.empty()) throw unexpected_character;

@@ -80,9 +80,9 @@ class ORVA_API xml_stream_parser {
     unexpected_character,  ///< a character that the grammar has no place for
     missing_quote,         ///< an attribute value does not start with a quote
     missing_equals = 9,    ///< no = right behind an attribute's name. 8 is no value of its own
-    fatal_error,       ///< a symbolic link, a character reference above 255, or a `recover` without a root
-    cannot_open_file,  ///< the file cannot be opened
-    bad_header,        ///< the file does not start with <?xml
+    fatal_error,           ///< a symbolic link, a reference above 255, no memory, or `recover` without a root
+    cannot_open_file,      ///< the file cannot be opened
+    bad_header,            ///< the file does not start with <?xml
   };
 
   /// One element, or the end of an element of an open level.
@@ -221,6 +221,9 @@ class ORVA_API xml_stream_parser {
 
   enum class step { taken, cut_off, paused };
 
+  /// The queue grows no longer than that once there is something to take; only a single record can make it longer.
+  static constexpr std::size_t enough_nodes = 100;
+
   bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
   std::size_t left() const noexcept { return static_cast<std::size_t>(data_end_ - cursor_); }
   bool window_is_full() const noexcept;
@@ -230,7 +233,9 @@ class ORVA_API xml_stream_parser {
   bool read_header();
   error_type scan_header() noexcept;
   void skip_blanks_from_mark() noexcept;
-  bool enough_to_take() const noexcept { return node_queue_.size() >= 100 && !queue_size_less_than(2); }
+  bool enough_to_take() const noexcept {
+    return node_queue_.size() >= enough_nodes && !queue_size_less_than(2);
+  }
 
   step next_token();
   step markup();

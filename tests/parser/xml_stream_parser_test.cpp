@@ -3,12 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <list>
 #include <string>
 #include <string_view>
-#include <type_traits>
 #include <vector>
 
+#include "tests/support/xml_stream_feed.hpp"
 #include "tests/support/xml_stream_file.hpp"
 #include "tests/support/xml_stream_transcript.hpp"
 
@@ -20,25 +19,8 @@ using orva_test::read_all;
 using orva_test::take_all;
 using orva_test::transcript;
 using orva_test::xml_stream_file;
+using feed = orva_test::xml_stream_feed;
 using error_type = xml_stream_parser::error_type;
-
-constexpr std::string_view header = "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>";
-
-/// A parser and its file, which holds the header and a text.
-struct feed {
-  explicit feed(std::string_view text, unsigned open_depth = 1)
-      : file(std::string(header).append(text)), parser(file.path(), open_depth) {}
-
-  transcript nodes() {
-    transcript seen;
-    parser.parse();
-    take_all(parser, seen);
-    return seen;
-  }
-
-  xml_stream_file file;
-  xml_stream_parser parser;
-};
 
 TEST(xml_stream_parser, open_level_is_told_at_its_start_and_its_end_and_records_once_closed) {
   xml_stream_file file("<?xml?><r><a x=\"1\"><b>t</b></a><a/></r>            ");
@@ -254,6 +236,22 @@ TEST(xml_stream_parser, root_closed_by_a_slash_ends_with_an_end_tag_of_its_own) 
   EXPECT_EQ(closed.parser.error(), xml_stream_parser::end_of_document);
 }
 
+TEST(xml_stream_parser, errors_have_the_numbers_that_programs_store) {
+  const std::vector<int> numbers{xml_stream_parser::no_error,
+                                 xml_stream_parser::incomplete,
+                                 xml_stream_parser::not_synchronized,
+                                 xml_stream_parser::end_of_document,
+                                 xml_stream_parser::mismatched_tag,
+                                 xml_stream_parser::duplicate_attribute,
+                                 xml_stream_parser::unexpected_character,
+                                 xml_stream_parser::missing_quote,
+                                 xml_stream_parser::missing_equals,
+                                 xml_stream_parser::fatal_error,
+                                 xml_stream_parser::cannot_open_file,
+                                 xml_stream_parser::bad_header};
+  EXPECT_EQ(numbers, (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 9, 10, 11, 12}));
+}
+
 // Lines.
 
 TEST(xml_stream_parser, lines_count_between_tokens_within_tags_and_in_comments) {
@@ -343,236 +341,6 @@ TEST(xml_stream_parser, file_of_blanks_is_a_bad_header) {
   xml_stream_file file(std::string(100, ' '));
   xml_stream_parser parser(file.path(), 1);
   EXPECT_EQ(parser.parse(), xml_stream_parser::bad_header);
-}
-
-// The queue.
-
-TEST(xml_stream_parser, front_and_pop_of_an_empty_queue_throw) {
-  feed empty("<r><a>");
-  EXPECT_THROW(empty.parser.node_queue_front(), xml_stream_parser::EmptyNodeQueue);
-  try {
-    empty.parser.node_queue_pop();
-    FAIL();
-  } catch (const std::exception& thrown) {
-    EXPECT_STREQ(thrown.what(), "empty node queue");
-  }
-  static_assert(std::is_same_v<ORVA_2_18::parser::EmptyNodeQueue, xml_stream_parser::EmptyNodeQueue>);
-}
-
-TEST(xml_stream_parser, front_that_is_still_open_throws_and_stays) {
-  feed open("<r><a>");
-  open.parser.parse();
-  open.parser.node_queue_pop();
-  EXPECT_TRUE(open.parser.node_queue_empty());
-  EXPECT_EQ(open.parser.node_queue_size(), 0u);
-  EXPECT_THROW(open.parser.node_queue_front(), xml_stream_parser::EmptyNodeQueue);
-  open.file.append("<b/></a></r>");
-  open.parser.parse();
-  EXPECT_EQ(open.parser.node_queue_pop().tag(), "a");
-}
-
-TEST(xml_stream_parser, pop_of_a_node_that_is_still_open_throws_and_loses_it) {
-  feed open("<r><a>");
-  open.parser.parse();
-  open.parser.node_queue_pop();
-  EXPECT_THROW(open.parser.node_queue_pop(), xml_stream_parser::EmptyNodeQueue);
-  open.file.append("text<b/></a></r>");
-  EXPECT_EQ(open.nodes(), (transcript{"b #3<2 status 0 line 1", "r #1<0 status 3 line 1"}));
-}
-
-TEST(xml_stream_parser, front_is_what_pop_takes) {
-  feed nodes("<r><a/></r>");
-  nodes.parser.parse();
-  const auto& front = nodes.parser.node_queue_front();
-  EXPECT_EQ(&front, &nodes.parser.node_queue_front());
-  const auto described = describe_node(front);
-  EXPECT_EQ(describe_node(nodes.parser.node_queue_pop()), described);
-}
-
-TEST(xml_stream_parser, popped_node_is_a_value_that_outlives_the_parser) {
-  xml_stream_parser::node copy;
-  EXPECT_EQ(copy.status(), xml_stream_parser::incomplete);
-  EXPECT_FALSE(copy.available());
-  {
-    feed nodes("<r><a x='1'>t</a></r>");
-    nodes.parser.parse();
-    nodes.parser.node_queue_pop();
-    const auto node = nodes.parser.node_queue_pop();
-    copy = node;
-  }
-  EXPECT_EQ(describe_node(copy), "a #2<1 status 0 line 1 x=\"1\" [t]");
-}
-
-std::string records(int count) {
-  std::string text = "<r>";
-  for (int i = 0; i < count; ++i) text += "<a/>";
-  return text + "</r>";
-}
-
-TEST(xml_stream_parser, parse_pauses_behind_a_hundred_nodes) {
-  feed many(records(1000));
-  EXPECT_EQ(many.parser.parse(), xml_stream_parser::no_error);
-  EXPECT_EQ(many.parser.node_queue_size(), 101u);
-  const auto offset = many.parser.parse_offset();
-  EXPECT_EQ(offset, static_cast<long long>(header.size() + 3 + 100 * 4));
-  EXPECT_EQ(many.parser.parse(), xml_stream_parser::no_error);
-  EXPECT_EQ(many.parser.parse_offset(), offset);
-}
-
-TEST(xml_stream_parser, popping_alone_goes_through_the_whole_document) {
-  feed many(records(1000));
-  EXPECT_EQ(many.nodes().size(), 1002u);
-  EXPECT_EQ(many.parser.error(), xml_stream_parser::end_of_document);
-}
-
-TEST(xml_stream_parser, subtree_of_any_size_waits_until_it_is_closed) {
-  std::string text = "<r><a>";
-  for (int i = 0; i < 5000; ++i) text += "<b/>";
-  feed large(text + "</a><a/><a/></r>");
-  large.parser.parse();
-  EXPECT_EQ(large.parser.node_queue_size(), 5002u);
-  EXPECT_EQ(large.nodes().size(), 5005u);
-}
-
-TEST(xml_stream_parser, nodes_in_front_of_an_error_can_be_taken) {
-  feed wrong("<r><a/><a/><b></wrong>");
-  EXPECT_EQ(wrong.nodes().size(), 3u);
-  EXPECT_EQ(wrong.parser.error(), xml_stream_parser::mismatched_tag);
-  EXPECT_EQ(wrong.parser.parse_offset(), static_cast<long long>(header.size() + 14));
-}
-
-// What comes late for a node that was taken goes nowhere, and least of all into freed memory.
-TEST(xml_stream_parser, late_attributes_and_text_of_a_taken_node_are_dropped) {
-  feed late("<r><s a='1' ", 2);
-  late.parser.parse();
-  EXPECT_EQ(late.parser.node_queue_pop().tag(), "r");
-  EXPECT_EQ(late.parser.node_queue_pop().attribs().size(), 1u);
-  late.file.append("b='2' c='3'>text<x></x>");
-  EXPECT_EQ(late.nodes(), (transcript{"x #3<2 status 0 line 1"}));
-  late.file.append("more</s></r>");
-  EXPECT_EQ(late.nodes(), (transcript{"s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
-}
-
-TEST(xml_stream_parser, late_attribute_of_a_taken_node_may_still_come_twice) {
-  feed late("<r a='1' ");
-  late.parser.parse();
-  late.parser.node_queue_pop();
-  late.file.append("a='2'>");
-  EXPECT_EQ(late.parser.parse(), xml_stream_parser::duplicate_attribute);
-}
-
-// Recovery.
-
-constexpr std::string_view damaged = "<r><a n='1'/><a n='2'></b></a>\n<x/><a n='3'/><b n='4'/></r>";
-
-TEST(xml_stream_parser_recover, goes_on_at_the_next_start_tag_of_the_list) {
-  feed broken(damaged);
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
-  EXPECT_EQ(broken.parser.node_queue_size(), 2u);
-  EXPECT_EQ(broken.parser.recover({"a", "b"}), xml_stream_parser::no_error);
-  EXPECT_TRUE(broken.parser.node_queue_empty()) << "the nodes in front of the error are gone";
-  EXPECT_EQ(broken.nodes(), (transcript{"a #4<0 status 0 line 1 n=\"3\"", "b #5<0 status 0 line 1 n=\"4\"",
-                                        "r #1<0 status 3 line 1"}));
-}
-
-TEST(xml_stream_parser_recover, takes_lists_of_strings_of_either_class) {
-  feed with_strings(damaged);
-  with_strings.parser.parse();
-  EXPECT_EQ(with_strings.parser.recover(std::list<std::string>{"x", "b"}), xml_stream_parser::no_error);
-  EXPECT_EQ(with_strings.nodes().front(), "x #4<0 status 0 line 1");
-  feed with_ustrings(damaged);
-  with_ustrings.parser.parse();
-  EXPECT_EQ(with_ustrings.parser.recover(std::list<ORVA_2_18::strings::ustring8>{"b"}),
-            xml_stream_parser::no_error);
-  EXPECT_EQ(with_ustrings.nodes().front(), "b #4<0 status 0 line 1 n=\"4\"");
-}
-
-TEST(xml_stream_parser_recover, that_finds_nothing_lets_parse_refuse_until_one_succeeds) {
-  feed broken(damaged);
-  broken.parser.parse();
-  EXPECT_EQ(broken.parser.recover({"nothing"}), xml_stream_parser::not_synchronized);
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::not_synchronized);
-  broken.file.append("<nothing></nothing></r>");
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::not_synchronized);
-  EXPECT_EQ(broken.parser.recover({"nothing"}), xml_stream_parser::no_error);
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::end_of_document);
-}
-
-TEST(xml_stream_parser_recover, without_names_changes_nothing_but_the_error) {
-  feed broken(damaged);
-  broken.parser.parse();
-  EXPECT_EQ(broken.parser.recover({}), xml_stream_parser::not_synchronized);
-  EXPECT_EQ(broken.parser.node_queue_size(), 2u);
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
-}
-
-TEST(xml_stream_parser_recover, before_a_root_is_known_is_fatal) {
-  feed fresh("<r></r>");
-  EXPECT_EQ(fresh.parser.recover({"r"}), xml_stream_parser::fatal_error);
-  EXPECT_EQ(fresh.parser.parse(), xml_stream_parser::fatal_error);
-}
-
-TEST(xml_stream_parser_recover, does_not_bring_a_fatal_error_back) {
-  feed fatal("<r><a>&#999;</a><a/></r>");
-  EXPECT_EQ(fatal.parser.parse(), xml_stream_parser::fatal_error);
-  EXPECT_EQ(fatal.parser.recover({"a"}), xml_stream_parser::fatal_error);
-}
-
-TEST(xml_stream_parser_recover, malformed_end_reports_not_synchronized) {
-  for (const char* const end : {"<", "<a", "< ", "<\n a", "<<", "<&", "</a", "<!", "<a<"}) {
-    feed broken("<r><b></wrong>" + std::string(end));
-    EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
-    EXPECT_EQ(broken.parser.recover({"a"}),
-              std::string(end) == "<a<" ? xml_stream_parser::no_error : xml_stream_parser::not_synchronized)
-        << end;
-  }
-}
-
-TEST(xml_stream_parser_recover, passes_over_end_tags_comments_and_longer_names) {
-  feed broken("<r><b></wrong></a><!--a--><ab/><<a_/>< \n a n='1'/></r>");
-  broken.parser.parse();
-  EXPECT_EQ(broken.parser.recover({"a"}), xml_stream_parser::no_error);
-  EXPECT_EQ(broken.nodes().front(), "a #3<0 status 0 line 2 n=\"1\"");
-}
-
-TEST(xml_stream_parser_recover, finds_the_start_tag_that_an_unfinished_tag_ran_into) {
-  for (const char* const unfinished : {"<b x='1' ", "<b x='1", "<b>text</b>text", "<b x=1", "<"}) {
-    feed broken("<r>" + std::string(unfinished) + "<a/></r>");
-    EXPECT_GT(broken.parser.parse(), xml_stream_parser::end_of_document) << unfinished;
-    EXPECT_EQ(broken.parser.recover({"a"}), xml_stream_parser::no_error) << unfinished;
-    EXPECT_EQ(broken.nodes().front().substr(0, 2), "a ") << unfinished;
-    EXPECT_EQ(broken.parser.error(), xml_stream_parser::end_of_document) << unfinished;
-  }
-}
-
-TEST(xml_stream_parser_recover, starts_behind_the_place_of_the_error) {
-  feed broken("<r><!-- <a n='1'/> -- <a n='2'/> --><a n='3'/></r>");
-  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::unexpected_character);
-  broken.parser.recover({"a"});
-  EXPECT_EQ(broken.nodes().front(), "a #2<0 status 0 line 1 n=\"2\"");
-}
-
-TEST(xml_stream_parser_recover, does_not_count_the_lines_that_it_passes_over) {
-  feed broken("<r>\n<b></wrong>\n\n\n<a/>\n<a/></r>");
-  broken.parser.parse();
-  broken.parser.recover({"a"});
-  EXPECT_EQ(broken.parser.line(), 2u);
-  EXPECT_EQ(broken.nodes(),
-            (transcript{"a #3<0 status 0 line 2", "a #4<0 status 0 line 3", "r #1<0 status 3 line 3"}));
-}
-
-TEST(xml_stream_parser_recover, keeps_the_open_levels) {
-  feed broken("<r><s><a></wrong></a><a/></s></r>", 2);
-  broken.parser.parse();
-  broken.parser.recover({"a"});
-  EXPECT_EQ(broken.nodes(),
-            (transcript{"a #4<0 status 0 line 1", "s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
-}
-
-TEST(xml_stream_parser_recover, behind_the_end_of_the_document_leaves_it_at_that) {
-  feed ended("<r></r>");
-  ended.parser.parse();
-  EXPECT_EQ(ended.parser.recover({"a"}), xml_stream_parser::end_of_document);
 }
 
 }  // namespace
