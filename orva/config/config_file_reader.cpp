@@ -21,12 +21,13 @@ constexpr byte_set array_stops(",#*/\r\n\t \"");
 
 void skip_comment(std::string_view text, unsigned int& position) {
   scanned_token token;
-  unsigned int start = position;
-  do {
+  for (;;) {
     scan_plain(text, position, comment_stops);
-    start = position;
-  } while (scan_token(text, position, token) != tok_types::T_END && token.type != tok_types::T_NEWLINE);
-  position = start;
+    const unsigned int start = position;
+    if (scan_token(text, position, token) != tok_types::T_END && token.type != tok_types::T_NEWLINE) continue;
+    position = start;
+    return;
+  }
 }
 
 bool config_file_reader::at_blank() const {

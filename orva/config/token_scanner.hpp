@@ -43,8 +43,8 @@ class byte_set {
 /// The bytes from `position` up to the first that is in `stops`, to which it is moved: many tokens in one step, where a
 /// reader joins their texts again and no token that it looks at begins with another byte.
 ///
-/// REQUIRES: `stops` holds the double quote, the line ends, blank and tab, whose tokens have other texts, and the first byte of each pair
-/// that ends in a byte of `stops`.
+/// REQUIRES: `stops` holds the double quote and the line ends; blank and tab, if the text is used; and the first byte of each pair that
+/// ends in a byte of `stops`.
 inline std::string_view scan_plain(std::string_view source, unsigned int& position, const byte_set& stops) {
   const std::size_t start = position;
   std::size_t end = start;
