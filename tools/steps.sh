@@ -46,6 +46,6 @@ need_packages() {
 }
 
 build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
-check_packages=("${build_packages[@]}" binutils clang clang-format gettext git libbenchmark-dev libclang-rt-dev
-  libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev libhowardhinnant-date-dev libicu-dev libpugixml-dev libxml2-dev
-  llvm locales pkg-config)
+check_packages=("${build_packages[@]}" binutils clang clang-format gettext git libbenchmark-dev
+  libboost-serialization-dev libcereal-dev libclang-rt-dev libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev
+  libhowardhinnant-date-dev libicu-dev libpugixml-dev libxml2-dev llvm locales pkg-config)
