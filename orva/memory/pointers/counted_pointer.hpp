@@ -62,12 +62,12 @@ class counted_pointer {
     // With its only pointer nobody else can be counting, and an object that goes with it need not be counted down.
     const bool goes = static_cast<ability*>(target)->is_only_pointer_ref() && target->is_created_dynamic();
     if (!goes && static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
-    if (target->is_created_dynamic()) destroy(target);
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wfree-nonheap-object"
+    // Where a compiler sees an automatic object beside this `delete` it warns of what the condition rules out.
+    if (target->is_created_dynamic()) delete target;
+#pragma GCC diagnostic pop
   }
-
-  /// Out of line: it is the rare end of a release, and where a compiler sees an automatic object and this `delete` in
-  /// one function it warns of what `is_created_dynamic` rules out.
-  [[gnu::noinline]] static void destroy(T* target) noexcept { delete target; }
 
   /// The new target is held before the old one goes: it may be kept alive by nothing but the old one.
   void replace(T* target) noexcept {
