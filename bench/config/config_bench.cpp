@@ -1,12 +1,12 @@
-// Configuration beside Boost.PropertyTree, and GLib's GKeyFile in key_file_bench.cpp: loading a file, looking a key up in three
-// sources, following a link; and the command line, which has no peer that stores what it reads.
+// Configuration beside Boost.PropertyTree: loading a file, looking a key up in three sources, following a link; and the command
+// line, of which no peer stores options that were not declared. The peers that are not always there have files of their own:
+// key_file_bench.cpp, settings_bench.cpp and layered_configuration_bench.cpp.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <array>
 #include <boost/property_tree/ini_parser.hpp>
 #include <boost/property_tree/ptree.hpp>
-#include <cstdint>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -21,6 +21,9 @@ namespace {
 
 using namespace ORVA_2_18::config;
 using boost::property_tree::ptree;
+using config_bench::link;
+using config_bench::source_count;
+using config_bench::wanted;
 using ORVA_2_18::types::variant;
 
 void load_file_item(benchmark::State& state) {
@@ -45,16 +48,6 @@ void load_property_tree(benchmark::State& state) {
 }
 BENCHMARK(load_property_tree)->Unit(benchmark::kMicrosecond);
 
-/// The sources: each holds 300 keys of three parts, and the key looked for is in one of them.
-constexpr int source_count = 3;
-const char* const wanted = "window.main.width";
-const char* const missing = "window.main.depth";
-const char* const link = "window.main.size";
-
-std::string other_key(int i) {
-  return config_bench::joined("page_", i / 20, ".group_", i / 5 % 4, ".setting_", i);
-}
-
 /// Sets up what is put into it.
 class fixed_dispatch : public config_dispatch {
  public:
@@ -74,9 +67,8 @@ config_manager manager_with(int source) {
   item_list items;
   for (int i = 0; i < source_count; ++i) {
     user_item item;
-    for (int key = 0; key < 300; ++key) item.set(other_key(key), key, 0);
-    item.set("window.main.height", 480, 0);
-    if (i == source) item.set(wanted, 640, 0);
+    config_bench::fill_source(i == source,
+                              [&](const std::string& key, int value) { item.set(key, value, 0); });
     if (i == source) item.set(link, wanted, config_tree::NODE_LINK);
     items.emplace_back(item.clone());
   }
@@ -97,9 +89,7 @@ std::array<ptree, source_count> trees_with(int source) {
   std::array<ptree, source_count> trees;
   for (int i = 0; i < source_count; ++i) {
     auto& tree = trees[static_cast<std::size_t>(i)];
-    for (int key = 0; key < 300; ++key) tree.put(other_key(key), key);
-    tree.put("window.main.height", 480);
-    if (i == source) tree.put(wanted, 640);
+    config_bench::fill_source(i == source, [&](const std::string& key, int value) { tree.put(key, value); });
     if (i == source) tree.put(link, wanted);
   }
   return trees;
@@ -143,19 +133,8 @@ void look_up_with_a_literal(benchmark::State& state) {
 }
 BENCHMARK(look_up_with_a_literal);
 
-/// Options with one value each; of ten, one is a flag and one an array.
-std::vector<std::string> options(std::int64_t count) {
-  std::vector<std::string> words;
-  for (std::int64_t i = 0; i < count; ++i) {
-    words.push_back(config_bench::joined("-page_", i / 10, ".option_", i));
-    if (i % 10 == 1) words.back().append("=a,b,c");
-    if (i % 10 > 1) words.back().append("=value_").append(std::to_string(i));
-  }
-  return words;
-}
-
 void load_command_line(benchmark::State& state) {
-  const auto words = options(state.range(0));
+  const auto words = config_bench::options(state.range(0));
   std::vector<const char*> argv{"app.exe"};
   for (const std::string& word : words) argv.push_back(word.c_str());
   argv.push_back(nullptr);
@@ -179,7 +158,7 @@ void put_elements(ptree& node) {
 
 /// The same keys, split at the first `=` and at commas.
 void load_command_line_property_tree(benchmark::State& state) {
-  const auto words = options(state.range(0));
+  const auto words = config_bench::options(state.range(0));
   for (auto _ : state) {
     ptree tree;
     for (const std::string& word : words) {

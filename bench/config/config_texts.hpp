@@ -1,12 +1,15 @@
-/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, and the keys to look for.
+/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, three sources with the keys to look for, and
+/// command lines.
 #pragma once
 
 #include <unistd.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <string>
 #include <type_traits>
+#include <vector>
 
 namespace config_bench {
 
@@ -59,6 +62,30 @@ inline const std::string& file_path() {
   };
   static const file made;
   return made.path;
+}
+
+/// The sources: each holds some 300 keys of three parts, and the key looked for is in one of them.
+inline constexpr int source_count = 3;
+inline constexpr const char* wanted = "window.main.width";
+inline constexpr const char* link = "window.main.size";
+
+/// Gives `put` the keys and values of a source.
+template <typename Put>
+void fill_source(bool with_wanted, const Put& put) {
+  for (int i = 0; i < 300; ++i) put(joined("page_", i / 20, ".group_", i / 5 % 4, ".setting_", i), i);
+  put(std::string("window.main.height"), 480);
+  if (with_wanted) put(std::string(wanted), 640);
+}
+
+/// Options with one value each; of ten, one is a flag and one an array.
+inline std::vector<std::string> options(std::int64_t count) {
+  std::vector<std::string> words;
+  for (std::int64_t i = 0; i < count; ++i) {
+    words.push_back(joined("-page_", i / 10, ".option_", i));
+    if (i % 10 == 1) words.back().append("=a,b,c");
+    if (i % 10 > 1) words.back().append("=value_").append(std::to_string(i));
+  }
+  return words;
 }
 
 }  // namespace config_bench
