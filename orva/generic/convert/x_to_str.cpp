@@ -63,14 +63,26 @@ Unit* write_first(std::uint32_t value, Unit* at) {
   return at + 1;
 }
 
+/// How many pairs of digits a number has, without a branch. The one jump by the result is hard enough to foresee.
+inline unsigned int count_pairs(std::uint32_t value) {
+  return 1u + (value >= 100) + (value >= 10000) + (value >= 1000000) + (value >= 100000000);
+}
+
 /// A number without leading zeros.
 template <typename Unit>
 [[gnu::always_inline]] inline Unit* write_decimal(std::uint32_t value, Unit* at) {
-  if (value < 100) return write_first(value, at);
-  if (value < 10000) return write_pair(value % 100, write_first(value / 100, at));
-  if (value < 1000000) return write_four(value % 10000, write_first(value / 10000, at));
-  if (value >= 100000000) return write_eight(value % 100000000, write_first(value / 100000000, at));
-  return write_four(value % 10000, write_pair(value / 10000 % 100, write_first(value / 1000000, at)));
+  switch (count_pairs(value)) {
+    case 1:
+      return write_first(value, at);
+    case 2:
+      return write_pair(value % 100, write_first(value / 100, at));
+    case 3:
+      return write_four(value % 10000, write_first(value / 10000, at));
+    case 4:
+      return write_four(value % 10000, write_pair(value / 10000 % 100, write_first(value / 1000000, at)));
+    default:
+      return write_eight(value % 100000000, write_first(value / 100000000, at));
+  }
 }
 
 template <typename Unit>
