@@ -88,7 +88,7 @@ std::size_t xml_stream_parser::load_if_free(std::size_t wanted) {
   if (size <= bytes_read_ || data_end_ - mark_ > static_cast<std::ptrdiff_t>(window_size - wanted)) return 0;
   slide_window();
   const auto room = static_cast<std::size_t>(buffer_.data() + buffer_.size() - data_end_);
-  const auto count = std::min(room, static_cast<std::size_t>(size - bytes_read_));
+  const auto count = static_cast<std::size_t>(std::min(static_cast<long long>(room), size - bytes_read_));
   if (file.read(bytes_read_, data_end_, count) < count) throw stream_failure("ios_base::failbit set");
   bytes_read_ += static_cast<long long>(count);
   data_end_ += count;

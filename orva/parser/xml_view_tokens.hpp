@@ -30,7 +30,7 @@ class view_token {
       : text_(value.data()), size_(value.size() & largest_size), type_(static_cast<std::uint8_t>(type)) {}
 
   token_type type() const noexcept { return static_cast<token_type>(type_); }
-  std::string_view value() const noexcept { return {text_, size_}; }
+  std::string_view value() const noexcept { return {text_, static_cast<std::size_t>(size_)}; }
 
  private:
   static constexpr unsigned int size_bits = 56;

@@ -51,10 +51,11 @@ class reverse_text {
     std::copy(bytes.begin(), bytes.end(), units_.begin() + static_cast<std::ptrdiff_t>(begin_));
   }
 
-  /// Puts free space in front, at least as much as there is text.
+  /// Puts free space in front, at least as much as there is text if a string can hold it.
   void grow(std::size_t needed) {
     const std::size_t used = size();
-    std::string larger(std::max<std::size_t>(2 * used, 256) + needed, '\0');
+    const std::size_t wanted = std::max<std::size_t>(2 * used, 256) + needed;
+    std::string larger(std::min(wanted, stored_buffer::max_size), '\0');
     larger.replace(larger.size() - used, used, units_, begin_, used);
     begin_ = larger.size() - used;
     units_ = std::move(larger);

@@ -5,7 +5,9 @@
 /// reader which ran out of data: no position of the data is ever the mark.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
+#include <limits>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -20,8 +22,10 @@ class ORVA_API stored_buffer : public serialize_buffer {
  public:
   /// The read position of a reader that has passed the end.
   static constexpr types::uint32 past_end = 0xFFFFFFFF;
-  /// The longest data; anything longer throws `std::length_error`, "string too long".
-  static constexpr std::size_t max_size = past_end - 1;
+  /// The longest data; anything longer throws `std::length_error`, "string too long". No string is longer than a difference
+  /// of pointers, which is less on a machine of 32 bits.
+  static constexpr std::size_t max_size =
+      std::min<std::size_t>(past_end - 1, std::numeric_limits<std::ptrdiff_t>::max());
 
   serialize_buffer& assign(const char* data, int length) override;
   serialize_buffer& assign(const std::string& data) override;

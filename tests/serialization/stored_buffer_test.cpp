@@ -16,7 +16,7 @@ namespace {
 using namespace ORVA_2_18::serialization;
 
 static_assert(stored_buffer::past_end == 4294967295U);
-static_assert(stored_buffer::max_size == 4294967294U);
+static_assert(stored_buffer::max_size == (sizeof(void*) == 4 ? 0x7FFFFFFFU : 4294967294U));
 
 /// Opens what the forms build on.
 struct open_buffer : serialize_text_buf {

@@ -28,6 +28,7 @@ inline std::size_t times(std::size_t units, std::size_t factor) {
 /// do.
 template <typename Unit, typename Write>
 void overwrite(std::basic_string<Unit>& output, std::size_t size, Write write) {
+  if (size > output.max_size()) throw std::length_error("string too long");
 #if defined(__cpp_lib_string_resize_and_overwrite)
   output.resize_and_overwrite(size,
                               [&](Unit* units, std::size_t) { return write(std::span<Unit>(units, size)); });
