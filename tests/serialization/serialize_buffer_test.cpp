@@ -76,10 +76,12 @@ class value_source {
  public:
   explicit value_source(unsigned int seed) : random_(seed) {}
 
-  value next() { return make(random_() % std::variant_size_v<value>); }
+  value next() { return make(below(std::variant_size_v<value>)); }
   bool flip() { return random_() % 2 == 0; }
 
  private:
+  std::size_t below(std::size_t limit) { return static_cast<std::size_t>(random_() % limit); }
+
   template <typename Integer>
   Integer integer() {
     switch (random_() % 4) {
@@ -104,7 +106,7 @@ class value_source {
   }
 
   std::string bytes() {
-    std::string text(random_() % 5 == 0 ? random_() % 300 : random_() % 6, '\0');
+    std::string text(below(5) == 0 ? below(300) : below(6), '\0');
     for (char& byte : text) byte = static_cast<char>(random_() % 3 == 0 ? random_() % 3 : random_());
     return text;
   }

@@ -3,8 +3,9 @@
 /// Three namespaces hold the same sixteen operations: `big_endian`, `little_endian`, and `generic::convert` itself
 /// for the order of the host. `int16_to_bin_str` and its siblings write a number as a byte string of exactly its
 /// width; `bin_str_to_int16` and its siblings are their inverse. Nothing marks the order or the type: reader and
-/// writer agree on both. Floating values are their IEEE 754 bit patterns, so that every NaN comes through. All
-/// of it is pure, and any thread may call it.
+/// writer agree on both. Floating values are their IEEE 754 bit patterns, so that every NaN comes through; but on
+/// 32-bit x86, where functions return them by a register that makes a signalling NaN a quiet one, a reader may do that
+/// too. All of it is pure, and any thread may call it.
 ///
 ///     big_endian::uint32_to_bin_str(0x01020304)       =>  01 02 03 04
 ///     little_endian::uint32_to_bin_str(0x01020304)    =>  04 03 02 01

@@ -3,7 +3,9 @@
 #include <gtest/gtest.h>
 
 #include <bit>
+#include <cstddef>
 #include <cstdint>
+#include <cstring>
 #include <limits>
 #include <random>
 #include <string>
@@ -12,6 +14,7 @@
 
 #include "orva/strings/ustring.hpp"
 #include "tests/support/hex.hpp"
+#include "tests/support/returned_bits.hpp"
 
 namespace {
 
@@ -21,6 +24,7 @@ namespace little_endian = convert::little_endian;
 using ORVA_2_18::types::int32;
 using ORVA_2_18::types::uint32;
 using orva_test::from_hex;
+using orva_test::has_bits;
 using orva_test::to_hex;
 
 constexpr bool little_endian_host = std::endian::native == std::endian::little;
@@ -35,11 +39,15 @@ std::string reference_bytes(std::uint64_t bits, std::size_t width, bool most_sig
   return bytes;
 }
 
+template <std::size_t width>
+using bits_of_width = std::conditional_t<width == 2, std::uint16_t,
+                                         std::conditional_t<width == 4, std::uint32_t, std::uint64_t>>;
+
 template <typename Number>
-auto bits_of(const Number& value) {
-  if constexpr (sizeof(Number) == 2) return std::bit_cast<std::uint16_t>(value);
-  if constexpr (sizeof(Number) == 4) return std::bit_cast<std::uint32_t>(value);
-  if constexpr (sizeof(Number) == 8) return std::bit_cast<std::uint64_t>(value);
+bool is_read_as(const Number& value, std::uint64_t pattern) {
+  const auto bits = static_cast<bits_of_width<sizeof(Number)>>(pattern);
+  if constexpr (std::is_floating_point_v<Number>) return has_bits(value, bits);
+  return std::bit_cast<bits_of_width<sizeof(Number)>>(value) == bits;
 }
 
 /// One row of the table of operations.
@@ -77,14 +85,15 @@ void for_each_operation(Check check) {
 /// Writes the value of these bits and reads it again by both overloads.
 template <typename Number>
 void expect_written_and_read(const operations<Number>& row, std::uint64_t pattern) {
-  using bits = decltype(bits_of(Number{}));
-  const auto value = std::bit_cast<Number>(static_cast<bits>(pattern));
+  const auto bits = static_cast<bits_of_width<sizeof(Number)>>(pattern);
+  Number value;
+  std::memcpy(&value, &bits, sizeof value);
   const std::string bytes = row.write(value);
   ASSERT_EQ(to_hex(bytes), to_hex(reference_bytes(pattern, sizeof(Number), row.most_significant_first)));
-  ASSERT_EQ(bits_of(row.read(bytes.data())), static_cast<bits>(pattern));
-  ASSERT_EQ(bits_of(row.read(bytes + "12345678")), static_cast<bits>(pattern)) << "bytes behind the width";
+  ASSERT_TRUE(is_read_as(row.read(bytes.data()), pattern)) << to_hex(bytes);
+  ASSERT_TRUE(is_read_as(row.read(bytes + "12345678"), pattern)) << to_hex(bytes) << ", more behind";
   if (row.required <= bytes.size()) {
-    ASSERT_EQ(bits_of(row.read(bytes)), static_cast<bits>(pattern));
+    ASSERT_TRUE(is_read_as(row.read(bytes), pattern)) << to_hex(bytes);
   }
 }
 
@@ -125,7 +134,7 @@ TEST(byte_order, short_strings_read_as_zero_and_longer_ones_by_their_beginning) 
   for_each_operation([]<typename Number>(const operations<Number>& row) {
     const std::string ones(16, '\xFF');
     for (std::size_t size = 0; size <= ones.size(); ++size) {
-      const bool is_zero = bits_of(row.read(ones.substr(0, size))) == 0;
+      const bool is_zero = row.read(ones.substr(0, size)) == 0;
       EXPECT_EQ(is_zero, size < row.required) << sizeof(Number) << " bytes wide, string of " << size;
     }
   });
@@ -199,12 +208,12 @@ TEST(byte_order, random_patterns_are_written_and_read) {
 
 TEST(byte_order, nan_keeps_its_bits) {
   for (const std::uint64_t bits : {0x7FF8000000000001U, 0xFFF0DEADBEEF0001U, 0x7FF0000000000001U}) {
-    const auto bytes = big_endian::double_to_bin_str(std::bit_cast<double>(bits));
-    EXPECT_EQ(std::bit_cast<std::uint64_t>(big_endian::bin_str_to_double(bytes)), bits);
+    const auto bytes = big_endian::uint64_to_bin_str(bits);
+    EXPECT_TRUE(has_bits(big_endian::bin_str_to_double(bytes), bits)) << to_hex(bytes);
   }
   for (const std::uint32_t bits : {0x7FC00001U, 0xFF80BEEFU, 0x7F800001U}) {
-    const auto bytes = little_endian::float_to_bin_str(std::bit_cast<float>(bits));
-    EXPECT_EQ(std::bit_cast<std::uint32_t>(little_endian::bin_str_to_float(bytes)), bits);
+    const auto bytes = little_endian::uint32_to_bin_str(bits);
+    EXPECT_TRUE(has_bits(little_endian::bin_str_to_float(bytes), bits)) << to_hex(bytes);
   }
 }
 
