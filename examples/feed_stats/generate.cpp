@@ -1,6 +1,7 @@
 #include "generate.hpp"
 
 #include <array>
+#include <cstddef>
 #include <fstream>
 
 namespace feed_stats {
@@ -45,7 +46,7 @@ const std::string& damaged_record(std::uint64_t number) {
   static const std::array<std::string, 4> kinds{
       "  <node id=\"1\"><tag k=\"name\" v=\"Cut o\n", "  <node id=1/>\n",
       "  <way id=\"1\"><tag k=\"name\" v=\"Fish & Chips\"/></way>\n", "  Warning: 12 rows omitted\n"};
-  return kinds[number % kinds.size()];
+  return kinds[static_cast<std::size_t>(number % kinds.size())];
 }
 
 }  // namespace

@@ -38,14 +38,14 @@ TEST(native_path, every_code_unit_comes_back_in_every_width) {
     const auto native = platform::to_native(path);
     ASSERT_TRUE(is_nameable(native)) << unit;
     ASSERT_EQ(from_native<strings::ustring16>(native), path);
-    ASSERT_EQ(from_native<strings::ustring32>(native), std::u32string(1, static_cast<char32_t>(unit)));
+    ASSERT_EQ(from_native<strings::ustring32>(native), strings::ustring32(1, unit));
     ASSERT_EQ(from_native<strings::ustring8>(native), native);
   }
 }
 
 TEST(native_path, every_surrogate_pair_comes_back_as_one_code_point) {
-  for (char32_t code_point = 0x10000; code_point < 0x110000; ++code_point) {
-    const std::u32string text(1, code_point);
+  for (strings::code_unit32 code_point = 0x10000; code_point < 0x110000; ++code_point) {
+    const strings::ustring32 text(1, code_point);
     const std::u16string path = {static_cast<char16_t>(0xD7C0 + (code_point >> 10)),
                                  static_cast<char16_t>(0xDC00 + (code_point & 0x3FF))};
     const auto native = platform::to_native(path);

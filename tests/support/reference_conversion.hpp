@@ -1,15 +1,16 @@
 /// The conversion matrix of `variant` once more, slowly and in wide arithmetic: what its accessors are held against.
 #pragma once
 
+#include <boost/multiprecision/cpp_int.hpp>
 #include <cmath>
 #include <string>
 
 namespace orva_test {
 
 /// Wider than anything that is converted, so that nothing here can overflow or wrap unnoticed.
-__extension__ using wide = __int128;
+using wide = boost::multiprecision::int128_t;
 
-inline wide power_of_two(int exponent) { return static_cast<wide>(1) << exponent; }
+inline wide power_of_two(int exponent) { return wide(1) << exponent; }
 
 /// The integer that an accessor reads: its width in bits, and whether it has a sign.
 struct integer_form {

@@ -1,4 +1,4 @@
-/// Moves of dates and times in wide arithmetic that is cut where it is told to be.
+/// Moves of dates and times, with sums that are cut to 64 bits.
 ///
 /// Slow on purpose. `date_time_t` and its parts are held against it for durations of all 64 bits.
 #pragma once
@@ -10,9 +10,13 @@
 
 namespace orva_test {
 
-__extension__ using int128 = __int128;
+inline std::int64_t cut_sum(std::int64_t left, std::int64_t right) {
+  return static_cast<std::int64_t>(static_cast<std::uint64_t>(left) + static_cast<std::uint64_t>(right));
+}
 
-inline std::int64_t cut_to_64(int128 value) { return static_cast<std::int64_t>(value); }
+inline std::int64_t cut_negative(std::int64_t value) {
+  return static_cast<std::int64_t>(0 - static_cast<std::uint64_t>(value));
+}
 
 struct reference_date_time {
   reference_day date;
@@ -34,7 +38,7 @@ struct reference_date_time {
   std::string_view plus_milliseconds(std::int64_t count) {
     constexpr std::int64_t day = 86400000;
     const std::int64_t now = ((parts[0] * 60 + parts[1]) * 60 + parts[2]) * 1000 + parts[3];
-    const std::int64_t rest = cut_to_64(int128{cut_to_64(int128{now} + count)} + day) % day;
+    const std::int64_t rest = cut_sum(cut_sum(now, count), day) % day;
     const std::int64_t units[] = {rest / 3600000, rest / 60000 % 60, rest / 1000 % 60, rest % 1000};
     constexpr std::string_view messages[] = {
         "Hour value out of valid range", "Minute value out of valid range", "Second value out of valid range",
@@ -56,7 +60,7 @@ struct reference_date_time {
       const auto failure = sign > 0 ? plus_days(day) : minus_days(day);
       if (!failure.empty()) return failure;
     }
-    return plus_milliseconds(sign > 0 ? count : cut_to_64(-int128{count}));
+    return plus_milliseconds(sign > 0 ? count : cut_negative(count));
   }
 };
 
