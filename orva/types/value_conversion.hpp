@@ -5,6 +5,7 @@
 #pragma once
 
 #include <charconv>
+#include <cmath>
 #include <concepts>
 #include <locale>
 #include <ostream>
@@ -119,7 +120,10 @@ std::string stream_text(Floating value) {
 /// What a string stream with default flags writes, without one where the global locale adds nothing of its own.
 template <std::floating_point Floating>
 std::string floating_text(Floating value) {
-  if constexpr (!std::same_as<Floating, long double>) {
+  if constexpr (std::same_as<Floating, long double>) {
+    // Some runtimes leave out the sign of a nan.
+    if (std::isnan(value)) return floating_text(static_cast<double>(value));
+  } else {
     if (std::locale() == std::locale::classic()) {
       constexpr int stream_precision = 6;
       char digits[32];

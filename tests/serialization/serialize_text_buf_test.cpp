@@ -14,6 +14,7 @@
 
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "tests/support/reference_serialization.hpp"
+#include "tests/support/sign_of_nan.hpp"
 
 namespace {
 
@@ -310,7 +311,7 @@ std::string by_stream(Floating value, std::uint32_t precision) {
   std::ostringstream stream;
   stream.precision(precision);
   stream << value;
-  return stream.str() + "~";
+  return orva_test::with_sign_of_nan(value, stream.str()) + "~";
 }
 
 void expect_as_stream(double value, std::uint32_t precision) {

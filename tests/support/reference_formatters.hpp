@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <string>
 
+#include "tests/support/sign_of_nan.hpp"
+
 namespace orva_test::reference {
 
 enum class int_style { decimal, spaced, hexadecimal, octal, binary };
@@ -87,13 +89,13 @@ inline std::string format_int(std::int64_t value, int_style style, std::int64_t 
 inline std::string format_double(double value, int precision, int fieldsize) {
   char buffer[64];
   std::snprintf(buffer, sizeof buffer, "%*.*f", fieldsize == 0 ? -32 : fieldsize, precision, value);
-  std::string text = buffer;
+  std::string text = with_sign_of_nan(value, buffer);
   if (fieldsize == 0) return text.substr(0, text.find_last_not_of(' ') + 1);
   if (static_cast<int>(text.size()) <= fieldsize) return text;
 
   char digits[2048];
   std::snprintf(digits, sizeof digits, "%.*e", precision, value);
-  std::string number = digits;
+  std::string number = with_sign_of_nan(value, digits);
   const std::size_t exponent = number.find('e');
   if (exponent != number.npos && number.size() - exponent == 4) number.insert(exponent + 2, "0");
   std::snprintf(buffer, sizeof buffer, "%*s", fieldsize, number.c_str());

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cstddef>
@@ -89,6 +90,74 @@ bool read_exact(const char* at, const char* end, long double& value) {
   return is_whole_run;
 }
 
+/// Whether `from_chars` reads a `long double` to its full width. Some standard libraries read a `double`.
+bool from_chars_reads_long_double() {
+  static const bool reads = [] {
+    constexpr std::string_view text = "1e-5";
+    long double value = 0;
+    std::from_chars(text.data(), text.data() + text.size(), value);
+    return value == 1e-5L;
+  }();
+  return reads;
+}
+
+/// The figures of a number without the zeros in front, and the power of ten that they are to be multiplied with.
+struct scaled_figures {
+  std::string figures;
+  std::int64_t power = 0;
+
+  /// Takes no more figures than can bear on the value: what is behind them counts only by not being zero, as the last one kept
+  /// tells then. Some runtimes take time by the square of the number of figures.
+  void take(char figure) {
+    // More than any number of a `long double`, or the middle between two, has.
+    constexpr std::size_t enough = 12'000;
+    if (figures.empty() && figure == '0') return;
+    if (figures.size() < enough) {
+      figures += figure;
+      return;
+    }
+    ++power;
+    if (figure != '0' && figures.back() == '0') figures.back() = '1';
+  }
+
+  std::string text() const {
+    // Beyond this every number is zero or too large; runtimes do not bear any exponent.
+    constexpr std::int64_t furthest = 19'999;
+    if (figures.empty()) return "0";
+    return figures + 'e' + std::to_string(std::clamp(power, -furthest, furthest));
+  }
+};
+
+/// The exponent that a number ends with, no further from zero than that sums of it cannot wrap.
+std::int64_t exponent_at(const char* at, const char* end) {
+  constexpr std::int64_t furthest = std::int64_t{1} << 60;
+  const bool is_negative = *at == '-';
+  std::int64_t value = 0;
+  for (at += is_sign(*at); at != end && value < furthest; ++at) value = value * 10 + (*at - '0');
+  value = std::min(value, furthest);
+  return is_negative ? -value : value;
+}
+
+/// The same number as the run from `at`, in a few thousand units at most.
+std::string shortened(const char* at, const char* end) {
+  scaled_figures number;
+  for (; at != end && is_figure(*at); ++at) number.take(*at);
+  if (at != end && *at == '.') {
+    for (++at; at != end && is_figure(*at); ++at, --number.power) number.take(*at);
+  }
+  if (at != end) number.power += exponent_at(at + 1, end);
+  return number.text();
+}
+
+/// The value that a stream extracts from a whole run, which begins behind the sign. A run that ends in its exponent's letter or
+/// sign, or has no figures, is none.
+template <typename Floating>
+Floating read_run_from_stream(const char* at, const char* end, bool is_negative) {
+  const bool is_number = at != end && (is_figure(end[-1]) || (end[-1] == '.' && end - at > 1));
+  if (!is_number) return 0;
+  return read_from_stream<Floating>((is_negative ? "-" : "") + shortened(at, end), std::locale::classic());
+}
+
 template <typename Floating>
 Floating read_classic(std::string_view text) {
   const char* const end = text.data() + text.size();
@@ -99,11 +168,13 @@ Floating read_classic(std::string_view text) {
   Floating value = 0;
   if constexpr (std::is_same_v<Floating, long double>) {
     if (read_exact(unsigned_begin, run_end, value)) return *begin == '-' ? -value : value;
+    if (!from_chars_reads_long_double())
+      return read_run_from_stream<Floating>(unsigned_begin, run_end, number != unsigned_begin);
   }
   const auto [read_to, error] = std::from_chars(number, run_end, value);
   // Too large fails in a stream, too small does not: it knows which, and that the zero keeps its sign.
   if (error == std::errc::result_out_of_range)
-    return read_from_stream<Floating>({begin, run_end}, std::locale::classic());
+    return read_run_from_stream<Floating>(unsigned_begin, run_end, number != unsigned_begin);
   return error == std::errc{} && read_to == run_end ? value : Floating{0};
 }
 

@@ -237,11 +237,29 @@ TEST(str_to_floating, shortest_and_longest_forms_of_random_doubles_read_back) {
 }
 
 TEST(str_to_floating, very_long_texts_are_read_in_time) {
-  const std::string figures(1000000, '7');
-  expect_as_stream("0." + figures);
-  expect_as_stream("1e" + figures);
-  expect_as_stream(std::string(1000000, ' ') + "1");
-  expect_as_stream(std::string(1000000, '0') + "1");
+  const std::string figures(1'000'000, '7');
+  const auto expect = [](const std::string& text, long double value) {
+    EXPECT_EQ(convert::str_to_float(text), static_cast<float>(value));
+    EXPECT_EQ(convert::str_to_double(text), static_cast<double>(value));
+    EXPECT_EQ(convert::str_to_long_double(text), value);
+  };
+  expect("0." + figures, 7.0L / 9);
+  expect("1e" + figures, 0);
+  expect(std::string(1'000'000, ' ') + "1", 1);
+  expect(std::string(1'000'000, '0') + "1", 1);
+}
+
+TEST(str_to_floating, figure_a_million_places_behind_decides_a_tie) {
+  // Half of the distance between 1 and the next number, told in full; then a little more.
+  const std::string half_double = "1.00000000000000011102230246251565404236316680908203125";
+  const std::string half_long_double = "1.0000000000000000000542101086242752217003726400434970855712890625";
+  const std::string zeros(1'000'000, '0');
+  EXPECT_EQ(convert::str_to_double(half_double + zeros), 1);
+  EXPECT_EQ(convert::str_to_double(half_double + zeros + '1'), std::nextafter(1.0, 2.0));
+  if (std::numeric_limits<long double>::digits != 64) GTEST_SKIP() << "half of another distance";
+  EXPECT_EQ(convert::str_to_long_double(half_long_double + zeros), 1);
+  EXPECT_EQ(convert::str_to_long_double(half_long_double + zeros + '1'), std::nextafter(1.0L, 2.0L));
+  EXPECT_EQ(convert::str_to_long_double('1' + zeros + '.' + zeros + "e-1000000"), 1);
 }
 
 /// Points are commas and thousands are grouped by points.
