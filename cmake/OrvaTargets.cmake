@@ -30,14 +30,26 @@ function(orva_library_files)
   set_property(GLOBAL APPEND PROPERTY ORVA_PUBLIC_HEADERS ${arg_HEADERS})
 endfunction()
 
-# orva_test(<name> SOURCES <files> [LIBRARIES <libraries>]): one test program, each of its tests a test of CTest.
-# Internal headers of the library may be included, but only exported names link.
+# orva_test(<name> SOURCES <files> [LIBRARY_SOURCES <files below orva/>] [LIBRARIES <libraries>]): one test program, each of its
+# tests a test of CTest. Internal headers of the library may be included, but only exported names link; what else a
+# test is about, it compiles for itself as LIBRARY_SOURCES.
 function(orva_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
-  add_executable(${name} ${arg_SOURCES})
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARY_SOURCES;LIBRARIES")
+  list(TRANSFORM arg_LIBRARY_SOURCES PREPEND ${PROJECT_SOURCE_DIR}/orva/)
+  add_executable(${name} ${arg_SOURCES} ${arg_LIBRARY_SOURCES})
   orva_compile_options(${name})
+  if(arg_LIBRARY_SOURCES)
+    # To Windows, what a program defines cannot be what it imports.
+    target_compile_definitions(${name} PRIVATE ORVA_BUILDING_LIBRARY)
+  endif()
   target_link_libraries(${name} PRIVATE orva::orva orva_test_support GTest::gmock GTest::gtest_main ${arg_LIBRARIES})
-  gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+  if(CMAKE_CROSSCOMPILING_EMULATOR)
+    # To start the emulator takes longer than most tests do.
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 900)
+  else()
+    gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 300)
+  endif()
 endfunction()
 
 # orva_benchmark(<name> SOURCES <files> [LIBRARIES <libraries>]): one benchmark program.

@@ -68,8 +68,8 @@ void xmc_file_loader::parse_catalog_content(Iterator& it, Iterator end, const us
   ++it;
 }
 
-template void xmc_file_loader::parse_catalog(xmc::token_iterator&, xmc::token_iterator);
-template void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::view_iterator);
+template ORVA_API void xmc_file_loader::parse_catalog(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::view_iterator);
 
 void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
   unsorted_messages one;

@@ -160,10 +160,10 @@ void xmc_file_loader::parse_ignorable(Iterator& it, Iterator end) {
   while (it != end && is_ignorable(it->type())) ++it;
 }
 
-template void xmc_file_loader::parse_xmc_header(xmc::token_iterator&, xmc::token_iterator);
-template void xmc_file_loader::parse_include(xmc::token_iterator&, xmc::token_iterator);
-template void xmc_file_loader::parse_ignorable(xmc::token_iterator&, xmc::token_iterator);
-template void xmc_file_loader::parse_ignorable(xmc::view_iterator&, xmc::view_iterator);
+template ORVA_API void xmc_file_loader::parse_xmc_header(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API void xmc_file_loader::parse_include(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API void xmc_file_loader::parse_ignorable(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API void xmc_file_loader::parse_ignorable(xmc::view_iterator&, xmc::view_iterator);
 
 void xmc_file_loader::reset() { data_.clear(); }
 

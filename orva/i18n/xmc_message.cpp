@@ -168,9 +168,9 @@ message_item xmc_file_loader::parse_message_arg(Iterator& it, Iterator end) {
   return message_item(std::move(name.append(attributes)), type);
 }
 
-template message_t xmc_file_loader::parse_message(xmc::token_iterator&, xmc::token_iterator);
-template message_t xmc_file_loader::parse_message(xmc::view_iterator&, xmc::view_iterator);
-template message_item xmc_file_loader::parse_message_arg(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API message_t xmc_file_loader::parse_message(xmc::token_iterator&, xmc::token_iterator);
+template ORVA_API message_t xmc_file_loader::parse_message(xmc::view_iterator&, xmc::view_iterator);
+template ORVA_API message_item xmc_file_loader::parse_message_arg(xmc::token_iterator&, xmc::token_iterator);
 
 message_item::type_t xmc_file_loader::parse_message_type(std::string_view word) const {
   struct type_word {

@@ -7,6 +7,8 @@
 
 #include "orva/config/user_item.hpp"
 #include "tests/config/config_files.hpp"
+#include "tests/support/entries.hpp"
+#include "tests/support/native_path.hpp"
 #include "tests/support/working_directory.hpp"
 
 namespace {
@@ -30,7 +32,7 @@ class file_search : public testing::Test {
     file_item item(name);
     EXPECT_TRUE(item.load(items_));
     const std::string taken = item.get_filename();
-    const std::string prefix = directory_.name() + '/';
+    const std::string prefix = directory_.name() + separator;
     return (taken.starts_with(prefix) ? taken.substr(prefix.size()) : taken) + ' ' + value_of(item, "k");
   }
 
@@ -52,7 +54,8 @@ TEST_F(file_search, key_names_the_file) {
 
 TEST_F(file_search, first_item_that_names_a_file_which_opens_decides) {
   directory_.make_directory("directory");
-  std::filesystem::create_symlink(directory_.write("target.cfg", "k=0\n"), directory_.file("link.cfg"));
+  directory_.write("target.cfg", "k=0\n");
+  orva_test::make_link("target.cfg", directory_.file("link.cfg"));
   add("other", "x");
   add("cfg_file", directory_.file("missing.cfg"));
   add("cfg_file", directory_.file("directory"));
@@ -91,7 +94,8 @@ TEST_F(file_search, program_without_a_dot_in_its_name_looks_for_a_file_without_a
 }
 
 TEST_F(file_search, link_to_a_file_does_not_open) {
-  std::filesystem::create_symlink(directory_.write("target.cfg", "k=0\n"), directory_.file("app.cfg"));
+  directory_.write("target.cfg", "k=0\n");
+  if (!orva_test::make_link("target.cfg", directory_.file("app.cfg"))) GTEST_SKIP() << orva_test::no_links;
   add("application.name.raw", "app");
   EXPECT_EQ(found(), " (none)");
 }

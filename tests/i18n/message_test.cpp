@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "tests/support/attribute_string.hpp"
+#include "tests/support/debug_output.hpp"
 
 namespace {
 
@@ -19,17 +20,10 @@ using generic::varg_list;
 using i18n::message_item;
 using i18n::message_t;
 using orva_test::attribute_string;
+using orva_test::debug_output_of;
 using strings::ustring8;
 using types::nil;
 using types::variant;
-
-/// Runs `body` and returns what it sent to the debug output.
-template <typename Body>
-std::string debug_output_of(Body body) {
-  testing::internal::CaptureStderr();
-  body();
-  return testing::internal::GetCapturedStderr();
-}
 
 message_item placeholder(const char* data, message_item::type_t type) {
   return {attribute_string(data), type};

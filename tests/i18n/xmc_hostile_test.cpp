@@ -7,6 +7,7 @@
 
 #include "orva/i18n/message_catalogs.hpp"
 #include "tests/i18n/xmc_reading.hpp"
+#include "tests/support/entries.hpp"
 #include "tests/support/temporary_directory.hpp"
 
 namespace {
@@ -103,17 +104,10 @@ TEST(xmc_hostile, many_pieces_and_attributes) {
   EXPECT_EQ(result.message("m").argument_count(), 50001u);
 }
 
-/// False where the system or the user's rights have no symbolic links.
-bool make_link(const std::string& target, const std::string& link) {
-  std::error_code failure;
-  std::filesystem::create_symlink(target, link, failure);
-  return !failure;
-}
-
 TEST(xmc_hostile, directory_links_that_lead_back_up_end) {
   const temporary_directory directory;
   directory.write("app.xmc", xmc(app("de", "<msg name='m'>x</msg>")));
-  if (!make_link(".", directory.file("again"))) GTEST_SKIP() << "no symbolic links";
+  if (!make_link(".", directory.file("again"))) GTEST_SKIP() << no_links;
   message_catalogs catalogs;
   // One link is followed until the system refuses the path.
   EXPECT_EQ(catalogs.load(directory.name(), "de"), message_catalogs::no_error);
@@ -132,7 +126,7 @@ TEST(xmc_hostile, directory_links_that_lead_back_up_end) {
 TEST(xmc_hostile, link_to_a_file_reads_as_empty) {
   const temporary_directory directory;
   const std::string file = directory.write("app.txt", xmc(app("de", "<msg name='m'>x</msg>")));
-  if (!make_link(file, directory.file("link.xmc"))) GTEST_SKIP() << "no symbolic links";
+  if (!make_link(file, directory.file("link.xmc"))) GTEST_SKIP() << no_links;
   message_catalogs catalogs;
   EXPECT_EQ(catalogs.load(file, "de"), message_catalogs::no_error);
   EXPECT_EQ(catalogs.load(directory.file("link.xmc"), "de"), message_catalogs::xml_parse_error);

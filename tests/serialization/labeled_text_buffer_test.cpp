@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "orva/types/nil.hpp"
+#include "tests/support/wide_text.hpp"
 
 namespace {
 
@@ -153,7 +154,7 @@ TEST(labeled_text_buffer, pass_through_text_keeps_labels_and_groups_and_makes_by
   buffer labeled;
   labeled.add_value("number", 5);
   labeled.add_value("nothing", variant(nil));
-  labeled.add_value("wide", strings::ustring16(u"\u00E4"));
+  labeled.add_value("wide", orva_test::utf16(u"\u00E4"));
   labeled.create_group("g")->add_value("x", 1.5);
   buffer read(labeled.as_str());
   EXPECT_TRUE(read.retrieve_value("number").type() == typeid(std::string));

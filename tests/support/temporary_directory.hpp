@@ -14,6 +14,8 @@
 #include <string_view>
 #include <system_error>
 
+#include "tests/support/native_path.hpp"
+
 namespace orva_test {
 
 class temporary_directory {
@@ -38,29 +40,29 @@ class temporary_directory {
   const std::filesystem::path& path() const { return path_; }
 
   /// The directory itself, without a separator behind it.
-  std::string name() const { return path_.string(); }
+  std::string name() const { return text_of(path_); }
 
   /// The path of something in the directory: `file("logs/a.txt")`. It need not exist.
-  std::string file(std::string_view relative) const { return (path_ / relative).string(); }
+  std::string file(std::string_view relative) const { return text_of(path_ / path_of(relative)); }
 
   /// Makes a directory, missing parents too, and returns its path.
   std::string make_directory(std::string_view relative) const {
-    std::filesystem::create_directories(path_ / relative);
+    std::filesystem::create_directories(path_ / path_of(relative));
     return file(relative);
   }
 
   /// Writes a file, its missing parents too, and returns its path.
   std::string write(std::string_view relative, std::string_view contents) const {
-    const auto target = path_ / relative;
+    const auto target = path_ / path_of(relative);
     std::filesystem::create_directories(target.parent_path());
     std::ofstream stream(target, std::ios::binary);
     stream.write(contents.data(), static_cast<std::streamsize>(contents.size()));
-    if (!stream.flush()) throw std::runtime_error("could not write " + target.string());
-    return target.string();
+    if (!stream.flush()) throw std::runtime_error("could not write " + text_of(target));
+    return text_of(target);
   }
 
   std::string read(std::string_view relative) const {
-    std::ifstream stream(path_ / relative, std::ios::binary);
+    std::ifstream stream(path_ / path_of(relative), std::ios::binary);
     if (!stream) throw std::runtime_error("could not read " + file(relative));
     return {std::istreambuf_iterator<char>(stream), {}};
   }

@@ -4,12 +4,13 @@
 
 #include "orva/platform/directory_listing.hpp"
 #include "orva/system/file_utility.hpp"
+#include "tests/support/native_path.hpp"
 
 namespace ORVA_2_18::platform {
 
 /// Reports "first", "." and "second", all of them readable files.
 directory_listing::directory_listing(const native_string&, detail) {
-  for (const auto* name : {"first", ".", "second"}) add(name);
+  for (const std::string name : {"first", ".", "second"}) add(native_string(name.begin(), name.end()));
   for (auto& reported : entries_) reported.status = {true, false, true, true};
 }
 
@@ -23,16 +24,17 @@ void directory_listing::add(native_view name) {
 namespace {
 
 using ORVA_2_18::strings::ustring8;
+using orva_test::native;
 namespace sys = ORVA_2_18::system;
 
 TEST(list_directory, first_entry_is_lost_where_it_is_not_the_dot) {
-  EXPECT_EQ(sys::list_directory("d"), (std::vector<ustring8>{"d/second"}));
+  EXPECT_EQ(sys::list_directory("d"), (std::vector<ustring8>{native("d/second")}));
 }
 
 TEST(get_directory_files, first_entry_is_kept_where_it_is_not_the_dot) {
   std::vector<ustring8> files;
   sys::get_directory_files("d", files);
-  EXPECT_EQ(files, (std::vector<ustring8>{"d/first", "d/second"}));
+  EXPECT_EQ(files, (std::vector<ustring8>{native("d/first"), native("d/second")}));
 }
 
 }  // namespace

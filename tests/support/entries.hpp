@@ -1,0 +1,31 @@
+/// Entries of a directory that not every system can make. A test that needs one says why it is skipped where there is none.
+#pragma once
+
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+
+#include "tests/support/native_path.hpp"
+
+namespace orva_test {
+
+inline constexpr const char* no_links = "no symbolic links can be made here";
+
+/// Makes a symbolic link, and says whether it is there. Some systems have none, or not for everybody.
+inline bool make_link(std::string_view target, std::string_view link) {
+  std::error_code failure;
+  std::filesystem::create_symlink(path_of(target), path_of(link), failure);
+  return !failure && std::filesystem::is_symlink(path_of(link), failure);
+}
+
+inline constexpr const char* always_readable = "every file and directory has the owner's read bit here";
+
+/// Sets the bits of an entry's mode, and says whether it has them now.
+inline bool set_mode(std::string_view path, unsigned mode) {
+  const auto wanted = static_cast<std::filesystem::perms>(mode);
+  std::error_code failure;
+  std::filesystem::permissions(path_of(path), wanted, failure);
+  return !failure && std::filesystem::status(path_of(path), failure).permissions() == wanted;
+}
+
+}  // namespace orva_test

@@ -1,0 +1,38 @@
+/// Paths as the system writes them.
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+#include "orva/strings/ustring_for.hpp"
+
+namespace orva_test {
+
+inline constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
+
+/// Whether the system is Windows, or answers as if it was.
+inline constexpr bool on_windows = separator == '\\';
+
+/// `path` with the system's separators for its slashes.
+template <typename Path>
+ORVA_2_18::strings::ustring_for<Path> native(const Path& path) {
+  ORVA_2_18::strings::ustring_for<Path> result(path);
+  using unit = typename ORVA_2_18::strings::ustring_for<Path>::value_type;
+  std::replace(result.begin(), result.end(), unit{'/'}, unit{separator});
+  return result;
+}
+
+/// The standard library's path of UTF-8 text, whatever encoding it takes bytes for.
+inline std::filesystem::path path_of(std::string_view utf8) {
+  return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
+}
+
+/// And back, with the system's separators.
+inline std::string text_of(std::filesystem::path path) {
+  const std::u8string utf8 = path.make_preferred().u8string();
+  return {utf8.begin(), utf8.end()};
+}
+
+}  // namespace orva_test

@@ -1,0 +1,14 @@
+/// `utf16`, `utf32`: the literals of those encodings in the library's strings, whose units have other types on some
+/// systems.
+#pragma once
+
+#include <string_view>
+
+#include "orva/strings/ustring.hpp"
+
+namespace orva_test {
+
+inline ORVA_2_18::strings::ustring16 utf16(std::u16string_view units) { return {units.begin(), units.end()}; }
+inline ORVA_2_18::strings::ustring32 utf32(std::u32string_view units) { return {units.begin(), units.end()}; }
+
+}  // namespace orva_test
