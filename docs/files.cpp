@@ -22,12 +22,15 @@ int main() {
   std::filesystem::remove_all("orva_files_guide");
   std::cout << std::boolalpha;
 
-  std::cout << "created: " << orva::system::create_directory("orva_files_guide/logs/old") << '\n';
-  std::cout << "again: " << orva::system::create_directory("orva_files_guide/logs/old") << '\n';
+  // Missing parents are made at the system's own separators.
+  const std::string old_logs = std::filesystem::path("orva_files_guide/logs/old").make_preferred().string();
+  std::cout << "created: " << orva::system::create_directory(old_logs) << '\n';
+  std::cout << "again: " << orva::system::create_directory(old_logs) << '\n';
   std::filesystem::current_path("orva_files_guide");
 
   std::cout << "stored: " << orva::system::store_file("logs/today.txt", "\xEF\xBB\xBFstarted\n") << '\n';
-  orva::system::store_file(u"logs/old/jour f\u00E9ri\u00E9.txt", "closed\n");
+  const auto wide = orva::strings::utf8_to_utf16("logs/old/jour f\xC3\xA9ri\xC3\xA9.txt");
+  orva::system::store_file(wide, "closed\n");
 
   ustring8 text = "what was there before";
   std::cout << "missing: " << load("logs/none.txt", text) << ", " << text << '\n';

@@ -4,8 +4,6 @@
 //
 // See README.md beside this file.
 
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdlib>
 #include <exception>
@@ -132,9 +130,9 @@ int run(const disk_free::settings& settings) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv, char** environment) {
   try {
-    const disk_free::settings settings(argc, argv, environ, disk_free::program_directory());
+    const disk_free::settings settings(argc, argv, environment, disk_free::program_directory());
     if (!settings.dump()) return run(settings);
     std::cout << settings.all();
     return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;

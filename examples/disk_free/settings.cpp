@@ -9,9 +9,18 @@ namespace config = orva::config;
 using orva::strings::ustring8;
 using orva::types::variant;
 
+namespace {
+
+std::string utf8_of(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+}  // namespace
+
 settings::settings(int argc, const char* const* argv, const char* const* environment,
                    const std::filesystem::path& directory)
-    : directory_(directory.string()) {
+    : directory_(utf8_of(directory)) {
   config_.init(config::std_config_dispatch(argc, argv, environment, directory_ + "/disk_free.cfg", ""));
   config_.load();
   make_links();

@@ -5,9 +5,9 @@ cmake_minimum_required(VERSION 3.22)
 #   CODE                   the exit code it must end with
 #   OUTPUT                 a file that holds its whole standard output (empty output if not given)
 #   ERROR                  the text of its standard error without the last line end, in which @FOLDER@ stands for FOLDER
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/RunProgram.cmake)
 string(REPLACE "|" ";" arguments "${ARGUMENTS}")
-execute_process(COMMAND ${PROGRAM} ${arguments}
-  OUTPUT_VARIABLE output ERROR_VARIABLE error RESULT_VARIABLE code)
+run_program(output error code ${PROGRAM} ${arguments})
 string(REGEX REPLACE "\n$" "" error "${error}")
 
 set(expected "")
@@ -17,7 +17,8 @@ endif()
 string(REPLACE "@FOLDER@" "${FOLDER}" expected_error "${ERROR}")
 
 function(compare what wanted found)
-  if(NOT wanted STREQUAL found)
+  has_text(has_all "<${wanted}>" "<${found}>")
+  if(NOT has_all)
     message(SEND_ERROR "${what} should be\n${wanted}\nand is\n${found}")
   endif()
 endfunction()

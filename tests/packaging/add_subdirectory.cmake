@@ -6,4 +6,4 @@ file(REMOVE_RECURSE ${build})
 run(${CMAKE_COMMAND} -S ${HERE}/subproject -B ${build} -G ${GENERATOR} -DORVA_SOURCE_DIR=${SOURCE_DIR}
   -DCMAKE_CXX_COMPILER=${CXX} -DCMAKE_CXX_FLAGS=-O0)
 run(${CMAKE_COMMAND} --build ${build} --parallel 2)
-expect_message(${build}/consumer)
+expect_message(${build}/consumer${suffix})

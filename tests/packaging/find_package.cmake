@@ -3,10 +3,10 @@ include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 set(build ${WORK_DIR}/find_package)
 file(REMOVE_RECURSE ${build})
 set(configure ${CMAKE_COMMAND} -S ${HERE}/consumer -B ${build} -G ${GENERATOR} -DCMAKE_PREFIX_PATH=${PREFIX}
-  -DCMAKE_CXX_COMPILER=${CXX} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
+  ${compiler} "-DCMAKE_CXX_FLAGS=${CXX_FLAGS}")
 run(${configure} -DORVA_WANTED_VERSION=2.18)
 run(${CMAKE_COMMAND} --build ${build})
-expect_message(${build}/consumer)
+expect_message(${build}/consumer${suffix})
 
 # Another minor version has another namespace: asking for it must not find this one.
 foreach(version 2.17 2.19 3.0)

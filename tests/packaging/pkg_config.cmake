@@ -11,5 +11,5 @@ execute_process(COMMAND ${pkg_config} --cflags --libs orva OUTPUT_VARIABLE flags
 separate_arguments(flags UNIX_COMMAND "${flags}")
 separate_arguments(build_flags UNIX_COMMAND "${CXX_FLAGS}")
 run(${CXX} -std=c++20 ${build_flags} ${HERE}/consumer/main.cpp ${flags} -Wl,-rpath,${PREFIX}/${LIBDIR}
-  -o ${WORK_DIR}/pkg_config_consumer)
-expect_message(${WORK_DIR}/pkg_config_consumer)
+  -o ${WORK_DIR}/pkg_config_consumer${suffix})
+expect_message(${WORK_DIR}/pkg_config_consumer${suffix})

@@ -6,10 +6,24 @@ function(run)
   endif()
 endfunction()
 
-# expect_message(<program> ...): the consumer must run beside its catalog and tell its message.
-function(expect_message)
-  execute_process(COMMAND ${ARGV} WORKING_DIRECTORY ${HERE}/consumer RESULT_VARIABLE result OUTPUT_VARIABLE output)
+# expect_message(<program>): the consumer must run beside its catalog and tell its message.
+function(expect_message program)
+  set(ENV{WINEPATH} "${PREFIX}/bin")
+  execute_process(COMMAND ${EMULATOR} ${program} WORKING_DIRECTORY ${HERE}/consumer RESULT_VARIABLE result OUTPUT_VARIABLE output)
+  string(REPLACE "\r\n" "\n" output "${output}")
   if(NOT result EQUAL 0 OR NOT output STREQUAL "Frei: 53.7 GB\n")
-    message(FATAL_ERROR "${ARGV} ended with ${result} and said: ${output}")
+    message(FATAL_ERROR "${program} ended with ${result} and said: ${output}")
   endif()
 endfunction()
+
+if(WINDOWS)
+  set(suffix .exe)
+endif()
+
+# How a foreign project is told of the compiler: by itself, or by the toolchain file of a build for another system, which finds
+# packages under the roots that it is given.
+if(TOOLCHAIN)
+  set(compiler -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${PREFIX})
+else()
+  set(compiler -DCMAKE_CXX_COMPILER=${CXX})
+endif()

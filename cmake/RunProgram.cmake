@@ -1,0 +1,26 @@
+# run_program(<output> <error> <code> <program> [<arguments>...]): what a program writes and how it ends. EMULATOR runs it where the
+# system cannot; on Windows, told by the variable WINDOWS, lines end with one line feed as elsewhere.
+function(run_program output error code)
+  execute_process(COMMAND ${EMULATOR} ${ARGN} OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE result)
+  if(WINDOWS)
+    string(REPLACE "\r\n" "\n" out "${out}")
+    string(REPLACE "\r\n" "\n" err "${err}")
+  endif()
+  set(${output} "${out}" PARENT_SCOPE)
+  set(${error} "${err}" PARENT_SCOPE)
+  set(${code} "${result}" PARENT_SCOPE)
+endfunction()
+
+# has_text(<result> <wanted> <found>): whether `found` has the text `wanted` in it. On Windows, either separator of a path is as good.
+function(has_text result wanted found)
+  if(WINDOWS)
+    string(REPLACE "\\" "/" wanted "${wanted}")
+    string(REPLACE "\\" "/" found "${found}")
+  endif()
+  string(FIND "${found}" "${wanted}" at)
+  if(at EQUAL -1)
+    set(${result} FALSE PARENT_SCOPE)
+  else()
+    set(${result} TRUE PARENT_SCOPE)
+  endif()
+endfunction()
