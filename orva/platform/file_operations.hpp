@@ -23,6 +23,9 @@ file_status status(const native_string& path);
 /// True if this call made the directory: not if it was there, not if its parent is missing.
 bool make_directory(const native_string& path);
 
+/// The same by the call of the C runtime, which leaves in `errno` why it failed.
+void runtime_mkdir(const native_string& path);
+
 /// Gives `from` the name `to`, which must be free: nothing is replaced.
 bool rename(const native_string& from, const native_string& to);
 

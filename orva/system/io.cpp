@@ -14,7 +14,7 @@ bool exists(const path_argument& path) { return platform::status(native(path)).e
 bool is_directory(const path_argument& path) { return platform::status(native(path)).is_directory; }
 bool is_file(const path_argument& path) { return platform::status(native(path)).is_file; }
 
-void mkdir(const path_argument& path) { platform::make_directory(native(path)); }
+void mkdir(const path_argument& path) { platform::runtime_mkdir(native(path)); }
 
 void move(const path_argument& to, const path_argument& from) { platform::rename(native(from), native(to)); }
 

@@ -1,4 +1,5 @@
-// Configuration files as people write them, in `files/` with the expected keys beside them; files that are made at random from
+// Configuration files as people write them, in `files/` with the expected keys and what saving them gives beside
+// them; files that are made at random from
 // known keys; and files that are cut and damaged.
 #include <gtest/gtest.h>
 
@@ -66,15 +67,17 @@ struct example {
   std::string name;
   std::string text;
   std::string keys;
+  std::string saved;
 };
 
 std::vector<example> examples() {
   std::vector<example> all;
   for (const auto& entry : std::filesystem::directory_iterator(CONFIG_FILES)) {
     if (entry.path().extension() != ".cfg") continue;
-    auto keys = entry.path();
-    all.push_back(
-        {entry.path().stem().string(), read_file(entry.path()), read_file(keys.replace_extension(".keys"))});
+    auto beside = entry.path();
+    all.push_back({entry.path().stem().string(), read_file(entry.path()),
+                   read_file(beside.replace_extension(".keys")),
+                   read_file(beside.replace_extension(".saved"))});
   }
   return all;
 }
@@ -83,6 +86,16 @@ TEST(config_files, have_the_keys_that_stand_beside_them) {
   const auto all = examples();
   EXPECT_GE(all.size(), 30u);
   for (const example& each : all) EXPECT_EQ(keys_in(each.text), each.keys) << each.name;
+}
+
+TEST(config_files, saved_again_are_the_bytes_that_lie_beside_them) {
+  const temporary_directory directory;
+  for (const example& each : examples()) {
+    file_item item(directory.write(each.name, each.text));
+    item.load();
+    item.save();
+    EXPECT_EQ(directory.read(each.name), each.saved) << each.name;
+  }
 }
 
 TEST(config_files, read_the_same_with_both_line_ends) {

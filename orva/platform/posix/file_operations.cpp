@@ -19,6 +19,8 @@ file_status status(const native_string& path) {
 
 bool make_directory(const native_string& path) { return calls::mkdir(c_path(path), 0777) == 0; }
 
+void runtime_mkdir(const native_string& path) { make_directory(path); }
+
 bool rename(const native_string& from, const native_string& to) {
   if (calls::rename_without_replacing(c_path(from), c_path(to)) == 0) return true;
   if (errno != EINVAL && errno != ENOSYS) return false;

@@ -16,6 +16,8 @@ file_status status(const native_string& path) { return windows::status_of_path(c
 
 bool make_directory(const native_string& path) { return ::CreateDirectoryW(c_path(path), nullptr) != 0; }
 
+void runtime_mkdir(const native_string& path) { ::_wmkdir(c_path(path)); }
+
 // The runtime's rename replaces nothing here.
 bool rename(const native_string& from, const native_string& to) {
   return ::_wrename(c_path(from), c_path(to)) == 0;
