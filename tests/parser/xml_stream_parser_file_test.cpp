@@ -2,9 +2,11 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <string_view>
+#include <system_error>
 
 #include "orva/parser/xml_stream_parser.hpp"
 #include "orva/strings/unicode.hpp"
@@ -117,6 +119,20 @@ TEST(xml_stream_parser_file, offset_never_goes_back) {
     last = parser.parse_offset();
   }
   EXPECT_EQ(last, parser.file_length());
+}
+
+TEST(xml_stream_parser_file, larger_than_32_bits_can_tell_is_read_by_the_window) {
+  const temporary_directory directory;
+  const std::string path = directory.write("feed.xml", small);
+  for (const std::uintmax_t size : {0x1'0000'0000U, 0x1'0000'0001U, 0x2'0000'0000U}) {
+    std::error_code refused;
+    std::filesystem::resize_file(path, size, refused);
+    if (refused) GTEST_SKIP() << "no room for a file with a hole";
+    xml_stream_parser parser(path, 1);
+    EXPECT_EQ(parser.file_length(), static_cast<long long>(size));
+    EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document) << size;
+    EXPECT_FALSE(parser.node_queue_empty()) << size;
+  }
 }
 
 TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_error) {
