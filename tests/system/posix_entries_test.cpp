@@ -21,6 +21,7 @@
 #include "orva/system/io.hpp"
 #include "tests/support/entries.hpp"
 #include "tests/support/temporary_directory.hpp"
+#include "tests/support/wide_text.hpp"
 #include "tests/support/working_directory.hpp"
 
 namespace {
@@ -249,8 +250,8 @@ TEST(get_directory_files, directory_that_utf32_cannot_name_leads_nowhere_else) {
   // What utf32_to_utf16 makes of it: it must not lead the walk there, round and round.
   directory.write("-1/\xED\xA0\x80/file", "");
   std::vector<strings::ustring32> files;
-  sys::get_directory_files(U"d", files);
-  sys::get_directory_files(U"-1", files);
+  sys::get_directory_files(orva_test::utf32(U"d"), files);
+  sys::get_directory_files(orva_test::utf32(U"-1"), files);
   EXPECT_TRUE(files.empty());
   EXPECT_EQ(files_below("d").size(), 1u);
 }
