@@ -130,7 +130,7 @@ struct scaled_figures {
 
 /// The exponent that a number ends with, no further from zero than that sums of it cannot wrap.
 std::int64_t exponent_at(const char* at, const char* end) {
-  constexpr std::int64_t furthest = std::int64_t{1} << 60;
+  constexpr std::int64_t furthest = std::int64_t{1} << 59;
   const bool is_negative = *at == '-';
   std::int64_t value = 0;
   for (at += is_sign(*at); at != end && value < furthest; ++at) value = value * 10 + (*at - '0');
