@@ -287,6 +287,13 @@ TEST(create_directory, leading_separator_is_skipped) {
   EXPECT_TRUE(std::filesystem::is_directory(directory.file("a/b")));
 }
 
+TEST(create_directory, parents_are_made_at_the_systems_own_separator_only) {
+  const temporary_directory directory;
+  const working_directory current(directory.path());
+  sys::create_directory(orva_test::on_windows ? "a/b" : "a\\b");
+  EXPECT_FALSE(std::filesystem::exists("a"));
+}
+
 TEST(create_directory, file_in_the_place_of_a_parent_makes_nothing) {
   const temporary_directory directory;
   directory.write("a/b", "");
