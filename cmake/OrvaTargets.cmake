@@ -55,6 +55,13 @@ function(orva_test name)
   endif()
 endfunction()
 
+# orva_test_elsewhere(<name> <why>): stands for a test that the system built for cannot run. CTest shows it as skipped, and why
+# with -V.
+function(orva_test_elsewhere name why)
+  add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "${why}")
+  set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION ".")
+endfunction()
+
 # orva_benchmark(<name> SOURCES <files> [LIBRARIES <libraries>]): one benchmark program.
 function(orva_benchmark name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LIBRARIES")
