@@ -3,8 +3,6 @@
 
 #include "tests/support/child_process.hpp"
 
-#if !defined(_WIN32)
-
 namespace {
 
 using orva_test::child_result;
@@ -74,5 +72,3 @@ TEST(config_process, environment_of_a_child_is_read) {
 }
 
 }  // namespace
-
-#endif

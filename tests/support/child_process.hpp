@@ -1,7 +1,7 @@
-/// `run_child`: runs a program with arguments and an environment of its own, and collects what it writes.
+/// `run_child`: runs a program with arguments and an environment of its own, and collects what it writes. For the
+/// systems that have `posix_spawn`.
 #pragma once
 
-#if !defined(_WIN32)
 #include <spawn.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -65,4 +65,3 @@ inline child_result run_child(const std::string& program, std::vector<std::strin
 }
 
 }  // namespace orva_test
-#endif
