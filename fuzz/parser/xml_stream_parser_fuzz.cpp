@@ -62,7 +62,8 @@ transcript follow(Parser& parser, const plan& plan, Grow grow) {
   return seen;
 }
 
-/// A comment that goes wrong behind the edge is told with an offset of its own, since it is not kept.
+/// A comment that goes wrong behind the edge is told with an offset of its own, since it is not kept. So is one that goes wrong
+/// behind what was the end of the file.
 void strip_offsets(transcript& seen) {
   for (auto& entry : seen) {
     for (std::size_t at = 0; (at = entry.find(" offset ", at)) != entry.npos;) {
@@ -96,7 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   transcript actual = follow(parser, plan, [&] { file.append(rest); });
   orva_test::reference_xml_stream reference(std::string(first), plan.open_depth);
   transcript expected = follow(reference, plan, [&] { reference.append(std::string(rest)); });
-  if (document.size() >= window) {
+  const bool grew_in_a_comment = !rest.empty() && first.find("<!--") != first.npos;
+  if (document.size() >= window || grew_in_a_comment) {
     strip_offsets(actual);
     strip_offsets(expected);
   }
