@@ -61,6 +61,12 @@ class reference_xml_stream {
   /// What a file that grows has more of.
   void append(const std::string& more) { text_ += more; }
 
+  /// The same where a parser has read the file to its end before: what is behind that end, it reads later.
+  void append_behind_edge(const std::string& more) {
+    edge_ = text_.size();
+    append(more);
+  }
+
   int parse() {
     if (error_ >= fatal_error || finished()) return error_;
     if (!synchronized_) return error_ = not_synchronized;
@@ -286,6 +292,7 @@ class reference_xml_stream {
 
   void comment_rest() {
     for (; left() >= 4; ++at_) {
+      if (edge_ != 0 && at_ <= edge_ && at_ + 4 > edge_) pass_edge();
       if (text_[at_] == '\n') ++line_;
       if (!at("--")) continue;
       if (!at("-->")) throw stop{unexpected_character};
@@ -299,6 +306,14 @@ class reference_xml_stream {
     mark_ = at_;
     mark_line_ = line_;
     throw stop{incomplete};
+  }
+
+  /// What is in front of the edge is forgotten when what is behind it is read.
+  void pass_edge() {
+    edge_ = 0;
+    in_comment_ = true;
+    mark_ = at_;
+    mark_line_ = line_;
   }
 
   void slash() {
@@ -412,6 +427,7 @@ class reference_xml_stream {
   int error_ = no_error;
   bool header_done_ = false;
   bool in_tag_ = false;
+  std::size_t edge_ = 0;
   bool in_comment_ = false;
   bool awaiting_close_ = false;
   bool root_closed_ = false;
