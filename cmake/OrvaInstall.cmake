@@ -9,7 +9,8 @@ install(TARGETS orva EXPORT orva
   RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
 get_property(headers GLOBAL PROPERTY ORVA_PUBLIC_HEADERS)
-foreach(header ${headers})
+get_property(internals GLOBAL PROPERTY ORVA_INSTALLED_INTERNALS)
+foreach(header ${headers} ${internals})
   get_filename_component(folder ${header} DIRECTORY)
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()

@@ -2,6 +2,8 @@
 /// marked here can change without breaking a program that is already linked.
 #pragma once
 
+#include "orva/version.hpp"
+
 #if defined(_WIN32)
 #if defined(ORVA_BUILDING_LIBRARY)
 #define ORVA_API __declspec(dllexport)

@@ -1,4 +1,4 @@
-/// Everything at once: every public header of the library, and the short name `orva` for its namespace.
+/// Every public header of the library.
 #pragma once
 
 // config
@@ -82,7 +82,6 @@
 #include "orva/system/date_time/date.hpp"
 #include "orva/system/date_time/date_duration.hpp"
 #include "orva/system/date_time/date_time.hpp"
-#include "orva/system/date_time/day_number.hpp"
 #include "orva/system/date_time/time.hpp"
 #include "orva/system/date_time/time_duration.hpp"
 #include "orva/system/date_time/timer.hpp"
@@ -94,14 +93,10 @@
 #include "orva/types/basic_absolute_impl.hpp"
 #include "orva/types/color_t.hpp"
 #include "orva/types/device_unit.hpp"
-#include "orva/types/floating_truncation.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/radix.hpp"
 #include "orva/types/variant.hpp"
 #include "orva/types/variant_type.hpp"
-#include "orva/types/wrapping.hpp"
-
-/// The version stands in the namespace, so that two versions can live in one process; source code follows the
-/// alias.
-namespace orva = ORVA_2_18;
+// version
+#include "orva/version.hpp"

@@ -19,12 +19,12 @@
 
 namespace {
 
-using namespace ORVA_2_18::config;
+using namespace ORVA_NAMESPACE::config;
 using boost::property_tree::ptree;
 using config_bench::link;
 using config_bench::source_count;
 using config_bench::wanted;
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::types::variant;
 
 void load_file_item(benchmark::State& state) {
   const std::string path = config_bench::file_path();
@@ -79,7 +79,7 @@ config_manager manager_with(int source) {
 
 void look_up_config_manager(benchmark::State& state) {
   const config_manager manager = manager_with(static_cast<int>(state.range(0)));
-  const ORVA_2_18::strings::ustring8 key = wanted;
+  const ORVA_NAMESPACE::strings::ustring8 key = wanted;
   const variant fallback = 100;
   for (auto _ : state) benchmark::DoNotOptimize(manager.get_value(key, fallback));
 }
@@ -111,7 +111,7 @@ BENCHMARK(look_up_property_tree)->ArgName("found_in")->Arg(0)->Arg(1)->Arg(2)->A
 
 void follow_link_config_manager(benchmark::State& state) {
   const config_manager manager = manager_with(1);
-  const ORVA_2_18::strings::ustring8 key = link;
+  const ORVA_NAMESPACE::strings::ustring8 key = link;
   for (auto _ : state) benchmark::DoNotOptimize(manager.get_value(key));
 }
 BENCHMARK(follow_link_config_manager);

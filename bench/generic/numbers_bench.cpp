@@ -16,9 +16,9 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
-using radix = ORVA_2_18::types::radix_t;
-using ORVA_2_18::strings::code_unit16;
+namespace convert = ORVA_NAMESPACE::generic::convert;
+using radix = ORVA_NAMESPACE::types::radix_t;
+using ORVA_NAMESPACE::strings::code_unit16;
 
 constexpr std::size_t how_many = 4096;
 

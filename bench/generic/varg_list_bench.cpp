@@ -10,9 +10,9 @@
 
 namespace {
 
-using ORVA_2_18::generic::argument;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::generic::argument;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::strings::ustring8;
 using standard_variant = std::variant<std::monostate, bool, int, double, std::string>;
 using standard_list = std::vector<std::pair<std::string, standard_variant>>;
 

@@ -20,9 +20,9 @@
 namespace {
 
 namespace fs = std::filesystem;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::i18n::message_catalogs;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::i18n::message_catalogs;
+using ORVA_NAMESPACE::strings::ustring8;
 
 constexpr unsigned message_count = 20000;
 

@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::argument;
 using generic::varg_list;
 using i18n::message_item;

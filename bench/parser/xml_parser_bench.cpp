@@ -11,7 +11,7 @@
 
 namespace {
 
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::strings::ustring8;
 
 /// Counts what it is told, so that both sides show that they delivered the same.
 struct counter {
@@ -51,12 +51,12 @@ void report(benchmark::State& state, const counter& last, std::size_t document_s
 }
 
 void orva_xml_parser(benchmark::State& state) {
-  using text_handler = ORVA_2_18::functor::member_function_t<counter, void(const ustring8&)>;
+  using text_handler = ORVA_NAMESPACE::functor::member_function_t<counter, void(const ustring8&)>;
   using attribute_handler =
-      ORVA_2_18::functor::member_function_t<counter, void(const ustring8&, const ustring8&)>;
+      ORVA_NAMESPACE::functor::member_function_t<counter, void(const ustring8&, const ustring8&)>;
   const ustring8 document = bench::message_catalog();
   counter receiver;
-  ORVA_2_18::parser::xml_parser parser;
+  ORVA_NAMESPACE::parser::xml_parser parser;
   parser.on_element_start = text_handler(&receiver, &counter::take);
   parser.on_element_end = text_handler(&receiver, &counter::take);
   parser.on_character = text_handler(&receiver, &counter::take);

@@ -23,7 +23,7 @@ using bench::feed;
 using bench::measure;
 using bench::record;
 using bench::totals;
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 
 totals parse_with_orva() {
   totals result;

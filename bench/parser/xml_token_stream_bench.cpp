@@ -54,10 +54,10 @@ void report(benchmark::State& state, std::size_t tokens, std::size_t document_si
 }
 
 void orva_xml_token_stream(benchmark::State& state) {
-  const ORVA_2_18::strings::ustring8 document = bench::message_catalog();
+  const ORVA_NAMESPACE::strings::ustring8 document = bench::message_catalog();
   std::size_t tokens = 0;
   for (auto _ : state) {
-    ORVA_2_18::parser::xml_token_stream stream;
+    ORVA_NAMESPACE::parser::xml_token_stream stream;
     if (stream.parse(document).type != 0) state.SkipWithError("parse error");
     tokens = stream.size();
   }

@@ -9,10 +9,10 @@
 
 namespace {
 
-using ORVA_2_18::serialization::labeled_serialize_buffer;
-using ORVA_2_18::serialization::labeled_text_buffer;
 using orva_bench::labeled_tree;
 using orva_bench::sample_tree;
+using ORVA_NAMESPACE::serialization::labeled_serialize_buffer;
+using ORVA_NAMESPACE::serialization::labeled_text_buffer;
 
 void fill(labeled_serialize_buffer& buffer, const labeled_tree& tree) {
   for (const auto& [label, value] : tree.values) buffer.add_value(label, value);

@@ -13,7 +13,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE::serialization;
 using orva_bench::record;
 using orva_bench::sample_records;
 

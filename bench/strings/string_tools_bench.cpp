@@ -15,7 +15,7 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
+namespace strings = ORVA_NAMESPACE::strings;
 
 /// Lines of words of mixed length, separated by commas, with a capital here and there.
 std::string table() {

@@ -17,8 +17,8 @@
 namespace {
 
 using orva_test::temporary_directory;
-namespace strings = ORVA_2_18::strings;
-namespace sys = ORVA_2_18::system;
+namespace strings = ORVA_NAMESPACE::strings;
+namespace sys = ORVA_NAMESPACE::system;
 
 constexpr std::size_t large_size = 64u << 20;
 

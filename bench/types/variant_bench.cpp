@@ -15,7 +15,7 @@
 
 namespace {
 
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::types::variant;
 using standard_variant =
     std::variant<std::monostate, bool, int, unsigned int, std::int64_t, double, std::string>;
 

@@ -26,7 +26,7 @@ bool ask_file_system(const wchar_t* root, file_system& result) {
   const UINT type = ::GetDriveTypeW(root);
   if (type != DRIVE_FIXED && type != DRIVE_REMOVABLE) return false;
   if (::GetDiskFreeSpaceExW(root, &free, &total, nullptr) == 0) return false;
-  result = {ORVA_2_18::strings::utf16_to_utf8(root), total.QuadPart, free.QuadPart};
+  result = {orva::strings::utf16_to_utf8(root), total.QuadPart, free.QuadPart};
   return true;
 }
 

@@ -14,8 +14,8 @@ namespace {
 
 using namespace orva_fuzz;
 using namespace orva_test;
-using ORVA_2_18::config::commandline_item;
-using ORVA_2_18::config::enviroment_item;
+using ORVA_NAMESPACE::config::commandline_item;
+using ORVA_NAMESPACE::config::enviroment_item;
 
 std::vector<std::string> words_of(std::string_view text) {
   std::vector<std::string> words;

@@ -10,7 +10,7 @@ namespace {
 
 using namespace orva_fuzz;
 using namespace orva_test;
-using ORVA_2_18::config::config_token;
+using ORVA_NAMESPACE::config::config_token;
 
 void compare_tokens(const std::string& text) {
   const auto tokens = tokens_of(text);

@@ -9,7 +9,7 @@
 namespace {
 
 using namespace orva_fuzz;
-using ORVA_2_18::config::file_item;
+using ORVA_NAMESPACE::config::file_item;
 
 }  // namespace
 

@@ -14,8 +14,8 @@
 namespace {
 
 using namespace orva_fuzz;
-using ORVA_2_18::config::file_item;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::config::file_item;
+using ORVA_NAMESPACE::strings::ustring8;
 
 /// One of sixteen bytes, so that few inputs are wasted on what is not promised.
 ustring8 harmless(std::string_view text, std::string_view letters) {
@@ -36,7 +36,7 @@ void set_lines(file_item& item, std::string_view text) {
   }
 }
 
-using value_entry = ORVA_2_18::config::base_config_item::value_entry;
+using value_entry = ORVA_NAMESPACE::config::base_config_item::value_entry;
 
 /// The last part of a name, with the dot before it.
 std::string_view last_part(std::string_view name) {

@@ -18,13 +18,13 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
-namespace exceptions = ORVA_2_18::exceptions;
-using ORVA_2_18::strings::code_unit16;
-using ORVA_2_18::strings::code_unit32;
+namespace convert = ORVA_NAMESPACE::generic::convert;
+namespace exceptions = ORVA_NAMESPACE::exceptions;
+using ORVA_NAMESPACE::strings::code_unit16;
+using ORVA_NAMESPACE::strings::code_unit32;
 using orva_test::read_result;
 using orva_test::reading;
-using radix = ORVA_2_18::types::radix_t;
+using radix = ORVA_NAMESPACE::types::radix_t;
 
 void require(bool condition) {
   if (!condition) std::abort();

@@ -14,7 +14,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::argument;
 using i18n::message_item;
 

@@ -7,9 +7,9 @@
 
 namespace {
 
-using ORVA_2_18::i18n::_private::load_error;
-using ORVA_2_18::i18n::_private::xmc_file_loader;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::i18n::_private::load_error;
+using ORVA_NAMESPACE::i18n::_private::xmc_file_loader;
+using ORVA_NAMESPACE::strings::ustring8;
 
 void require(bool condition) {
   if (!condition) std::abort();
@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
 
   xmc_file_loader::catalog_map catalogs;
   const auto stored = loader.combine_data(catalogs);
-  ORVA_2_18::types::uint32 messages = 0;
+  ORVA_NAMESPACE::types::uint32 messages = 0;
   for (const auto& entry : catalogs) messages += entry.second->size();
   require(stored == messages);
   require(loader.combine_data(catalogs) == stored);

@@ -15,7 +15,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_token_stream;
+using ORVA_NAMESPACE::parser::xml_token_stream;
 using token = xml_token_stream::token;
 using orva_test::xml_outcome;
 
@@ -71,7 +71,7 @@ void check_tokens(const std::string& text, const xml_outcome& outcome) {
     require(!outcome.overflowed && error.type == outcome.type && error.line == outcome.line &&
                 error.data == outcome.data,
             "the token stream ends otherwise than its parser");
-  } catch (const ORVA_2_18::exceptions::overflow_error&) {
+  } catch (const ORVA_NAMESPACE::exceptions::overflow_error&) {
     require(outcome.overflowed, "the token stream throws and its parser does not");
   }
   require_tokens_follow_events(stream, outcome);
@@ -82,7 +82,7 @@ void check_tokens(const std::string& text, const xml_outcome& outcome) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string bytes(reinterpret_cast<const char*>(data), size);
   for (const std::string& text : {bytes, "<?xml?>" + bytes}) {
-    ORVA_2_18::parser::xml_parser parser;
+    ORVA_NAMESPACE::parser::xml_parser parser;
     orva_test::reference_xml reference;
     const auto outcome = reference.parse(text);
     require_equal(orva_test::parse_with(parser, text), outcome, "first parse");

@@ -92,7 +92,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto rest = document.substr(plan.there_at_first);
 
   file.write(first);
-  ORVA_2_18::parser::xml_stream_parser parser(file.path(), plan.open_depth);
+  ORVA_NAMESPACE::parser::xml_stream_parser parser(file.path(), plan.open_depth);
   transcript actual = follow(parser, plan, [&] { file.append(rest); });
   using reference_xml_stream = orva_test::reference_xml_stream;
   const auto follow_reference = [&](auto grow) {

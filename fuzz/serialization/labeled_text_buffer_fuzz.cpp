@@ -11,7 +11,7 @@
 
 namespace {
 
-using ORVA_2_18::serialization::labeled_text_buffer;
+using ORVA_NAMESPACE::serialization::labeled_text_buffer;
 
 void require(bool condition) {
   if (!condition) std::abort();

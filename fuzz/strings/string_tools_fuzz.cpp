@@ -15,7 +15,7 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
+namespace strings = ORVA_NAMESPACE::strings;
 
 void require(bool condition) {
   if (!condition) std::abort();

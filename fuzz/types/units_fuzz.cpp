@@ -11,8 +11,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::types;
-using namespace ORVA_2_18::generic::convert;
+using namespace ORVA_NAMESPACE::types;
+using namespace ORVA_NAMESPACE::generic::convert;
 
 void require(bool condition) {
   if (!condition) std::abort();

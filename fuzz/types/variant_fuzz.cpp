@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using orva_test::wide;
 using types::variant;
 

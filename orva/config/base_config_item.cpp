@@ -2,11 +2,11 @@
 
 #include <ostream>
 
-#include "orva/config/dump_marks.hpp"
-#include "orva/config/lowered_key.hpp"
-#include "orva/config/token_scanner.hpp"
+#include "orva/config/internal/dump_marks.hpp"
+#include "orva/config/internal/lowered_key.hpp"
+#include "orva/config/internal/token_scanner.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 using _private::put;
 using _private::scan_token;
@@ -97,4 +97,4 @@ std::ostream& operator<<(std::ostream& stream, const base_config_item& item) {
   return stream;
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

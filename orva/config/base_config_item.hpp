@@ -23,7 +23,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class base_config_item;
 
@@ -119,4 +119,4 @@ class ORVA_API base_config_item
 /// As `dump`.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const base_config_item& item);
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -8,7 +8,7 @@
 
 #include "orva/strings/split.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 using generic::varg_list;
 using generic::abilities::create_dynamic;
@@ -151,4 +151,4 @@ void commandline_item::load_program_name() {
   set("application.name.raw", raw, 0);
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

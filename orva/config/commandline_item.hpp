@@ -26,7 +26,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API commandline_item : public base_config_item {
  public:
@@ -50,4 +50,4 @@ class ORVA_API commandline_item : public base_config_item {
   const char* const* argv_;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

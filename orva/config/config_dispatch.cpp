@@ -1,6 +1,6 @@
 #include "orva/config/config_dispatch.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 config_dispatch::~config_dispatch() = default;
 
@@ -16,4 +16,4 @@ void config_dispatch::save_each(item_list& items) {
   for (const auto& item : items) item->save(items);
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -9,7 +9,7 @@
 #include "orva/export.hpp"
 #include "orva/generic/abilities/clone_ability.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_dispatch : public generic::abilities::clone_ability {
  public:
@@ -31,4 +31,4 @@ class ORVA_API config_dispatch : public generic::abilities::clone_ability {
   static void save_each(item_list& items);
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

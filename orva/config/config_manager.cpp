@@ -5,10 +5,10 @@
 #include <set>
 #include <string>
 
-#include "orva/config/dump_marks.hpp"
-#include "orva/config/lowered_key.hpp"
+#include "orva/config/internal/dump_marks.hpp"
+#include "orva/config/internal/lowered_key.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 using _private::lowered_key;
 using _private::put;
@@ -131,4 +131,4 @@ std::ostream& operator<<(std::ostream& stream, const config_manager& manager) {
   return stream;
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -25,7 +25,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_manager {
  public:
@@ -94,4 +94,4 @@ class ORVA_API config_manager {
 /// As `dump`.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const config_manager& manager);
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 namespace {
 
@@ -25,4 +25,4 @@ std::string config_token::CvtTokStr() const {
   return name.ends_with('[') ? name + text + ']' : name;
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

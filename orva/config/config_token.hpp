@@ -12,7 +12,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_token {
  public:
@@ -63,4 +63,4 @@ class ORVA_API config_token {
   tok_types type = T_END;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -6,11 +6,11 @@
 #include <ostream>
 #include <utility>
 
-#include "orva/config/lowered_key.hpp"
+#include "orva/config/internal/lowered_key.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 using _private::lowered_key;
 using _private::next_segment;
@@ -205,4 +205,4 @@ void config_tree::parse_string(std::string_view key, strings::ustring8& head, st
   _private::write_lower(name, head.data());
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -23,11 +23,11 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 class varg_list;
 }
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 namespace _private {
 class config_file_reader;
@@ -127,4 +127,4 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
 /// `dump` with depth 0.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const config_tree& tree);
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

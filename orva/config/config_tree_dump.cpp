@@ -4,9 +4,9 @@
 #include <string_view>
 
 #include "orva/config/config_tree.hpp"
-#include "orva/config/dump_marks.hpp"
+#include "orva/config/internal/dump_marks.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 using _private::put;
 
@@ -59,4 +59,4 @@ std::ostream& operator<<(std::ostream& stream, const config_tree& tree) {
   return stream;
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -1,6 +1,6 @@
 #include "orva/config/enviroment_item.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 enviroment_item::enviroment_item(const char* const* envp) : envp_(envp) { id_ = "enviroment"; }
 
@@ -18,4 +18,4 @@ enviroment_item* enviroment_item::clone() const {
   return generic::abilities::create_dynamic<enviroment_item>(*this);
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -14,7 +14,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API enviroment_item : public base_config_item {
  public:
@@ -32,4 +32,4 @@ class ORVA_API enviroment_item : public base_config_item {
   const char* const* envp_;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -3,14 +3,14 @@
 #include <stdexcept>
 #include <utility>
 
-#include "orva/config/config_file_reader.hpp"
-#include "orva/config/config_file_writer.hpp"
+#include "orva/config/internal/config_file_reader.hpp"
+#include "orva/config/internal/config_file_writer.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/platform/file.hpp"
 #include "orva/platform/native_path.hpp"
 #include "orva/system/file_utility.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 namespace {
 
@@ -87,4 +87,4 @@ void file_item::parse_comment(std::string_view text, unsigned int& position) con
   _private::skip_comment(text, position);
 }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -22,7 +22,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API file_item : public base_config_item {
  public:
@@ -65,4 +65,4 @@ class ORVA_API file_item : public base_config_item {
   strings::ustring8 filename_;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -4,7 +4,7 @@
 #include "orva/config/file_item.hpp"
 #include "orva/config/user_item.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 module_config_dispatch::module_config_dispatch(const generic::varg_list& files, const char* const* envp)
     : envp_(envp) {
@@ -26,4 +26,4 @@ void module_config_dispatch::save(item_list& items) const { save_each(items); }
 
 module_config_dispatch* module_config_dispatch::clone() const { return new module_config_dispatch(*this); }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -15,7 +15,7 @@
 #include "orva/export.hpp"
 #include "orva/generic/varg_list.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API module_config_dispatch : public config_dispatch {
  public:
@@ -33,4 +33,4 @@ class ORVA_API module_config_dispatch : public config_dispatch {
   std::vector<std::string> file_names_;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -6,7 +6,7 @@
 #include "orva/config/enviroment_item.hpp"
 #include "orva/config/file_item.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 std_config_dispatch::std_config_dispatch(int argc, const char* const* argv, const char* const* envp,
                                          strings::ustring8 file_name, strings::ustring8 second_file_name)
@@ -30,4 +30,4 @@ void std_config_dispatch::save(item_list& items) const { save_each(items); }
 
 std_config_dispatch* std_config_dispatch::clone() const { return new std_config_dispatch(*this); }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -17,7 +17,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API std_config_dispatch : public config_dispatch {
  public:
@@ -40,4 +40,4 @@ class ORVA_API std_config_dispatch : public config_dispatch {
   strings::ustring8 second_file_name_;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

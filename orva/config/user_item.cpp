@@ -1,6 +1,6 @@
 #include "orva/config/user_item.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 user_item::user_item() { id_ = "user item"; }
 
@@ -8,4 +8,4 @@ user_item::user_item(const user_item& other) : base_config_item(other) { id_ = "
 
 user_item* user_item::clone() const { return generic::abilities::create_dynamic<user_item>(*this); }
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

@@ -6,7 +6,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::config {
+namespace ORVA_NAMESPACE::config {
 
 class ORVA_API user_item : public base_config_item {
  public:
@@ -20,4 +20,4 @@ class ORVA_API user_item : public base_config_item {
   user_item* clone() const override;
 };
 
-}  // namespace ORVA_2_18::config
+}  // namespace ORVA_NAMESPACE::config

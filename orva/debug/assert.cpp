@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <utility>
 
-namespace ORVA_2_18::debug {
+namespace ORVA_NAMESPACE::debug {
 
 namespace {
 
@@ -61,4 +61,4 @@ void _______________CONTEXT__ASSERT________________(const char* const expression
 
 }  // namespace _private
 
-}  // namespace ORVA_2_18::debug
+}  // namespace ORVA_NAMESPACE::debug

@@ -14,7 +14,7 @@
 #include "orva/functor/delegate.hpp"
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::debug {
+namespace ORVA_NAMESPACE::debug {
 
 /// Text of the condition, source file, line. A hook that changes the line changes nothing for anybody else.
 using assert_hook = void(const char* const, const char* const, unsigned int&);
@@ -40,13 +40,13 @@ ORVA_API void _______________CONTEXT__ASSERT________________(const char* const e
 
 }  // namespace _private
 
-}  // namespace ORVA_2_18::debug
+}  // namespace ORVA_NAMESPACE::debug
 
 /// Reports `condition` to the hook when it is false. A macro for the text of the condition and the place.
 #define ORVA_ASSERT(condition)                                                             \
   do {                                                                                     \
     if (!(condition)) {                                                                    \
-      ::ORVA_2_18::debug::_private::____________________ASSERT____________________(        \
+      ::ORVA_NAMESPACE::debug::_private::____________________ASSERT____________________(   \
           #condition, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__); \
     }                                                                                      \
   } while (false)
@@ -55,7 +55,7 @@ ORVA_API void _______________CONTEXT__ASSERT________________(const char* const e
 #define ORVA_CONTEXT_ASSERT(condition, ...)                                                             \
   do {                                                                                                  \
     if (!(condition)) {                                                                                 \
-      ::ORVA_2_18::debug::_private::_______________CONTEXT__ASSERT________________(                     \
+      ::ORVA_NAMESPACE::debug::_private::_______________CONTEXT__ASSERT________________(                \
           #condition, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__, __VA_ARGS__); \
     }                                                                                                   \
   } while (false)

@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-namespace ORVA_2_18::exceptions {
+namespace ORVA_NAMESPACE::exceptions {
 
 namespace {
 
@@ -65,4 +65,4 @@ full_error::~full_error() = default;
 overflow_error::~overflow_error() = default;
 underflow_error::~underflow_error() = default;
 
-}  // namespace ORVA_2_18::exceptions
+}  // namespace ORVA_NAMESPACE::exceptions

@@ -19,7 +19,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::exceptions {
+namespace ORVA_NAMESPACE::exceptions {
 
 class ORVA_API exception {
  public:
@@ -37,7 +37,7 @@ class ORVA_API exception {
     unsigned int line() const noexcept { return line_; }
     /// The source file, its path under the source root without the ending: `strings/code_page`.
     const char* file() const noexcept { return file_; }
-    /// The qualified name of the raising function: `ORVA_2_18::system::load_file`.
+    /// The qualified name of the raising function: `ORVA_<major>_<minor>::system::load_file`.
     const char* function() const noexcept { return function_; }
 
    private:
@@ -150,4 +150,4 @@ class ORVA_API underflow_error : public runtime_error {
   ~underflow_error() override;
 };
 
-}  // namespace ORVA_2_18::exceptions
+}  // namespace ORVA_NAMESPACE::exceptions

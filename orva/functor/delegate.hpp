@@ -16,7 +16,7 @@
 
 #include "orva/functor/function_type_interface.hpp"
 
-namespace ORVA_2_18::functor {
+namespace ORVA_NAMESPACE::functor {
 
 template <typename Sig>
 class delegate_t;
@@ -67,4 +67,4 @@ class delegate_t<Result(Args...)> {
   std::unique_ptr<function_type> target_;
 };
 
-}  // namespace ORVA_2_18::functor
+}  // namespace ORVA_NAMESPACE::functor

@@ -4,7 +4,9 @@
 #include <cstddef>
 #include <tuple>
 
-namespace ORVA_2_18::traits {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::traits {
 
 namespace _private {
 
@@ -24,4 +26,4 @@ struct function_traits_helper<Result(Args...)> {
 template <typename Sig>
 struct function_traits : _private::function_traits_helper<Sig> {};
 
-}  // namespace ORVA_2_18::traits
+}  // namespace ORVA_NAMESPACE::traits

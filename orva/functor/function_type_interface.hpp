@@ -4,7 +4,7 @@
 #include "orva/functor/function_traits.hpp"
 #include "orva/generic/abilities/clone_ability.hpp"
 
-namespace ORVA_2_18::functor {
+namespace ORVA_NAMESPACE::functor {
 
 template <typename Sig>
 class function_type_interface;
@@ -21,4 +21,4 @@ class function_type_interface<Result(Args...)> : public generic::abilities::clon
   virtual function_type_interface* clone() const = 0;
 };
 
-}  // namespace ORVA_2_18::functor
+}  // namespace ORVA_NAMESPACE::functor

@@ -7,7 +7,7 @@
 
 #include "orva/functor/function_type_interface.hpp"
 
-namespace ORVA_2_18::functor {
+namespace ORVA_NAMESPACE::functor {
 
 template <typename C, typename Sig>
 class member_function_t;
@@ -37,4 +37,4 @@ class member_function_t<C, Result(Args...)> : public function_type_interface<Res
 template <typename C, typename Result, typename... Args>
 member_function_t(C*, Result (C::*)(Args...)) -> member_function_t<C, Result(Args...)>;
 
-}  // namespace ORVA_2_18::functor
+}  // namespace ORVA_NAMESPACE::functor

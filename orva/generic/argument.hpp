@@ -18,7 +18,7 @@
 #include "orva/types/nil.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 
 class argument {
  public:
@@ -62,4 +62,4 @@ class argument {
   types::variant value_;
 };
 
-}  // namespace ORVA_2_18::generic
+}  // namespace ORVA_NAMESPACE::generic

@@ -4,7 +4,7 @@
 #include "orva/export.hpp"
 #include "orva/generic/abilities/clone_ability.hpp"
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 
 class ORVA_API clone_interface : public abilities::clone_ability {
  public:
@@ -13,4 +13,4 @@ class ORVA_API clone_interface : public abilities::clone_ability {
   virtual clone_interface* clone() const = 0;
 };
 
-}  // namespace ORVA_2_18::generic
+}  // namespace ORVA_NAMESPACE::generic

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 
 const argument varg_list::nil_argument;
 
@@ -92,4 +92,4 @@ void varg_list::erase(std::size_t position) {
   if (position < arguments_.size()) arguments_.erase(begin() + static_cast<std::ptrdiff_t>(position));
 }
 
-}  // namespace ORVA_2_18::generic
+}  // namespace ORVA_NAMESPACE::generic

@@ -30,7 +30,7 @@
 #include "orva/types/nil.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 
 class ORVA_API varg_list {
  public:
@@ -113,4 +113,4 @@ class ORVA_API varg_list {
   std::vector<argument> arguments_;
 };
 
-}  // namespace ORVA_2_18::generic
+}  // namespace ORVA_NAMESPACE::generic

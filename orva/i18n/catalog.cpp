@@ -4,7 +4,7 @@
 
 #include "orva/i18n/language_tag.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 using strings::text_argument;
 using strings::ustring8;
@@ -71,4 +71,4 @@ bool catalog_t::equal(const types::nil_t&) const noexcept {
   return name_.empty() && languages_.empty() && messages_.empty();
 }
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

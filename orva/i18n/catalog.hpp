@@ -23,7 +23,7 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 namespace _private {
 class xmc_file_loader;
@@ -95,4 +95,4 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   _private::message_table messages_;
 };
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

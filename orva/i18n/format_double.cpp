@@ -9,12 +9,12 @@
 #include <string>
 #include <string_view>
 
-#include "orva/i18n/append_formatted.hpp"
-#include "orva/i18n/double_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/internal/append_formatted.hpp"
+#include "orva/i18n/internal/double_attributes.hpp"
 #include "orva/platform/decimal_point.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 namespace {
 
@@ -146,4 +146,4 @@ strings::ustring8 format_double(double value, std::string_view attrs) {
   return text_or_refused(append_double, value, attrs);
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -6,12 +6,12 @@
 #include <string_view>
 
 #include "orva/generic/convert/x_to_str.hpp"
-#include "orva/i18n/append_formatted.hpp"
-#include "orva/i18n/double_attributes.hpp"
-#include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/internal/append_formatted.hpp"
+#include "orva/i18n/internal/double_attributes.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 namespace {
 
@@ -96,4 +96,4 @@ strings::ustring8 format_duration(double seconds, std::string_view attrs) {
   return text_or_refused(append_duration, seconds, attrs);
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

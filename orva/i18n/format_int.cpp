@@ -7,11 +7,11 @@
 #include <string_view>
 
 #include "orva/generic/convert/x_to_str.hpp"
-#include "orva/i18n/append_formatted.hpp"
-#include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/internal/append_formatted.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 namespace {
 
@@ -163,4 +163,4 @@ strings::ustring8 format_int(std::int64_t value, std::string_view attrs) {
   return text_or_refused(append_int, value, attrs);
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -5,12 +5,12 @@
 #include <string>
 #include <string_view>
 
-#include "orva/i18n/append_formatted.hpp"
-#include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
-#include "orva/i18n/scaled_value.hpp"
+#include "orva/i18n/internal/append_formatted.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/i18n/internal/scaled_value.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 namespace {
 
@@ -83,4 +83,4 @@ strings::ustring8 format_metric(const types::variant& value, std::string_view at
   return number_and_unit(scale_metric(value, attrs), unit);
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -22,7 +22,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 /// What every formatter answers to attributes that it cannot follow. Negative zero without decimals reads the same.
 inline constexpr std::string_view refused_value = "-0";
@@ -122,4 +122,4 @@ ORVA_API strings::ustring8 format_metric(const types::variant& value, std::strin
 /// A value that no 64-bit number of whole seconds holds, NaN included, is split as the most negative one.
 ORVA_API strings::ustring8 format_duration(double seconds, std::string_view attrs);
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

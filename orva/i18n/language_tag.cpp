@@ -4,7 +4,7 @@
 
 #include "orva/strings/split.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 using types::uint32;
@@ -52,4 +52,4 @@ uint32 accepted_languages::position(std::string_view tag) const {
   return fixed_tags + 1 + static_cast<uint32>(found - prefix_sizes_.begin());
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -11,7 +11,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 /// Every `.` and `-` becomes `_`, but for a tag of one character, so that the neutral tag "." stays.
 ///
@@ -45,4 +45,4 @@ class accepted_languages {
   std::vector<std::size_t> prefix_sizes_;
 };
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using parser::xml_parser;
 using strings::ustring8;
@@ -112,4 +112,4 @@ void load_error::append_error_stack(append_type where, const ustring8& name) {
   add("\n unknown, or unhandle case happened! str data=", "");
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -13,7 +13,7 @@
 #include "orva/parser/xml_parser.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 class ORVA_API load_error {
  public:
@@ -60,4 +60,4 @@ class ORVA_API load_error {
   strings::ustring8 message_;
 };
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -4,14 +4,14 @@
 #include <cstddef>
 #include <unordered_set>
 
-#include "orva/i18n/append_formatted.hpp"
-#include "orva/i18n/format_attributes.hpp"
 #include "orva/i18n/formatters.hpp"
+#include "orva/i18n/internal/append_formatted.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/internal/stored_text.hpp"
 #include "orva/platform/debug_output.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/types/stored_text.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 using strings::ustring8;
 
@@ -158,4 +158,4 @@ bool message_t::has_valid_args(const generic::varg_list& args) const {
   });
 }
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

@@ -25,7 +25,7 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 /// A piece of a message.
 class ORVA_API message_item {
@@ -172,4 +172,4 @@ class ORVA_API message_t {
   strings::ustring8 meta_;
 };
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

@@ -8,7 +8,7 @@
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 using strings::text_argument;
 using strings::ustring8;
@@ -151,4 +151,4 @@ const message_t& message_catalogs::message(const text_argument& catalog, const t
   return &found != &s_nil_catalog ? found.message(name) : s_nil_message;
 }
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

@@ -29,7 +29,7 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 class ORVA_API message_catalogs {
  public:
@@ -159,4 +159,4 @@ class ORVA_API message_catalogs {
 /// Writes `message()`.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const message_catalogs::result_type& result);
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

@@ -4,7 +4,7 @@
 
 #include "orva/i18n/message_catalogs.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 using _private::load_error;
 using strings::ustring8;
@@ -82,4 +82,4 @@ std::ostream& operator<<(std::ostream& stream, const message_catalogs::result_ty
   return stream << result.message();
 }
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

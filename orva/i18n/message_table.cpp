@@ -3,7 +3,7 @@
 #include <bit>
 #include <functional>
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 
@@ -70,4 +70,4 @@ void message_table::take_slot(const map::value_type& entry) noexcept {
   }
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -14,7 +14,7 @@
 #include "orva/i18n/message.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 class message_table {
  public:
@@ -75,4 +75,4 @@ class message_table {
   std::vector<slot> slots_;
 };
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -10,7 +10,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/strings/ustring_for.hpp"
 
-namespace ORVA_2_18::i18n {
+namespace ORVA_NAMESPACE::i18n {
 
 class path_list {
  public:
@@ -27,4 +27,4 @@ class path_list {
   std::vector<strings::ustring8> paths_;
 };
 
-}  // namespace ORVA_2_18::i18n
+}  // namespace ORVA_NAMESPACE::i18n

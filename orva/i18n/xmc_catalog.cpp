@@ -6,11 +6,11 @@
 #include <utility>
 #include <vector>
 
-#include "orva/i18n/unsorted_messages.hpp"
+#include "orva/i18n/internal/unsorted_messages.hpp"
+#include "orva/i18n/internal/xmc_tokens.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
-#include "orva/i18n/xmc_tokens.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 
@@ -95,4 +95,4 @@ bool xmc_file_loader::outweighs(const message_t& one, const message_t& other) co
   return languages_.weight(one._orginal_locale()) > languages_.weight(other._orginal_locale());
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

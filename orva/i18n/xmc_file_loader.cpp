@@ -3,11 +3,11 @@
 #include <utility>
 
 #include "orva/exceptions/exception.hpp"
-#include "orva/i18n/xmc_tokens.hpp"
+#include "orva/i18n/internal/xmc_tokens.hpp"
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using parser::xml_parser;
 using strings::text_argument;
@@ -179,4 +179,4 @@ bool xmc_file_loader::is_catalog_matched(const text_argument& name) const {
   return !is_cat_id_set() || catalog_id_ == name.get();
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

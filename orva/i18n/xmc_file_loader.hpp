@@ -32,7 +32,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 class unsorted_messages;
 
@@ -142,4 +142,4 @@ class ORVA_API xmc_file_loader {
   types::uint32 included_files_ = 0;
 };
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

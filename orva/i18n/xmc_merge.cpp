@@ -6,7 +6,7 @@
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 using types::uint32;
@@ -63,4 +63,4 @@ uint32 xmc_file_loader::merge_messages(Messages& messages, message_table& target
   return stored;
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

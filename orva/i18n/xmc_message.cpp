@@ -4,11 +4,11 @@
 #include <utility>
 #include <vector>
 
-#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/i18n/internal/xmc_tokens.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
-#include "orva/i18n/xmc_tokens.hpp"
 
-namespace ORVA_2_18::i18n::_private {
+namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 
@@ -200,4 +200,4 @@ message_item::type_t xmc_file_loader::parse_message_type(std::string_view word) 
   return message_item::string;
 }
 
-}  // namespace ORVA_2_18::i18n::_private
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -5,7 +5,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 class ORVA_API EmptyNodeQueue : public std::exception {
  public:
@@ -13,4 +13,4 @@ class ORVA_API EmptyNodeQueue : public std::exception {
   const char* what() const noexcept override;  ///< "empty node queue"
 };
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

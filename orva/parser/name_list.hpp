@@ -14,7 +14,7 @@
 
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::parser::_private {
+namespace ORVA_NAMESPACE::parser::_private {
 
 /// A stack of names.
 template <typename Name>
@@ -84,4 +84,4 @@ class basic_name_set {
 using name_list = basic_name_list<strings::ustring8>;
 using name_set = basic_name_set<strings::ustring8>;
 
-}  // namespace ORVA_2_18::parser::_private
+}  // namespace ORVA_NAMESPACE::parser::_private

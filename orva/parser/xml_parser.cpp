@@ -3,10 +3,10 @@
 #include <memory>
 #include <string_view>
 
-#include "orva/parser/xml_scanner.hpp"
-#include "orva/parser/xml_walk.hpp"
+#include "orva/internal/xml/scanner.hpp"
+#include "orva/internal/xml/walk.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 /// What a walk finds, told to the parser's delegates. The text of an event is a copy, which costs no allocation once
 /// the strings have grown.
@@ -104,4 +104,4 @@ bool xml_parser::is_white_space(const iterator& it) const {
   return _private::xml_scanner::is_white_space(*it);
 }
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

@@ -42,7 +42,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 class ORVA_API xml_parser {
  public:
@@ -156,4 +156,4 @@ class ORVA_API xml_parser {
   mutable types::uint32 line_ = 0;
 };
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

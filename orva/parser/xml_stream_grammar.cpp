@@ -9,10 +9,10 @@
 #include <utility>
 
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/internal/text/character_class.hpp"
 #include "orva/parser/xml_stream_parser.hpp"
-#include "orva/strings/character_class.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 namespace {
 
@@ -270,7 +270,7 @@ char xml_stream_parser::character_reference() {
   const char* const digits = cursor_ + (is_hexadecimal ? 3 : 2);
   const char* last = digits;
   const auto is_digit = [is_hexadecimal](char c) {
-    return is_hexadecimal ? strings::character_class::isxdigit(c) : strings::character_class::isdigit(c);
+    return is_hexadecimal ? internal::character_class::isxdigit(c) : internal::character_class::isdigit(c);
   };
   while (last != data_end_ && is_digit(*last)) ++last;
   if (last == data_end_) throw incomplete;
@@ -338,4 +338,4 @@ void xml_stream_parser::pop_id() noexcept {
   if (id_stack_.size() > 1) id_stack_.pop_back();
 }
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

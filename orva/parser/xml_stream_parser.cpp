@@ -9,9 +9,9 @@
 
 #include "orva/platform/file.hpp"
 #include "orva/platform/native_path.hpp"
-#include "orva/system/symlink_check.hpp"
+#include "orva/platform/symbolic_link.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 namespace {
 
@@ -32,7 +32,7 @@ class stream_failure : public std::ios_base::failure {
 /// Why a file must not be opened, or `no_error`.
 xml_stream_parser::error_type refusal(const platform::native_string& path) {
   try {
-    return system::is_symbolic_link(path) ? xml_stream_parser::fatal_error : xml_stream_parser::no_error;
+    return platform::is_symbolic_link(path) ? xml_stream_parser::fatal_error : xml_stream_parser::no_error;
   } catch (const std::runtime_error&) {
     // Its status cannot be asked for.
     return xml_stream_parser::cannot_open_file;
@@ -278,4 +278,4 @@ bool xml_stream_parser::find_start_tag(const std::vector<std::string_view>& tags
   }
 }
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

@@ -61,7 +61,7 @@
 #include "orva/system/path_argument.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 class ORVA_API xml_stream_parser {
  public:
@@ -291,4 +291,4 @@ class ORVA_API xml_stream_parser {
   error_type error_ = no_error;
 };
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

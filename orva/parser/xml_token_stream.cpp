@@ -2,7 +2,7 @@
 
 #include "orva/functor/member_function.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 xml_token_stream::xml_token_stream() {
   using text_handler = functor::member_function_t<xml_token_stream, void(const ustring8&)>;
@@ -76,4 +76,4 @@ void xml_token_stream::close_start_tag() {
   start_tag_closed_ = true;
 }
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

@@ -21,7 +21,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 class ORVA_API xml_token_stream {
  public:
@@ -95,4 +95,4 @@ class ORVA_API xml_token_stream {
   xml_parser parser_;
 };
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser

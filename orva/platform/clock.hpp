@@ -7,18 +7,11 @@
 
 #include <cstdint>
 
-namespace ORVA_2_18::platform {
+#include "orva/internal/calendar.hpp"
 
-/// Gregorian. A leap second that the system shows as 60 is told as 59.
-struct calendar_time {
-  unsigned int year;   // cut to 16 bits
-  unsigned int month;  // 1 to 12
-  unsigned int day;    // 1 to the length of the month
-  unsigned int hour;
-  unsigned int minute;
-  unsigned int second;
-  unsigned int millisecond;
-};
+namespace ORVA_NAMESPACE::platform {
+
+using internal::calendar_time;
 
 /// In the time zone of the process, or in UTC where that cannot be told.
 calendar_time local_calendar() noexcept;
@@ -31,4 +24,4 @@ std::uint64_t counter_frequency() noexcept;
 /// Milliseconds since some moment; goes on at 0 after 2^32 - 1.
 std::uint32_t millisecond_counter() noexcept;
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

@@ -12,9 +12,9 @@
 #include <string>
 #include <string_view>
 
-#include "orva/strings/ustring.hpp"
+#include "orva/strings/code_unit.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 /// What bytes mean where nobody says: of files and windows, and of terminals.
 inline constexpr int ansi_code_page = 0;
@@ -26,6 +26,6 @@ inline constexpr std::size_t uncountable = 0x7FFFFFFF;
 
 /// Tells whether the conversion was made. What the result is where it was not is not told.
 bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes);
-bool from_code_page(int page, std::string_view bytes, strings::ustring16& text);
+bool from_code_page(int page, std::string_view bytes, std::basic_string<strings::code_unit16>& text);
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

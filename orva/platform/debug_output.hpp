@@ -7,10 +7,12 @@
 
 #include <string_view>
 
-namespace ORVA_2_18::platform {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::platform {
 
 /// Sends `text` as it stands, without a line feed of its own and without a buffer. A channel that is closed
 /// or fails takes nothing and reports nothing.
 void debug_output(std::string_view text) noexcept;
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

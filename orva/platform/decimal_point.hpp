@@ -5,9 +5,11 @@
 
 #include <string_view>
 
-namespace ORVA_2_18::platform {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::platform {
 
 /// The text stays valid until the locale is changed.
 std::string_view decimal_point() noexcept;
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

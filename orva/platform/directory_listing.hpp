@@ -11,7 +11,7 @@
 #include "orva/platform/file_operations.hpp"
 #include "orva/platform/native_path.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 class directory_listing {
  public:
@@ -42,4 +42,4 @@ class directory_listing {
   std::vector<entry> entries_;
 };
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

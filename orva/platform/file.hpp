@@ -12,7 +12,7 @@
 
 #include "orva/platform/native_path.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 class input_file {
  public:
@@ -46,4 +46,4 @@ class input_file {
 /// and leaves what was written before it.
 bool write_file(const native_string& path, std::string_view contents);
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

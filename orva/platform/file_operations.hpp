@@ -6,7 +6,7 @@
 
 #include "orva/platform/native_path.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 /// What a path names, symbolic links followed. All false: nothing that can be reached.
 struct file_status {
@@ -35,4 +35,4 @@ bool remove_file(const native_string& path);
 /// Removes an empty directory.
 bool remove_directory(const native_string& path);
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

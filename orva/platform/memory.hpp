@@ -5,10 +5,12 @@
 
 #include <cstddef>
 
-namespace ORVA_2_18::platform {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::platform {
 
 /// Says that all of this memory is about to be written for the first time, so that the system can hand it out in
 /// large pages. For a file of many megabytes, page faults are what most of the time goes into.
 void expect_filling(char* begin, std::size_t size) noexcept;
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

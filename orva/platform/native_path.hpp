@@ -1,39 +1,47 @@
-/// Paths as the operating system takes them, and the way there and back.
+/// Paths as the operating system takes them.
 ///
-/// The library works on 16-bit paths. Where the system takes such paths, native text is the same units; where it takes
-/// bytes, native text is UTF-8 in which an unpaired surrogate is the three bytes of its value. The conversions here never fail
-/// and give every 16-bit path a native text of its own, other than the transforms of `strings/unicode.hpp`.
+/// Where the system takes 16-bit paths, native text is the same units; where it takes bytes, native text is UTF-8 by
+/// the rules of `internal/paths/path_text.hpp`. Conversions never fail, and are inverse to each other for every name
+/// that a `directory_listing` reports.
 ///
-/// Internal: not installed. A port owes: `to_native` and `append_native` as told below, inverse to each other for
-/// every name that a `directory_listing` reports; the separator; what a root is.
+/// Internal: not installed.
 #pragma once
 
 #include <string>
 #include <string_view>
 
-#include "orva/strings/ustring.hpp"
+#include "orva/internal/paths/path_rules.hpp"
+#include "orva/internal/paths/path_text.hpp"
+#include "orva/strings/code_unit.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 #ifdef _WIN32
 using native_char = wchar_t;
-inline constexpr native_char separator = L'\\';
+inline constexpr auto native_style = internal::paths::style::windows;
 #else
 using native_char = char;
-inline constexpr native_char separator = '/';
+inline constexpr auto native_style = internal::paths::style::posix;
 #endif
 
 using native_string = std::basic_string<native_char>;
 using native_view = std::basic_string_view<native_char>;
 
-native_string to_native(std::basic_string_view<strings::code_unit16> path);
+inline constexpr auto separator = internal::paths::separator<native_char>(native_style);
 
-/// Appends what `native` says in the width of `to`. An unpaired surrogate stays what it is in each width.
-void append_native(strings::ustring8& to, native_view native);
-void append_native(strings::ustring16& to, native_view native);
-void append_native(strings::ustring32& to, native_view native);
+inline native_string to_native(std::basic_string_view<strings::code_unit16> path) {
+  native_string native;
+  native.reserve(path.size());
+  internal::paths::append_text(native, path);
+  return native;
+}
 
-/// Whether `path` names a root, the one directory whose name may end in a separator: `/`, or `C:\` on Windows.
-bool is_root(native_view path);
+/// Appends `native` in the width of `to`. An unpaired surrogate stays what it is in each width.
+template <strings::code_unit Unit>
+void append_native(std::basic_string<Unit>& to, native_view native) {
+  internal::paths::append_text(to, native);
+}
 
-}  // namespace ORVA_2_18::platform
+inline bool is_root(native_view path) { return internal::paths::is_root(native_style, path); }
+
+}  // namespace ORVA_NAMESPACE::platform

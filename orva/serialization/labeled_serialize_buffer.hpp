@@ -17,7 +17,7 @@
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API labeled_serialize_buffer
     : public generic::abilities::create_ability,
@@ -74,4 +74,4 @@ class ORVA_API labeled_serialize_buffer
   virtual labeled_serialize_buffer* clone() const = 0;
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -7,12 +7,12 @@
 #include <vector>
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
-#include "orva/serialization/labeled_contents.hpp"
-#include "orva/serialization/labeled_flat_form.hpp"
-#include "orva/serialization/labeled_flat_writer.hpp"
+#include "orva/serialization/internal/labeled_contents.hpp"
+#include "orva/serialization/internal/labeled_flat_form.hpp"
+#include "orva/serialization/internal/labeled_flat_writer.hpp"
 #include "orva/serialization/stored_buffer.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 using generic::abilities::create_dynamic;
 using types::nil;
@@ -187,4 +187,4 @@ labeled_text_buffer* labeled_text_buffer::create() const { return create_dynamic
 
 labeled_text_buffer* labeled_text_buffer::clone() const { return create_dynamic<labeled_text_buffer>(*this); }
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -25,7 +25,7 @@
 #include "orva/serialization/labeled_serialize_buffer.hpp"
 #include "orva/types/variant.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
  public:
@@ -92,4 +92,4 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   owned_contents contents_;
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

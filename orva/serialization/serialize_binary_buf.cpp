@@ -2,7 +2,7 @@
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 using generic::abilities::create_dynamic;
 
@@ -19,4 +19,4 @@ serialize_binary_buf* serialize_binary_buf::clone() const {
   return create_dynamic<serialize_binary_buf>(*this);
 }
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

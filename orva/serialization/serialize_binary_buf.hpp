@@ -28,7 +28,7 @@
 #include "orva/serialization/stored_buffer.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 /// Final, and its small operations inline: where the class is known, an append or a read costs no virtual call.
 class ORVA_API serialize_binary_buf final : public stored_buffer {
@@ -111,4 +111,4 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   }
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -18,7 +18,7 @@
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API serialize_buffer
     : public generic::abilities::create_ability,
@@ -89,4 +89,4 @@ class ORVA_API serialize_buffer
   virtual serialize_buffer* clone() const = 0;
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -10,11 +10,11 @@
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
-#include "orva/serialization/floating_text.hpp"
-#include "orva/serialization/text_items.hpp"
+#include "orva/serialization/internal/floating_text.hpp"
+#include "orva/serialization/internal/text_items.hpp"
 #include "orva/types/radix.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 namespace convert = generic::convert;
 using _private::separator;
@@ -148,4 +148,4 @@ serialize_text_buf* serialize_text_buf::create() const { return create_dynamic<s
 
 serialize_text_buf* serialize_text_buf::clone() const { return create_dynamic<serialize_text_buf>(*this); }
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -34,7 +34,7 @@
 #include "orva/serialization/stored_buffer.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API serialize_text_buf : public stored_buffer {
  public:
@@ -94,4 +94,4 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   std::string_view read_bytes() const;
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <stdexcept>
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 serialize_buffer::~serialize_buffer() = default;
 
@@ -47,4 +47,4 @@ void stored_buffer::append_growing(std::string_view head, const std::string& byt
   data_.append(tail);
 }
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

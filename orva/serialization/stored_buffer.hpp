@@ -16,7 +16,7 @@
 #include "orva/serialization/serialize_buffer.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::serialization {
+namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API stored_buffer : public serialize_buffer {
  public:
@@ -96,4 +96,4 @@ class ORVA_API stored_buffer : public serialize_buffer {
   mutable types::uint32 position_ = 0;
 };
 
-}  // namespace ORVA_2_18::serialization
+}  // namespace ORVA_NAMESPACE::serialization

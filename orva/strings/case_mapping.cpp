@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <type_traits>
 
-#include "orva/strings/character_class.hpp"
+#include "orva/internal/text/character_class.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -17,12 +17,12 @@ bool has_case(Unit unit) {
 
 template <code_unit Unit>
 Unit lower_unit(Unit unit) {
-  return has_case(unit) ? character_class::tolower(unit) : unit;
+  return has_case(unit) ? internal::character_class::tolower(unit) : unit;
 }
 
 template <code_unit Unit>
 Unit upper_unit(Unit unit) {
-  return has_case(unit) ? character_class::toupper(unit) : unit;
+  return has_case(unit) ? internal::character_class::toupper(unit) : unit;
 }
 
 }  // namespace
@@ -45,4 +45,4 @@ template void make_upper(ustring8&);
 template void make_upper(ustring16&);
 template void make_upper(ustring32&);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

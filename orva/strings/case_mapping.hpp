@@ -17,7 +17,7 @@
 #include "orva/strings/ustring_for.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 /// `lower_case` in place: changes the units of `text` from `first` up to but not including `last`, or its end.
 template <code_unit Unit>
@@ -55,4 +55,4 @@ ustring_for<Text> lower_case(const Text& text, std::size_t first, std::size_t la
   return result;
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

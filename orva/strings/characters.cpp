@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <string>
 
-#include "orva/strings/unicode/code_point.hpp"
+#include "orva/internal/text/code_point.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -37,8 +37,8 @@ types::uint32 walk(const Text& text, types::uint32 count, UnitsAt units_at) {
 template <typename Unit>
 types::uint32 read_character(const Unit* text, types::uint32 length, types::uint32 position,
                              types::uint32& step) {
-  const auto found =
-      position < length ? _private::decode(text + position, length - position) : _private::character{};
+  const auto found = position < length ? internal::text::decode(text + position, length - position)
+                                       : internal::text::character{};
   if (found.units == 0) {
     step = no_character;
     return '?';
@@ -58,17 +58,17 @@ types::uint32 string_length(const ustring32& text) { return told_in_32_bits(text
 
 types::uint32 character_index(const ustring8& text, types::uint32 character) {
   return walk(text, character, [&](std::size_t index) {
-    return _private::decode(text.data() + index, text.size() - index).units;
+    return internal::text::decode(text.data() + index, text.size() - index).units;
   });
 }
 
 types::uint32 character_index(const ustring16& text, types::uint32 character) {
   // The first unit of the text and not the unit reached: callers count on stray low surrogates inside a text
   // being characters of their own.
-  const bool begins_with_low_surrogate = !text.empty() && _private::is_low_surrogate(text.front());
+  const bool begins_with_low_surrogate = !text.empty() && internal::text::is_low_surrogate(text.front());
   return walk(text, character, [&](std::size_t index) -> std::size_t {
-    if (_private::is_high_surrogate(text[index])) {
-      return _private::decode(text.data() + index, text.size() - index).units;
+    if (internal::text::is_high_surrogate(text[index])) {
+      return internal::text::decode(text.data() + index, text.size() - index).units;
     }
     return begins_with_low_surrogate ? 0 : 1;
   });
@@ -93,4 +93,4 @@ types::uint32 unichar(const code_unit32* text, types::uint32 length, types::uint
   return static_cast<types::uint32>(text[position]);
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

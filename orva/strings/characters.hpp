@@ -9,7 +9,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 /// What `character_index` returns, and `unichar` puts into `step`, when there is no such character.
 inline constexpr types::uint32 no_character = 0xFFFFFFFF;
@@ -61,4 +61,4 @@ ORVA_API types::uint32 unichar(const code_unit16* text, types::uint32 length, ty
 ORVA_API types::uint32 unichar(const code_unit32* text, types::uint32 length, types::uint32 position,
                                types::uint32& step);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

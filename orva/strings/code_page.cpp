@@ -2,12 +2,12 @@
 
 #include <stdexcept>
 
-#include "orva/exceptions/raise.hpp"
+#include "orva/internal/any_utf16.hpp"
+#include "orva/internal/raise.hpp"
 #include "orva/platform/code_page_conversion.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/strings/unicode/any_utf16.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -83,7 +83,7 @@ int code_page::to_system_type(encoding_type type) const {
       return static_cast<int>(type);
   }
   ORVA_RAISE(exceptions::invalid_argument_value, "Not valid code_page type",
-             "ORVA_2_18::strings::code_page::to_system_type");
+             ORVA_QUALIFIED("strings::code_page::to_system_type"));
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

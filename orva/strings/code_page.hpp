@@ -33,7 +33,7 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 class ORVA_API code_page {
  public:
@@ -125,4 +125,4 @@ class ORVA_API code_page {
 
 static_assert(sizeof(code_page) == 4 && std::is_trivially_copyable_v<code_page>);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -10,7 +10,9 @@
 #include <string>
 #include <type_traits>
 
-namespace ORVA_2_18::strings {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::strings {
 
 inline constexpr bool wchar_is_utf16 = sizeof(wchar_t) == 2;
 
@@ -27,4 +29,4 @@ template <typename Unit>
 concept code_unit =
     std::is_same_v<Unit, char> || std::is_same_v<Unit, code_unit16> || std::is_same_v<Unit, code_unit32>;
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

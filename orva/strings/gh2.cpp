@@ -7,7 +7,7 @@
 #include "orva/strings/code_page.hpp"
 #include "orva/strings/replace.hpp"
 
-namespace ORVA_2_18::strings::gh2 {
+namespace ORVA_NAMESPACE::strings::gh2 {
 
 namespace {
 
@@ -59,4 +59,4 @@ std::wistream& ucin = std::wcin;
 std::wostream& ucout = std::wcout;
 std::wostream& ucerr = std::wcerr;
 
-}  // namespace ORVA_2_18::strings::gh2
+}  // namespace ORVA_NAMESPACE::strings::gh2

@@ -19,7 +19,7 @@
 #include "orva/strings/code_unit.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::strings::gh2 {
+namespace ORVA_NAMESPACE::strings::gh2 {
 
 /// A new string with each unit in lower case, as `strings::to_lower`.
 ORVA_API wide_string tolower(const wide_string& text);
@@ -51,4 +51,4 @@ extern ORVA_API std::wistream& ucin;
 extern ORVA_API std::wostream& ucout;
 extern ORVA_API std::wostream& ucerr;
 
-}  // namespace ORVA_2_18::strings::gh2
+}  // namespace ORVA_NAMESPACE::strings::gh2

@@ -4,9 +4,9 @@
 #include <functional>
 #include <stdexcept>
 
-#include "orva/strings/search.hpp"
+#include "orva/strings/internal/search.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -93,4 +93,4 @@ template types::int32 replace_all(std::string&, std::string_view, std::string_vi
 template types::int32 replace_all(wide_string&, ustring16::view, ustring16::view);
 template types::int32 replace_all(ustring32::standard_string&, ustring32::view, ustring32::view);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -18,7 +18,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 /// Gives the number of replacements made. `from` and `to` may be parts of `text`: they are taken as they are before
 /// the first replacement. A result longer than a string can be throws `std::length_error`, "string too long", and
@@ -30,4 +30,4 @@ ORVA_API types::int32 replace_all(std::basic_string<Unit>& text,
                                   std::type_identity_t<std::basic_string_view<Unit>> from,
                                   std::type_identity_t<std::basic_string_view<Unit>> to);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

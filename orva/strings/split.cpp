@@ -1,8 +1,8 @@
 #include "orva/strings/split.hpp"
 
-#include "orva/strings/search.hpp"
+#include "orva/strings/internal/search.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -48,4 +48,4 @@ template void append_split(ustring16::view, ustring16::view, int, std::vector<wi
 template void append_split(ustring32::view, ustring32::view, int, std::vector<ustring32>&);
 template void append_split(ustring32::view, ustring32::view, int, std::vector<ustring32::standard_string>&);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

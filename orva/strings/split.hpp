@@ -22,7 +22,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring_for.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace _private {
 
@@ -60,4 +60,4 @@ std::vector<piece_of<Text>> split_string(
   return pieces;
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -1,9 +1,9 @@
 #include "orva/strings/text_argument.hpp"
 
+#include "orva/internal/any_utf16.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/strings/unicode/any_utf16.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 text_argument::text_argument(const std::string& text) : converted_(text) {}
 text_argument::text_argument(const char* text) : converted_(text) {}
@@ -14,4 +14,4 @@ text_argument::text_argument(const ustring32& text) : converted_(utf32_to_utf8(t
 text_argument::text_argument(const std::basic_string<code_unit32>& text) : converted_(utf32_to_utf8(text)) {}
 text_argument::text_argument(const code_unit32* text) : converted_(utf32_to_utf8(text)) {}
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -15,7 +15,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 class ORVA_API text_argument {
  public:
@@ -37,4 +37,4 @@ class ORVA_API text_argument {
   ustring8 converted_;
 };
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -22,7 +22,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 /// UTF-8 is read by its bit layout alone: overlong forms, encoded surrogates and values above 0x10FFFF are no
 /// errors and give what the arithmetic gives.
@@ -105,4 +105,4 @@ ORVA_API void check_BOM_and_modify_swap(wide_string& text);
 ORVA_API ustring16 check_BOM_and_swap(const ustring16& text);
 ORVA_API wide_string check_BOM_and_swap(const wide_string& text);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

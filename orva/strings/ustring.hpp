@@ -22,7 +22,7 @@
 
 #include "orva/strings/code_unit.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 template <code_unit Unit>
 class basic_ustring : public std::basic_string<Unit> {
@@ -111,11 +111,11 @@ std::remove_cvref_t<Right> operator+(Left&& left,
   return _private::sum<std::remove_cvref_t<Right>>(left, right);
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings
 
-template <ORVA_2_18::strings::code_unit Unit>
-struct std::hash<ORVA_2_18::strings::basic_ustring<Unit>> {
-  std::size_t operator()(const ORVA_2_18::strings::basic_ustring<Unit>& text) const noexcept {
+template <ORVA_NAMESPACE::strings::code_unit Unit>
+struct std::hash<ORVA_NAMESPACE::strings::basic_ustring<Unit>> {
+  std::size_t operator()(const ORVA_NAMESPACE::strings::basic_ustring<Unit>& text) const noexcept {
     // The standard hashes the texts of its own character types; `unsigned long` is none of them.
     if constexpr (std::is_default_constructible_v<std::hash<std::basic_string_view<Unit>>>) {
       return std::hash<std::basic_string_view<Unit>>()(text);

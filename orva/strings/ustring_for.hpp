@@ -11,7 +11,7 @@
 
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace _private {
 
@@ -32,4 +32,4 @@ concept any_text = requires {
   typename ustring_for<Text>;
 };
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

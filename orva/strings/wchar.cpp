@@ -3,9 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "orva/strings/unicode/code_point.hpp"
+#include "orva/internal/text/code_point.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 ustring16 from_wchar(std::wstring_view text) {
   if constexpr (wchar_is_utf16) return ustring16(text.begin(), text.end());
@@ -17,7 +17,7 @@ ustring16 from_wchar(std::wstring_view text) {
       result.push_back(static_cast<code_unit16>(code_point));
     } else if (code_point < 0x110000) {
       code_unit16 pair[2];
-      result.append(pair, _private::encode_pair(code_point, pair));
+      result.append(pair, internal::text::encode_pair(code_point, pair));
     } else {
       result.push_back(static_cast<code_unit16>(0xFFFD));
     }
@@ -30,11 +30,11 @@ std::wstring to_wchar(const ustring16& text) {
   std::wstring result;
   result.reserve(text.size());
   for (std::size_t i = 0; i < text.size();) {
-    const auto found = _private::decode(text.data() + i, text.size() - i);
+    const auto found = internal::text::decode(text.data() + i, text.size() - i);
     result.push_back(static_cast<wchar_t>(found.units == 0 ? std::uint32_t{text[i]} : found.code_point));
     i += found.units == 0 ? 1 : found.units;
   }
   return result;
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

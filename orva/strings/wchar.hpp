@@ -11,7 +11,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 /// A lone surrogate stays the unit that it is; a value above 0x10FFFF, which UTF-16 cannot hold, becomes
 /// U+FFFD.
@@ -24,4 +24,4 @@ ORVA_API ustring16 from_wchar(std::wstring_view text);
 /// A lone surrogate stays a `wchar_t` of its value, so that `from_wchar` gives back any text.
 ORVA_API std::wstring to_wchar(const ustring16& text);
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -3,7 +3,7 @@
 #include "orva/platform/directory_listing.hpp"
 #include "orva/system/file_utility.hpp"
 
-namespace ORVA_2_18::system {
+namespace ORVA_NAMESPACE::system {
 
 namespace {
 
@@ -108,4 +108,4 @@ void get_directory_files(const strings::ustring32& path, std::vector<strings::us
   append_files(path, files);
 }
 
-}  // namespace ORVA_2_18::system
+}  // namespace ORVA_NAMESPACE::system

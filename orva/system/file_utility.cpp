@@ -5,13 +5,13 @@
 #include <cstdint>
 #include <utility>
 
-#include "orva/exceptions/raise.hpp"
+#include "orva/internal/raise.hpp"
 #include "orva/platform/file.hpp"
 #include "orva/platform/file_operations.hpp"
 #include "orva/platform/memory.hpp"
-#include "orva/system/symlink_check.hpp"
+#include "orva/platform/symbolic_link.hpp"
 
-namespace ORVA_2_18::system {
+namespace ORVA_NAMESPACE::system {
 
 namespace {
 
@@ -51,12 +51,12 @@ bool make_directory(std::basic_string_view<strings::code_unit16> path) {
 
 int load_file(const path_argument& path, std::string& contents) {
   const auto native = platform::to_native(path.get());
-  if (is_symbolic_link(native)) return 1;
+  if (platform::is_symbolic_link(native)) return 1;
   platform::input_file file(native);
   if (!file.is_open()) return 1;
   if (file.size() > largest_size) {
     ORVA_RAISE(exceptions::runtime_error, std::to_string(file.size()) + " is large than a string can hold",
-               "ORVA_2_18::system::load_file");
+               ORVA_QUALIFIED("system::load_file"));
   }
   read_whole(file, static_cast<std::size_t>(file.size()), contents);
   return 0;
@@ -64,7 +64,7 @@ int load_file(const path_argument& path, std::string& contents) {
 
 int store_file(const path_argument& path, const std::string& contents) {
   const auto native = platform::to_native(path.get());
-  if (is_symbolic_link(native)) return 1;
+  if (platform::is_symbolic_link(native)) return 1;
   return platform::write_file(native, contents) ? 0 : 1;
 }
 
@@ -90,4 +90,4 @@ bool have_read_access(const path_argument& path) {
   return platform::status(platform::to_native(path.get())).owner_may_read;
 }
 
-}  // namespace ORVA_2_18::system
+}  // namespace ORVA_NAMESPACE::system

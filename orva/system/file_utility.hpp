@@ -16,7 +16,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/system/path_argument.hpp"
 
-namespace ORVA_2_18::system {
+namespace ORVA_NAMESPACE::system {
 
 /// Reads a whole file into `contents`, a `ustring8` or a byte string, in place of what it held. The bytes arrive as
 /// they are in the file: a byte order mark stays (`strings::remove_BOM` takes it off) and no encoding is looked for.
@@ -87,4 +87,4 @@ ORVA_API void get_directory_files(const strings::ustring8& path, std::vector<str
 ORVA_API void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files);
 ORVA_API void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files);
 
-}  // namespace ORVA_2_18::system
+}  // namespace ORVA_NAMESPACE::system

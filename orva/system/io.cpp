@@ -2,7 +2,7 @@
 
 #include "orva/platform/file_operations.hpp"
 
-namespace ORVA_2_18::system::io {
+namespace ORVA_NAMESPACE::system::io {
 
 namespace {
 
@@ -21,4 +21,4 @@ void move(const path_argument& to, const path_argument& from) { platform::rename
 void remove_file(const path_argument& path) { platform::remove_file(native(path)); }
 void remove_dir(const path_argument& path) { platform::remove_directory(native(path)); }
 
-}  // namespace ORVA_2_18::system::io
+}  // namespace ORVA_NAMESPACE::system::io

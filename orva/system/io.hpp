@@ -8,7 +8,7 @@
 #include "orva/export.hpp"
 #include "orva/system/path_argument.hpp"
 
-namespace ORVA_2_18::system::io {
+namespace ORVA_NAMESPACE::system::io {
 
 /// Whether the path names anything that can be reached.
 ORVA_API bool exists(const path_argument& path);
@@ -34,4 +34,4 @@ ORVA_API void remove_file(const path_argument& path);
 /// Removes an empty directory. Anything else stays.
 ORVA_API void remove_dir(const path_argument& path);
 
-}  // namespace ORVA_2_18::system::io
+}  // namespace ORVA_NAMESPACE::system::io

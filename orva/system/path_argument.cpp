@@ -2,7 +2,7 @@
 
 #include "orva/strings/unicode.hpp"
 
-namespace ORVA_2_18::system {
+namespace ORVA_NAMESPACE::system {
 
 path_argument::path_argument(const strings::wide_string& path) : converted_(path) {}
 path_argument::path_argument(const strings::code_unit16* path) : converted_(path) {}
@@ -14,4 +14,4 @@ path_argument::path_argument(const std::basic_string<strings::code_unit32>& path
     : converted_(strings::utf32_to_utf16(path)) {}
 path_argument::path_argument(const strings::code_unit32* path) : converted_(strings::utf32_to_utf16(path)) {}
 
-}  // namespace ORVA_2_18::system
+}  // namespace ORVA_NAMESPACE::system

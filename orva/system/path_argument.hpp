@@ -14,7 +14,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_2_18::system {
+namespace ORVA_NAMESPACE::system {
 
 class ORVA_API path_argument {
  public:
@@ -35,4 +35,4 @@ class ORVA_API path_argument {
   strings::ustring16 converted_;
 };
 
-}  // namespace ORVA_2_18::system
+}  // namespace ORVA_NAMESPACE::system

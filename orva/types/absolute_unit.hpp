@@ -11,10 +11,10 @@
 
 #include <concepts>
 
-#include "orva/types/floating_truncation.hpp"
+#include "orva/internal/floating_truncation.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 class absolute_unit {
  public:
@@ -37,7 +37,7 @@ class absolute_unit {
   template <std::integral Integer>
   constexpr absolute_unit(Integer length) : value_(static_cast<int32>(length)) {}
   /// Whole md, toward zero: 1.9 holds 1. Only `value` keeps fractions.
-  constexpr absolute_unit(double length) : value_(_private::whole_part(length)) {}
+  constexpr absolute_unit(double length) : value_(internal::whole_part(length)) {}
 
   /// Takes the length; each side keeps its unit.
   constexpr absolute_unit& operator=(const absolute_unit& other) = default;
@@ -51,7 +51,7 @@ class absolute_unit {
   /// In the unit of this length, rounded to two decimals.
   constexpr double as_double() const { return do_as_double(); }
   /// Whole md, toward zero.
-  constexpr int32 as_md() const { return _private::truncate_signed<int32>(value_); }
+  constexpr int32 as_md() const { return internal::truncate_signed<int32>(value_); }
 
  protected:
   // Not virtual: a length is a value, and nobody owns one by its base.
@@ -85,4 +85,4 @@ class absolute_unit {
   double value_ = 0;
 };
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -13,7 +13,7 @@
 
 #include "orva/types/absolute_unit.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 /// N is `int`, so that a unit may be told by its number too.
 template <int N>
@@ -30,10 +30,10 @@ class basic_absolute_impl : public absolute_unit {
   constexpr unit_types do_type() const override { return static_cast<unit_types>(N); }
   /// Halves upward: 2.5 is 3, -2.5 is -2.
   constexpr int32 do_as_int32() const override {
-    return _private::truncate_signed<int32>(_private::floor(value() + 0.5));
+    return internal::truncate_signed<int32>(internal::floor(value() + 0.5));
   }
   /// Halves upward.
-  constexpr double do_as_double() const override { return _private::floor(value() * 100 + 0.5) / 100; }
+  constexpr double do_as_double() const override { return internal::floor(value() * 100 + 0.5) / 100; }
 };
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -14,7 +14,7 @@
 
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 class alignas(int32) color_t {
  public:
@@ -79,4 +79,4 @@ class alignas(int32) color_t {
 
 static_assert(sizeof(color_t) == 4, "colours are stored and handed to devices as four bytes");
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -11,10 +11,10 @@
 
 #include <concepts>
 
-#include "orva/types/floating_truncation.hpp"
+#include "orva/internal/floating_truncation.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 class device_unit {
  public:
@@ -25,7 +25,7 @@ class device_unit {
   template <std::integral Integer>
   constexpr device_unit(const Integer& pixels) : value_(static_cast<int32>(pixels)) {}
   template <std::floating_point Floating>
-  constexpr device_unit(const Floating& pixels) : value_(_private::truncate_signed<int32>(pixels)) {}
+  constexpr device_unit(const Floating& pixels) : value_(internal::truncate_signed<int32>(pixels)) {}
 
   // Numbers are assigned as they are constructed from: `width = 640`.
 
@@ -51,4 +51,4 @@ class device_unit {
   int32 value_ = 0;
 };
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -9,11 +9,13 @@
 #include <cstdint>
 #include <type_traits>
 
-namespace ORVA_2_18::types {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::types {
 
 using int32 = std::conditional_t<LONG_MAX == 0x7FFFFFFF, long, std::int32_t>;
 using uint32 = std::conditional_t<LONG_MAX == 0x7FFFFFFF, unsigned long, std::uint32_t>;
 
 static_assert(sizeof(int32) == 4 && sizeof(uint32) == 4);
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

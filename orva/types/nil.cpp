@@ -1,7 +1,7 @@
 #include "orva/types/nil.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 nil_t nil;
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

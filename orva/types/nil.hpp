@@ -6,11 +6,11 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 class nil_t {};
 
 /// Not const: `variant` and `message_t` take their nil by non-const reference.
 extern ORVA_API nil_t nil;
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

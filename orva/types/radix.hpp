@@ -4,7 +4,9 @@
 /// `static_cast<types::radix_t::base>(36)`.
 #pragma once
 
-namespace ORVA_2_18::types {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::types {
 
 /// Only the scope of the enumeration.
 struct radix_t {
@@ -18,4 +20,4 @@ struct radix_t {
   };
 };
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

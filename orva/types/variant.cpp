@@ -3,10 +3,10 @@
 #include <type_traits>
 #include <utility>
 
-#include "orva/types/stored_text.hpp"
-#include "orva/types/variant_value.hpp"
+#include "orva/internal/stored_text.hpp"
+#include "orva/types/internal/variant_value.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 namespace {
 
@@ -93,4 +93,4 @@ strings::ustring8 variant::as_utf8() const { return text_of(payload(), &variant_
 strings::ustring16 variant::as_utf16() const { return text_of(payload(), &variant_type::as_utf16); }
 strings::ustring32 variant::as_utf32() const { return text_of(payload(), &variant_type::as_utf32); }
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -37,7 +37,7 @@
 #include "orva/types/nil.hpp"
 #include "orva/types/variant_type.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 class variant;
 
@@ -193,4 +193,4 @@ static_assert(sizeof(variant) == sizeof(void*), "argument lists and trees hold v
 /// Writes the value as `variant::ostream` does.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const variant& value);
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

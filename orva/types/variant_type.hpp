@@ -15,7 +15,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::types {
+namespace ORVA_NAMESPACE::types {
 
 /// What each operation answers is told by the accessor of `variant` that has its name. The order of the operations
 /// is part of the binary interface.
@@ -61,4 +61,4 @@ class ORVA_API variant_type : public generic::abilities::clone_ability,
   variant_type& operator=(const variant_type&) = delete;
 };
 
-}  // namespace ORVA_2_18::types
+}  // namespace ORVA_NAMESPACE::types

@@ -15,16 +15,16 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::config_token;
-using ORVA_2_18::config::config_tree;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::generic::argument;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::memory::pointers::rc_pointer;
-using ORVA_2_18::strings::ustring8;
-using ORVA_2_18::types::nil;
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::config_token;
+using ORVA_NAMESPACE::config::config_tree;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::generic::argument;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::strings::ustring8;
+using ORVA_NAMESPACE::types::nil;
+using ORVA_NAMESPACE::types::variant;
 
 struct expression_row {
   const char* expression;
@@ -149,7 +149,7 @@ TEST(base_config_item, elements_behind_a_short_list_of_flags_become_numbers) {
   EXPECT_EQ(value_of(item, "k.1"), "8");
   EXPECT_EQ(flags_of(item, "k.1"), 1);
   EXPECT_EQ(value_of(item, "k.2"), "4294967295");
-  EXPECT_EQ(item.get_value("k.1")->second.type(), typeid(ORVA_2_18::types::uint32));
+  EXPECT_EQ(item.get_value("k.1")->second.type(), typeid(ORVA_NAMESPACE::types::uint32));
 }
 
 TEST(base_config_item, list_of_flags_may_be_longer_than_the_values) {

@@ -13,10 +13,10 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::commandline_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::commandline_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 
 /// Arguments that live as long as the object, and the item that reads them.
 class command_line {
@@ -165,7 +165,7 @@ TEST(commandline_item, values_are_byte_strings_and_flags_are_not) {
   EXPECT_EQ(line.item.get_value("a")->second.type(), typeid(std::string));
   EXPECT_EQ(line.item.get_value("b")->second.type(), typeid(std::string));
   EXPECT_EQ(line.item.get_value("c.1")->second.type(), typeid(std::string));
-  EXPECT_EQ(line.item.get_value("d")->second.type(), typeid(ORVA_2_18::strings::ustring8));
+  EXPECT_EQ(line.item.get_value("d")->second.type(), typeid(ORVA_NAMESPACE::strings::ustring8));
   EXPECT_EQ(line.item.get_value("application.name")->second.type(), typeid(std::string));
 }
 

@@ -17,15 +17,15 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::config_manager;
-using ORVA_2_18::config::file_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::config::module_config_dispatch;
-using ORVA_2_18::config::std_config_dispatch;
-using ORVA_2_18::generic::argument;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::config_manager;
+using ORVA_NAMESPACE::config::file_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::config::module_config_dispatch;
+using ORVA_NAMESPACE::config::std_config_dispatch;
+using ORVA_NAMESPACE::generic::argument;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::types::variant;
 
 std::string ids_of(const item_list& items) {
   std::string ids;

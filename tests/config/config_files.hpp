@@ -13,16 +13,16 @@
 namespace orva_test {
 
 /// An item that has loaded a file with this text; the file is gone again.
-inline std::unique_ptr<ORVA_2_18::config::file_item> load_text(std::string_view text) {
+inline std::unique_ptr<ORVA_NAMESPACE::config::file_item> load_text(std::string_view text) {
   static const temporary_directory directory;
-  auto item = std::make_unique<ORVA_2_18::config::file_item>(directory.write("test.cfg", text));
+  auto item = std::make_unique<ORVA_NAMESPACE::config::file_item>(directory.write("test.cfg", text));
   item->load();
   return item;
 }
 
 /// The nodes that have a value, as "name=value", or "name[]" for the header of an array.
 inline std::string keys_of_text(std::string_view text) {
-  std::vector<ORVA_2_18::config::base_config_item::value_entry> entries;
+  std::vector<ORVA_NAMESPACE::config::base_config_item::value_entry> entries;
   load_text(text)->get_value_pair_array("", entries, true);
   std::string keys;
   for (const auto& [name, node] : entries) {

@@ -14,7 +14,7 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::file_item;
+using ORVA_NAMESPACE::config::file_item;
 
 std::string read_file(const std::filesystem::path& path) {
   std::ifstream stream(path, std::ios::binary);
@@ -46,7 +46,7 @@ std::string escaped(const std::string& text) {
 
 /// One line a key, as the files beside the examples have them.
 std::string keys_in(const std::string& text) {
-  std::vector<ORVA_2_18::config::base_config_item::value_entry> entries;
+  std::vector<ORVA_NAMESPACE::config::base_config_item::value_entry> entries;
   load_text(text)->get_value_pair_array("", entries, true);
   std::string lines;
   for (const auto& [name, node] : entries) {

@@ -13,17 +13,17 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::config_dispatch;
-using ORVA_2_18::config::config_manager;
-using ORVA_2_18::config::config_tree;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::generic::argument;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::memory::pointers::rc_pointer;
-using ORVA_2_18::strings::ustring8;
-using ORVA_2_18::types::nil;
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::config_dispatch;
+using ORVA_NAMESPACE::config::config_manager;
+using ORVA_NAMESPACE::config::config_tree;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::generic::argument;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::strings::ustring8;
+using ORVA_NAMESPACE::types::nil;
+using ORVA_NAMESPACE::types::variant;
 
 constexpr unsigned int link = config_tree::NODE_LINK;
 

@@ -9,7 +9,7 @@
 #include "orva/config/std_config_dispatch.hpp"
 
 int main(int argc, char** argv) {
-  using namespace ORVA_2_18::config;
+  using namespace ORVA_NAMESPACE::config;
   config_manager config;
   config.init(std_config_dispatch(argc, argv, environ, "", ""));
   config.load();

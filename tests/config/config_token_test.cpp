@@ -14,8 +14,8 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::config_token;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::config::config_token;
+using ORVA_NAMESPACE::strings::ustring8;
 
 struct token_row {
   const char* source;

@@ -17,11 +17,11 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::config_tree;
-using ORVA_2_18::memory::pointers::rc_pointer;
-using ORVA_2_18::strings::ustring8;
-using ORVA_2_18::types::nil;
-using ORVA_2_18::types::variant;
+using ORVA_NAMESPACE::config::config_tree;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::strings::ustring8;
+using ORVA_NAMESPACE::types::nil;
+using ORVA_NAMESPACE::types::variant;
 using value_entry = config_tree::value_entry;
 
 std::string text_of(const config_tree& tree, std::string_view key) {

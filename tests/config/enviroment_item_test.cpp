@@ -10,10 +10,10 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::enviroment_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::enviroment_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 
 TEST(enviroment_item, entries_are_read_as_expressions) {
   const char* const envp[] = {"HOME=/home/ann",
@@ -39,7 +39,7 @@ TEST(enviroment_item, entries_are_read_as_expressions) {
   EXPECT_EQ(value_of(item, "m"), "a=b");
   EXPECT_EQ(value_of(item, ""), "C:=C:\\dir");
   EXPECT_EQ(value_of(item, "l"), "first");
-  EXPECT_EQ(item.get_value("home")->second.type(), typeid(ORVA_2_18::strings::ustring8));
+  EXPECT_EQ(item.get_value("home")->second.type(), typeid(ORVA_NAMESPACE::strings::ustring8));
 }
 
 TEST(enviroment_item, block_may_be_null_or_empty) {

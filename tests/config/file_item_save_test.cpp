@@ -12,11 +12,11 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::file_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::generic::argument;
-using ORVA_2_18::generic::varg_list;
-using ORVA_2_18::types::nil;
+using ORVA_NAMESPACE::config::file_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::generic::argument;
+using ORVA_NAMESPACE::generic::varg_list;
+using ORVA_NAMESPACE::types::nil;
 
 class file_item_save : public testing::Test {
  protected:

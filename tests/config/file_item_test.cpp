@@ -12,9 +12,9 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::file_item;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::file_item;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 using lines = std::vector<std::string>;
 
 struct file_row {
@@ -90,8 +90,8 @@ TEST(file_item, values_are_strings_of_the_library) {
   const temporary_directory directory;
   file_item item(directory.write("a.cfg", "k=v\nl[]=a,b\n"));
   EXPECT_TRUE(item.load());
-  EXPECT_EQ(item.get_value("k")->second.type(), typeid(ORVA_2_18::strings::ustring8));
-  EXPECT_EQ(item.get_value("l.0")->second.type(), typeid(ORVA_2_18::strings::ustring8));
+  EXPECT_EQ(item.get_value("k")->second.type(), typeid(ORVA_NAMESPACE::strings::ustring8));
+  EXPECT_EQ(item.get_value("l.0")->second.type(), typeid(ORVA_NAMESPACE::strings::ustring8));
   EXPECT_EQ(flags_of(item, "l"), 3);
 }
 

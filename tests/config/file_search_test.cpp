@@ -14,9 +14,9 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::file_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::config::user_item;
+using ORVA_NAMESPACE::config::file_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::config::user_item;
 
 class file_search : public testing::Test {
  protected:

@@ -7,10 +7,10 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::config::base_config_item;
-using ORVA_2_18::config::item_list;
-using ORVA_2_18::config::user_item;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using ORVA_NAMESPACE::config::base_config_item;
+using ORVA_NAMESPACE::config::item_list;
+using ORVA_NAMESPACE::config::user_item;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 
 TEST(user_item, id_has_a_blank_and_that_of_a_copy_an_underscore) {
   const user_item item;

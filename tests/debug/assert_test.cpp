@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using debug::_private::____________________ASSERT____________________;
 using debug::_private::_______________CONTEXT__ASSERT________________;
 using functor::delegate_t;

@@ -10,7 +10,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::exceptions;
+using namespace ORVA_NAMESPACE::exceptions;
 
 const std::string long_text(5000, 'm');
 
@@ -55,9 +55,9 @@ TYPED_TEST(exception_class, adds_no_field_of_its_own) {
 }
 
 TYPED_TEST(exception_class, keeps_message_and_place) {
-  const typename TypeParam::type raised("the text", 42, "strings/code_page", "ORVA_2_18::strings::f");
+  const typename TypeParam::type raised("the text", 42, "strings/code_page", ORVA_QUALIFIED("strings::f"));
   EXPECT_STREQ(raised.message(), "the text");
-  expect_place(raised, 42, "strings/code_page", "ORVA_2_18::strings::f");
+  expect_place(raised, 42, "strings/code_page", ORVA_QUALIFIED("strings::f"));
 }
 
 TYPED_TEST(exception_class, takes_over_the_state_of_another) {

@@ -12,8 +12,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::functor;
-using ORVA_2_18::strings::ustring8;
+using namespace ORVA_NAMESPACE::functor;
+using ORVA_NAMESPACE::strings::ustring8;
 
 /// Adds `step` to every argument; counts the objects of its kind that are alive.
 class adder : public function_type_interface<int(int)> {

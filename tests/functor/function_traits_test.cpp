@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 
 TEST(function_traits, describe_a_signature) {
   using described = traits::function_traits<int(const std::string&, double)>;

@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::functor;
+using namespace ORVA_NAMESPACE::functor;
 
 struct counter {
   int add(int amount) { return total += amount; }

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::argument;
 using strings::ustring8;
 using types::nil;

@@ -7,7 +7,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::generic;
+using namespace ORVA_NAMESPACE::generic;
 
 struct animal : clone_interface {
   explicit animal(int legs_) : legs(legs_) {}

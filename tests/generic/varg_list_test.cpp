@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::argument;
 using generic::varg_list;
 using strings::ustring8;

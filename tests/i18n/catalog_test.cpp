@@ -10,15 +10,15 @@
 
 namespace {
 
-using ORVA_2_18::generic::abilities::create_dynamic;
-using ORVA_2_18::i18n::catalog_t;
-using ORVA_2_18::i18n::message_item;
-using ORVA_2_18::i18n::message_t;
-using ORVA_2_18::memory::pointers::shared_pointer;
-using ORVA_2_18::strings::ustring16;
-using ORVA_2_18::strings::ustring32;
-using ORVA_2_18::strings::ustring8;
-using ORVA_2_18::types::nil;
+using ORVA_NAMESPACE::generic::abilities::create_dynamic;
+using ORVA_NAMESPACE::i18n::catalog_t;
+using ORVA_NAMESPACE::i18n::message_item;
+using ORVA_NAMESPACE::i18n::message_t;
+using ORVA_NAMESPACE::memory::pointers::shared_pointer;
+using ORVA_NAMESPACE::strings::ustring16;
+using ORVA_NAMESPACE::strings::ustring32;
+using ORVA_NAMESPACE::strings::ustring8;
+using ORVA_NAMESPACE::types::nil;
 
 message_t message_of(const ustring8& name, const ustring8& text, const ustring8& locale) {
   message_t message(name, {message_item(text)});

@@ -10,8 +10,8 @@
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::i18n::_private;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::i18n::_private;
 using orva_test::attribute_string;
 using types::variant;
 

@@ -8,14 +8,14 @@
 #include <string_view>
 #include <vector>
 
-#include "orva/i18n/format_attributes.hpp"
+#include "orva/i18n/internal/format_attributes.hpp"
 #include "orva/strings/split.hpp"
 #include "tests/support/attribute_string.hpp"
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::i18n::_private;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::i18n::_private;
 using strings::ustring8;
 
 std::vector<ustring8> cut_all(std::string_view fields) {

@@ -40,7 +40,7 @@ TEST(language_tag, list_grows_from_neutral_to_specific) {
   for (const auto& row : rows) {
     xmc_file_loader loader;
     loader.handle_language(row.language);
-    ORVA_2_18::types::uint32 weight = 0;
+    ORVA_NAMESPACE::types::uint32 weight = 0;
     for (const char* tag : row.accepted) {
       EXPECT_EQ(loader.get_locale_weight(tag), ++weight) << row.language << " weighs " << tag;
       EXPECT_TRUE(loader.is_lang_id_good(tag));
@@ -83,8 +83,8 @@ TEST(language_tag, each_call_starts_a_new_list) {
 
 TEST(language_tag, texts_of_every_width) {
   xmc_file_loader loader;
-  loader.handle_language(ORVA_2_18::strings::ustring16({'d', 'e'}));
-  EXPECT_EQ(loader.get_locale_weight(ORVA_2_18::strings::ustring32({'d', 'e'})), 3u);
+  loader.handle_language(ORVA_NAMESPACE::strings::ustring16({'d', 'e'}));
+  EXPECT_EQ(loader.get_locale_weight(ORVA_NAMESPACE::strings::ustring32({'d', 'e'})), 3u);
 }
 
 TEST(language_tag, catalog_without_language_is_wanted_by_a_tag_with_an_empty_part) {

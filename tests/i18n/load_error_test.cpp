@@ -6,9 +6,9 @@
 
 namespace {
 
-using ORVA_2_18::i18n::_private::load_error;
-using ORVA_2_18::i18n::_private::xmc_file_loader;
-using ORVA_2_18::parser::xml_parser;
+using ORVA_NAMESPACE::i18n::_private::load_error;
+using ORVA_NAMESPACE::i18n::_private::xmc_file_loader;
+using ORVA_NAMESPACE::parser::xml_parser;
 
 TEST(load_error, has_the_text_of_its_type) {
   const struct {

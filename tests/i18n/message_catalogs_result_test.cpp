@@ -8,8 +8,8 @@
 
 namespace {
 
-using ORVA_2_18::i18n::message_catalogs;
-using ORVA_2_18::i18n::_private::load_error;
+using ORVA_NAMESPACE::i18n::message_catalogs;
+using ORVA_NAMESPACE::i18n::_private::load_error;
 using result_type = message_catalogs::result_type;
 
 TEST(message_catalogs_result, has_the_text_of_its_code) {

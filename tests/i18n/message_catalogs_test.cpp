@@ -13,14 +13,14 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::i18n::catalog_t;
-using ORVA_2_18::i18n::message_catalogs;
-using ORVA_2_18::strings::ustring16;
-using ORVA_2_18::strings::ustring32;
-using ORVA_2_18::strings::utf8_to_utf16;
-using ORVA_2_18::strings::utf8_to_utf32;
-using ORVA_2_18::strings::wide_string;
-using ORVA_2_18::types::nil;
+using ORVA_NAMESPACE::i18n::catalog_t;
+using ORVA_NAMESPACE::i18n::message_catalogs;
+using ORVA_NAMESPACE::strings::ustring16;
+using ORVA_NAMESPACE::strings::ustring32;
+using ORVA_NAMESPACE::strings::utf8_to_utf16;
+using ORVA_NAMESPACE::strings::utf8_to_utf32;
+using ORVA_NAMESPACE::strings::wide_string;
+using ORVA_NAMESPACE::types::nil;
 
 /// A file with the message "m" in catalog `name`.
 std::string file_of(std::string_view name, std::string_view text, std::string_view language = "de") {
@@ -49,7 +49,7 @@ TEST(message_catalogs, loads_a_file_and_renders) {
   EXPECT_EQ(result, message_catalogs::no_error);
   EXPECT_EQ(result.message(),
             "message_catalogs::result_type - No Error\nxmc_file_loader::load_error - No Error");
-  ORVA_2_18::generic::varg_list args;
+  ORVA_NAMESPACE::generic::varg_list args;
   args.push_back("n", 7);
   EXPECT_EQ(catalogs.message("app", "free").as_utf8(args), "Frei: 7");
   EXPECT_EQ(catalogs.count("app"), 2u);

@@ -10,7 +10,7 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::parser::xml_token_stream;
+using ORVA_NAMESPACE::parser::xml_token_stream;
 
 TEST(xmc_file_loader, documentation_example) {
   const reading result = read(
@@ -331,9 +331,9 @@ TEST(xmc_file_loader, survives_tokens_that_end_anywhere) {
       xmc("<!-- c -->" + app("de", "<msg name='m' meta='x'>a  <br/><arg name='n' type='int'/></msg>") +
           app("fr", "<msg/>"));
   xml_token_stream whole;
-  ASSERT_EQ(whole.parse(text).type, ORVA_2_18::parser::xml_parser::parse_error::no_error);
-  for (ORVA_2_18::types::uint32 first = 0; first < whole.size(); ++first) {
-    for (ORVA_2_18::types::uint32 last = first + 1; last <= whole.size(); ++last) {
+  ASSERT_EQ(whole.parse(text).type, ORVA_NAMESPACE::parser::xml_parser::parse_error::no_error);
+  for (ORVA_NAMESPACE::types::uint32 first = 0; first < whole.size(); ++first) {
+    for (ORVA_NAMESPACE::types::uint32 last = first + 1; last <= whole.size(); ++last) {
       const auto run = [&](auto&& read_element) {
         xml_token_stream tokens = whole;
         open_loader loader;

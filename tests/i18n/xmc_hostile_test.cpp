@@ -13,7 +13,7 @@
 namespace {
 
 using namespace orva_test;
-using ORVA_2_18::i18n::message_catalogs;
+using ORVA_NAMESPACE::i18n::message_catalogs;
 
 const ustring8& document() {
   static const ustring8 text =

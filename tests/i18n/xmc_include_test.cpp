@@ -34,7 +34,7 @@ TEST(xmc_include, path_starts_from_the_directory_of_the_including_file) {
   const reading result = read_file(directory.file("a/one.xmc"));
   EXPECT_EQ(words(result.error), "No Error");
   for (const char* name : {"one", "two", "three", "four", "five"}) {
-    EXPECT_FALSE(result.message(name) == ORVA_2_18::types::nil) << name;
+    EXPECT_FALSE(result.message(name) == ORVA_NAMESPACE::types::nil) << name;
   }
 }
 

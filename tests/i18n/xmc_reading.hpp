@@ -9,11 +9,11 @@
 
 namespace orva_test {
 
-using ORVA_2_18::i18n::message_item;
-using ORVA_2_18::i18n::message_t;
-using ORVA_2_18::i18n::_private::load_error;
-using ORVA_2_18::i18n::_private::xmc_file_loader;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::i18n::message_item;
+using ORVA_NAMESPACE::i18n::message_t;
+using ORVA_NAMESPACE::i18n::_private::load_error;
+using ORVA_NAMESPACE::i18n::_private::xmc_file_loader;
+using ORVA_NAMESPACE::strings::ustring8;
 
 /// A document with `content` in its root element.
 inline ustring8 xmc(std::string_view content) {
@@ -29,11 +29,12 @@ inline ustring8 app(std::string_view language, std::string_view messages) {
 struct reading {
   load_error error;
   xmc_file_loader::catalog_map catalogs;
-  ORVA_2_18::types::uint32 stored = 0;
+  ORVA_NAMESPACE::types::uint32 stored = 0;
 
   const message_t& message(const ustring8& name, const ustring8& catalog = "app") const {
     const auto found = catalogs.find(catalog);
-    return found == catalogs.end() ? ORVA_2_18::i18n::catalog_t::m_nil_message : found->second->message(name);
+    return found == catalogs.end() ? ORVA_NAMESPACE::i18n::catalog_t::m_nil_message
+                                   : found->second->message(name);
   }
 };
 

@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 
 template <typename Class>
 void expect_caught(const std::string& name) {

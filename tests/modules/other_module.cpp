@@ -5,7 +5,7 @@
 
 namespace other_module {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 
 namespace {
 

@@ -16,12 +16,12 @@ namespace other_module {
 /// Raises the class of the library that has this name.
 OTHER_MODULE_EXPORT void raise(const std::string& class_name);
 
-OTHER_MODULE_EXPORT const ORVA_2_18::types::nil_t* address_of_nil();
+OTHER_MODULE_EXPORT const ORVA_NAMESPACE::types::nil_t* address_of_nil();
 
 /// Fails an assertion.
 OTHER_MODULE_EXPORT void assert_something();
 
-struct counted : ORVA_2_18::generic::abilities::reference_count_pointer_ability<counted> {
+struct counted : ORVA_NAMESPACE::generic::abilities::reference_count_pointer_ability<counted> {
   explicit counted(int& destroyed) : destroyed_(&destroyed) {}
   ~counted() { ++*destroyed_; }
 
@@ -29,7 +29,7 @@ struct counted : ORVA_2_18::generic::abilities::reference_count_pointer_ability<
   int* destroyed_;
 };
 
-OTHER_MODULE_EXPORT ORVA_2_18::memory::pointers::rc_pointer<counted> make_counted(int& destroyed);
+OTHER_MODULE_EXPORT ORVA_NAMESPACE::memory::pointers::rc_pointer<counted> make_counted(int& destroyed);
 
 /// `listen` is exported, not inline: hidden inline functions have another address in every module.
 struct listener {
@@ -37,7 +37,7 @@ struct listener {
   std::string heard;
 };
 
-using text_delegate = ORVA_2_18::functor::delegate_t<void(const std::string&)>;
+using text_delegate = ORVA_NAMESPACE::functor::delegate_t<void(const std::string&)>;
 OTHER_MODULE_EXPORT text_delegate listen_with(listener& ear);
 
 }  // namespace other_module

@@ -1,6 +1,6 @@
 cmake_minimum_required(VERSION 3.22)
 # The shared library exports names of its namespace only; of the internal namespaces just those that callers are
-# promised, and nothing of the platform layer.
+# promised, and nothing of platform and internal.
 execute_process(COMMAND ${NM} -D --defined-only --demangle ${LIBRARY} OUTPUT_VARIABLE output
   COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ";" "," output "${output}")
@@ -19,10 +19,10 @@ list(JOIN promised "|" promised)
 
 foreach(line ${lines})
   string(REGEX REPLACE "^[0-9a-f]* *[A-Za-z] " "" name "${line}")
-  if(name MATCHES "(^|[ (])ORVA_2_18::platform::")
-    message(SEND_ERROR "of the platform layer: ${name}")
+  if(name MATCHES "(^|[ (])${NAMESPACE}::(internal|platform)::")
+    message(SEND_ERROR "internal: ${name}")
   endif()
-  if(NOT name MATCHES "^(typeinfo for |typeinfo name for |vtable for |VTT for |(non-)?virtual thunk to |guard variable for )?([a-z][A-Za-z0-9_:<>, ]*[ &*])?ORVA_2_18::")
+  if(NOT name MATCHES "^(typeinfo for |typeinfo name for |vtable for |VTT for |(non-)?virtual thunk to |guard variable for )?([a-z][A-Za-z0-9_:<>, ]*[ &*])?${NAMESPACE}::")
     message(SEND_ERROR "outside the namespace: ${name}")
   endif()
   # What stands before the argument list names the thing itself.

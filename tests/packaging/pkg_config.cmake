@@ -3,7 +3,7 @@ include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
 find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)
 execute_process(COMMAND ${pkg_config} --modversion orva OUTPUT_VARIABLE version OUTPUT_STRIP_TRAILING_WHITESPACE)
-if(NOT version STREQUAL "2.18.0")
+if(NOT version STREQUAL VERSION)
   message(FATAL_ERROR "pkg-config tells version ${version}")
 endif()
 execute_process(COMMAND ${pkg_config} --cflags --libs orva OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE

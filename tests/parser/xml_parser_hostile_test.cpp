@@ -14,8 +14,8 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_parser;
-using ORVA_2_18::parser::xml_token_stream;
+using ORVA_NAMESPACE::parser::xml_parser;
+using ORVA_NAMESPACE::parser::xml_token_stream;
 using orva_test::parse_with;
 using orva_test::parse_xml;
 using orva_test::reference_xml;

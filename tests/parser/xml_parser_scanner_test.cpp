@@ -8,7 +8,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_parser;
+using ORVA_NAMESPACE::parser::xml_parser;
 using error = xml_parser::parse_error;
 
 class scanners : public xml_parser {
@@ -21,8 +21,8 @@ class scanners : public xml_parser {
   using xml_parser::parse_whitespace;
 };
 
-using scanner = ORVA_2_18::strings::ustring8 (scanners::*)(xml_parser::iterator&,
-                                                           xml_parser::iterator&) const;
+using scanner = ORVA_NAMESPACE::strings::ustring8 (scanners::*)(xml_parser::iterator&,
+                                                                xml_parser::iterator&) const;
 
 struct scan_result {
   std::string taken;

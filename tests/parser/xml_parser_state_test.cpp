@@ -11,9 +11,9 @@
 
 namespace {
 
-using ORVA_2_18::functor::member_function_t;
-using ORVA_2_18::parser::xml_parser;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::functor::member_function_t;
+using ORVA_NAMESPACE::parser::xml_parser;
+using ORVA_NAMESPACE::strings::ustring8;
 using orva_test::parse_with;
 using orva_test::xml_outcome;
 using orva_test::xml_recorder;

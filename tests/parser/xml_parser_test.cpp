@@ -12,7 +12,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_parser;
+using ORVA_NAMESPACE::parser::xml_parser;
 using orva_test::parse_xml;
 using orva_test::xml_outcome;
 using error = xml_parser::parse_error;
@@ -549,10 +549,10 @@ TEST(xml_parser, character_reference_above_255_throws_overflow_error) {
     try {
       parser.parse(text);
       FAIL() << text;
-    } catch (const ORVA_2_18::exceptions::overflow_error& failure) {
+    } catch (const ORVA_NAMESPACE::exceptions::overflow_error& failure) {
       EXPECT_STREQ(failure.message(), "Number value is to large") << text;
       EXPECT_STREQ(failure.error_state().file(), "generic/convert/str_to_x");
-      EXPECT_STREQ(failure.error_state().function(), "ORVA_2_18::generic::convert::strtouintx");
+      EXPECT_STREQ(failure.error_state().function(), ORVA_QUALIFIED("generic::convert::strtouintx"));
     }
   }
 }

@@ -17,11 +17,11 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 using orva_test::read_all;
 using orva_test::temporary_directory;
 using orva_test::xml_stream_file;
-namespace strings = ORVA_2_18::strings;
+namespace strings = ORVA_NAMESPACE::strings;
 
 constexpr std::string_view small = "<?xml version='1.0' encoding='UTF-8'?><r><a/><a/></r>";
 

@@ -13,7 +13,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 using orva_test::describe_node;
 using orva_test::transcript;
 using orva_test::xml_stream_header;
@@ -28,7 +28,7 @@ TEST(xml_stream_parser, front_and_pop_of_an_empty_queue_throw) {
   } catch (const std::exception& thrown) {
     EXPECT_STREQ(thrown.what(), "empty node queue");
   }
-  static_assert(std::is_same_v<ORVA_2_18::parser::EmptyNodeQueue, xml_stream_parser::EmptyNodeQueue>);
+  static_assert(std::is_same_v<ORVA_NAMESPACE::parser::EmptyNodeQueue, xml_stream_parser::EmptyNodeQueue>);
 }
 
 TEST(xml_stream_parser, front_that_is_still_open_throws_and_stays) {

@@ -11,7 +11,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 using orva_test::transcript;
 using feed = orva_test::xml_stream_feed;
 
@@ -34,7 +34,7 @@ TEST(xml_stream_parser_recover, takes_lists_of_strings_of_either_class) {
   EXPECT_EQ(with_strings.nodes().front(), "x #4<0 status 0 line 1");
   feed with_ustrings(damaged);
   with_ustrings.parser.parse();
-  EXPECT_EQ(with_ustrings.parser.recover(std::list<ORVA_2_18::strings::ustring8>{"b"}),
+  EXPECT_EQ(with_ustrings.parser.recover(std::list<ORVA_NAMESPACE::strings::ustring8>{"b"}),
             xml_stream_parser::no_error);
   EXPECT_EQ(with_ustrings.nodes().front(), "b #4<0 status 0 line 1 n=\"4\"");
 }

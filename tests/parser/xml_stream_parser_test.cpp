@@ -13,7 +13,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 using orva_test::describe_node;
 using orva_test::read_all;
 using orva_test::take_all;

@@ -14,7 +14,7 @@
 
 namespace {
 
-using ORVA_2_18::parser::xml_stream_parser;
+using ORVA_NAMESPACE::parser::xml_stream_parser;
 using orva_test::read_all;
 using orva_test::read_all_recovering;
 using orva_test::reference_xml_stream;

@@ -9,18 +9,18 @@
 #include "orva/exceptions/exception.hpp"
 
 // A failed comparison prints the tokens.
-namespace ORVA_2_18::parser {
+namespace ORVA_NAMESPACE::parser {
 
 void PrintTo(const xml_token_stream::token& token, std::ostream* out) {
   *out << token.type() << " '" << token.value() << '\'';
 }
 
-}  // namespace ORVA_2_18::parser
+}  // namespace ORVA_NAMESPACE::parser
 
 namespace {
 
-using ORVA_2_18::parser::xml_parser;
-using ORVA_2_18::parser::xml_token_stream;
+using ORVA_NAMESPACE::parser::xml_parser;
+using ORVA_NAMESPACE::parser::xml_token_stream;
 using token = xml_token_stream::token;
 using tokens = std::vector<token>;
 using error = xml_parser::parse_error;
@@ -204,7 +204,7 @@ TEST(xml_token_stream, range_of_a_byte_string_is_parsed) {
 
 TEST(xml_token_stream, character_reference_out_of_range_throws_and_keeps_the_tokens) {
   xml_token_stream stream;
-  EXPECT_THROW(stream.parse("<?xml?><a>b<c>&#256;</c></a>"), ORVA_2_18::exceptions::overflow_error);
+  EXPECT_THROW(stream.parse("<?xml?><a>b<c>&#256;</c></a>"), ORVA_NAMESPACE::exceptions::overflow_error);
   EXPECT_EQ(stream.size(), 4u);
 }
 

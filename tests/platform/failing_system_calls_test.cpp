@@ -39,12 +39,12 @@ void* operator new(std::size_t size) {
 
 namespace {
 
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::strings::ustring8;
 using orva_test::scripted_calls;
 using orva_test::temporary_directory;
-namespace exceptions = ORVA_2_18::exceptions;
-namespace platform = ORVA_2_18::platform;
-namespace sys = ORVA_2_18::system;
+namespace exceptions = ORVA_NAMESPACE::exceptions;
+namespace platform = ORVA_NAMESPACE::platform;
+namespace sys = ORVA_NAMESPACE::system;
 
 int fail_with(int error) {
   errno = error;

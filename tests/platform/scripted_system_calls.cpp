@@ -14,7 +14,7 @@ call_script& script() {
 
 }  // namespace orva_test
 
-namespace ORVA_2_18::platform::posix::calls {
+namespace ORVA_NAMESPACE::platform::posix::calls {
 
 using orva_test::script;
 
@@ -80,4 +80,4 @@ int closedir(DIR* directory) {
   return ::closedir(directory);
 }
 
-}  // namespace ORVA_2_18::platform::posix::calls
+}  // namespace ORVA_NAMESPACE::platform::posix::calls

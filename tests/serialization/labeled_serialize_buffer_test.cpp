@@ -11,8 +11,8 @@
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::serialization;
 using memory::pointers::rc_pointer;
 
 /// The least that a class can be: it holds a flat form and knows no label.

@@ -16,8 +16,8 @@
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::serialization;
 using orva_test::reference_labeled;
 using types::variant;
 

@@ -12,8 +12,8 @@
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::serialization;
 using types::nil;
 using types::variant;
 using buffer = labeled_text_buffer;

@@ -16,8 +16,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::serialization;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using namespace ORVA_NAMESPACE::serialization;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 using orva_test::from_hex;
 using orva_test::golden_lines;
 using orva_test::to_hex;
@@ -55,11 +55,11 @@ struct told_item {
 void append(serialize_buffer& buffer, const told_item& item) {
   if (item.type == "int8") return buffer.append_int8(static_cast<signed char>(item.number<int>()));
   if (item.type == "int16") return buffer.append_int16(item.number<short>());
-  if (item.type == "int32") return buffer.append_int32(item.number<ORVA_2_18::types::int32>());
+  if (item.type == "int32") return buffer.append_int32(item.number<ORVA_NAMESPACE::types::int32>());
   if (item.type == "int64") return buffer.append_int64(item.number<long long>());
   if (item.type == "uint8") return buffer.append_uint8(static_cast<unsigned char>(item.number<int>()));
   if (item.type == "uint16") return buffer.append_uint16(item.number<unsigned short>());
-  if (item.type == "uint32") return buffer.append_uint32(item.number<ORVA_2_18::types::uint32>());
+  if (item.type == "uint32") return buffer.append_uint32(item.number<ORVA_NAMESPACE::types::uint32>());
   if (item.type == "uint64") return buffer.append_uint64(item.number<unsigned long long>());
   if (item.type == "float") return buffer.append_float(item.number<float>(), item.precision());
   if (item.type == "double") return buffer.append_double(item.number<double>(), item.precision());

@@ -15,8 +15,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::serialization;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using namespace ORVA_NAMESPACE::serialization;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 using orva_test::from_hex;
 using orva_test::has_bits;
 using orva_test::reference_binary_reader;

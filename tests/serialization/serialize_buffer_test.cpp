@@ -19,8 +19,8 @@
 
 namespace {
 
-using namespace ORVA_2_18;
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::serialization;
 using memory::pointers::rc_pointer;
 using types::int32;
 using types::uint32;

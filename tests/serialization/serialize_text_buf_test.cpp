@@ -18,8 +18,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::serialization;
-using ORVA_2_18::memory::pointers::rc_pointer;
+using namespace ORVA_NAMESPACE::serialization;
+using ORVA_NAMESPACE::memory::pointers::rc_pointer;
 using orva_test::reference_text_reader;
 
 /// The byte 0x01 as the documentation shows it.
@@ -291,7 +291,7 @@ TEST(serialize_text_buf, length_reads_like_any_number) {
 TEST(serialize_text_buf, lengths_are_read_through_the_virtual_call) {
   struct counting : serialize_text_buf {
     using serialize_text_buf::serialize_text_buf;
-    ORVA_2_18::types::int32 read_int32() const override {
+    ORVA_NAMESPACE::types::int32 read_int32() const override {
       ++calls;
       return serialize_text_buf::read_int32();
     }

@@ -13,7 +13,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::serialization;
+using namespace ORVA_NAMESPACE::serialization;
 
 static_assert(stored_buffer::past_end == 4294967295U);
 static_assert(stored_buffer::max_size == (sizeof(void*) == 4 ? 0x7FFFFFFFU : 4294967294U));

@@ -12,8 +12,8 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
-namespace gh2 = ORVA_2_18::strings::gh2;
+namespace strings = ORVA_NAMESPACE::strings;
+namespace gh2 = ORVA_NAMESPACE::strings::gh2;
 using strings::lower_case;
 using strings::to_lower;
 using strings::to_upper;

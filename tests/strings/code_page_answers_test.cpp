@@ -12,9 +12,9 @@
 
 namespace {
 
-using ORVA_2_18::strings::code_page;
-using ORVA_2_18::strings::code_unit16;
-using ORVA_2_18::strings::ustring16;
+using ORVA_NAMESPACE::strings::code_page;
+using ORVA_NAMESPACE::strings::code_unit16;
+using ORVA_NAMESPACE::strings::ustring16;
 
 class platform_answers : public testing::TestWithParam<int> {
  protected:

@@ -8,7 +8,7 @@
 #include "orva/platform/code_page_conversion.hpp"
 #include "orva/strings/code_page.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 // A failing platform may leave anything behind.
 
@@ -17,16 +17,16 @@ bool to_code_page(int, std::basic_string_view<strings::code_unit16>, std::string
   return false;
 }
 
-bool from_code_page(int, std::string_view, strings::ustring16& text) {
+bool from_code_page(int, std::string_view, std::basic_string<strings::code_unit16>& text) {
   text.assign(3, strings::code_unit16{'x'});
   return false;
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using strings::code_page;
 
 template <typename Convert>

@@ -16,7 +16,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using strings::code_page;
 using strings::code_unit16;
 using strings::ustring16;
@@ -48,7 +48,8 @@ void expect_invalid(Convert convert) {
     ADD_FAILURE() << "nothing was raised";
   } catch (const exceptions::invalid_argument_value& raised) {
     EXPECT_EQ(std::string(raised.message()), "Not valid code_page type");
-    EXPECT_EQ(std::string(raised.error_state().function()), "ORVA_2_18::strings::code_page::to_system_type");
+    EXPECT_EQ(std::string(raised.error_state().function()),
+              ORVA_QUALIFIED("strings::code_page::to_system_type"));
     EXPECT_EQ(std::string(raised.error_state().file()), "strings/code_page");
   }
 }

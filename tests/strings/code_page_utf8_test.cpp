@@ -15,7 +15,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::strings;
+using namespace ORVA_NAMESPACE::strings;
 
 ustring16 units(std::initializer_list<unsigned> values) {
   ustring16 text;

@@ -12,8 +12,8 @@
 
 namespace {
 
-namespace gh2 = ORVA_2_18::strings::gh2;
-using ORVA_2_18::strings::code_page;
+namespace gh2 = ORVA_NAMESPACE::strings::gh2;
+using ORVA_NAMESPACE::strings::code_page;
 
 bool is_valid(std::string_view text) {
   const auto length = static_cast<unsigned int>(text.size());
@@ -96,7 +96,8 @@ TEST(gh2_streams, are_the_standard_wide_streams) {
 }
 
 TEST(to_ansi, encodes_in_the_code_page_of_type_ansi) {
-  const ORVA_2_18::strings::wide_string text = ORVA_2_18::strings::utf8_to_utf16("a\xC3\xA4\xE2\x82\xAC");
+  const ORVA_NAMESPACE::strings::wide_string text =
+      ORVA_NAMESPACE::strings::utf8_to_utf16("a\xC3\xA4\xE2\x82\xAC");
   EXPECT_EQ(gh2::to_ansi(text), code_page(code_page::ansi).encode(text));
   EXPECT_EQ(gh2::to_ansi({}), "");
 }
@@ -104,7 +105,7 @@ TEST(to_ansi, encodes_in_the_code_page_of_type_ansi) {
 TEST(from_ansi, decodes_from_the_code_page_of_type_ansi) {
   const std::string bytes = "a\xC3\xA4\xE2\x82\xAC";
   EXPECT_EQ(gh2::from_ansi(bytes), code_page(code_page::ansi).as_ustring(bytes));
-  EXPECT_EQ(gh2::from_ansi(""), ORVA_2_18::strings::wide_string());
+  EXPECT_EQ(gh2::from_ansi(""), ORVA_NAMESPACE::strings::wide_string());
 }
 
 }  // namespace

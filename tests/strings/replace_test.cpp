@@ -12,7 +12,7 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
+namespace strings = ORVA_NAMESPACE::strings;
 using strings::replace_all;
 
 struct replaced {

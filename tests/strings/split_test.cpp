@@ -13,7 +13,7 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
+namespace strings = ORVA_NAMESPACE::strings;
 using strings::split_string;
 using strings::ustring16;
 using strings::ustring32;

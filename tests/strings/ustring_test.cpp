@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::strings;
+using namespace ORVA_NAMESPACE::strings;
 
 template <typename Ustring>
 using unit_of = typename Ustring::value_type;

@@ -8,8 +8,8 @@
 namespace orva_test {
 
 /// attribute_string("base|hex")  =>  "base", 0x01, "hex"
-inline ORVA_2_18::strings::ustring8 attribute_string(std::string_view text) {
-  ORVA_2_18::strings::ustring8 result(text);
+inline ORVA_NAMESPACE::strings::ustring8 attribute_string(std::string_view text) {
+  ORVA_NAMESPACE::strings::ustring8 result(text);
   for (char& unit : result) {
     if (unit == '|') unit = '\x01';
   }

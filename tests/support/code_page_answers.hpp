@@ -28,11 +28,11 @@ inline unsigned number_at(const std::string& content, std::size_t at) {
 }
 
 /// Appends as many of `count` numbers at `at` as are not 0.
-inline void append_units(ORVA_2_18::strings::ustring16& text, const std::string& content, std::size_t at,
+inline void append_units(ORVA_NAMESPACE::strings::ustring16& text, const std::string& content, std::size_t at,
                          std::size_t count) {
   for (std::size_t i = 0; i < count; ++i) {
     const unsigned unit = number_at(content, at + 2 * i);
-    if (unit != 0) text.push_back(static_cast<ORVA_2_18::strings::code_unit16>(unit));
+    if (unit != 0) text.push_back(static_cast<ORVA_NAMESPACE::strings::code_unit16>(unit));
   }
 }
 
@@ -40,7 +40,7 @@ class code_page_answers {
  public:
   explicit code_page_answers(int page) : content_(answers_in(std::to_string(page) + ".answers")) {}
 
-  std::string encoded(ORVA_2_18::strings::code_unit16 unit) const {
+  std::string encoded(ORVA_NAMESPACE::strings::code_unit16 unit) const {
     const std::size_t at = 4 * static_cast<std::size_t>(static_cast<std::uint16_t>(unit));
     const unsigned long number = number_at(content_, at) + 65536ul * number_at(content_, at + 2);
     std::string bytes;
@@ -52,22 +52,22 @@ class code_page_answers {
   }
 
   /// A pair; of a single byte, where the second is 0.
-  ORVA_2_18::strings::ustring16 decoded(char first, char second) const {
-    ORVA_2_18::strings::ustring16 text;
+  ORVA_NAMESPACE::strings::ustring16 decoded(char first, char second) const {
+    ORVA_NAMESPACE::strings::ustring16 text;
     const std::size_t pair = 256u * static_cast<unsigned char>(first) + static_cast<unsigned char>(second);
     append_units(text, content_, 262144 + 4 * pair, 2);
     return text;
   }
 
-  std::string encoded(const ORVA_2_18::strings::ustring16& text) const {
+  std::string encoded(const ORVA_NAMESPACE::strings::ustring16& text) const {
     std::string bytes;
     for (const auto unit : text) bytes += encoded(unit);
     return bytes;
   }
 
   /// For all pages but UTF-8, of which a pair does not tell everything.
-  ORVA_2_18::strings::ustring16 decoded(const std::string& bytes) const {
-    ORVA_2_18::strings::ustring16 text;
+  ORVA_NAMESPACE::strings::ustring16 decoded(const std::string& bytes) const {
+    ORVA_NAMESPACE::strings::ustring16 text;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
       const char next = i + 1 < bytes.size() ? bytes[i + 1] : '\0';
       const bool is_pair = next != '\0' && decoded(bytes[i], next).size() == 1;

@@ -10,15 +10,15 @@
 
 namespace orva_test {
 
-class plain_item : public ORVA_2_18::config::base_config_item {
+class plain_item : public ORVA_NAMESPACE::config::base_config_item {
  public:
   using base_config_item::get_token;
 
   plain_item* clone() const override {
-    return ORVA_2_18::generic::abilities::create_dynamic<plain_item>(*this);
+    return ORVA_NAMESPACE::generic::abilities::create_dynamic<plain_item>(*this);
   }
 
-  ORVA_2_18::config::config_tree& tree() { return tree_; }
+  ORVA_NAMESPACE::config::config_tree& tree() { return tree_; }
   void name(std::string_view id) { id_.assign(id); }
 };
 
@@ -33,7 +33,7 @@ inline std::string test_name(std::string text) {
 
 /// All tokens of a text, as the library cuts them.
 inline std::vector<reference_token> tokens_of(const std::string& source) {
-  using ORVA_2_18::config::config_token;
+  using ORVA_NAMESPACE::config::config_token;
   const plain_item item;
   std::vector<reference_token> tokens;
   config_token token;
@@ -45,21 +45,21 @@ inline std::vector<reference_token> tokens_of(const std::string& source) {
 }
 
 /// The value of a key as text; "(none)" where there is no such key.
-inline std::string value_of(const ORVA_2_18::config::base_config_item& item, std::string_view key) {
+inline std::string value_of(const ORVA_NAMESPACE::config::base_config_item& item, std::string_view key) {
   const auto* const node = item.get_value(key);
   return node == nullptr ? "(none)" : std::string(node->second.as_string());
 }
 
 /// The flags of a key; -1 where there is no such key.
-inline int flags_of(const ORVA_2_18::config::base_config_item& item, std::string_view key) {
+inline int flags_of(const ORVA_NAMESPACE::config::base_config_item& item, std::string_view key) {
   const auto* const node = item.get_value(key);
   return node == nullptr ? -1 : static_cast<int>(node->first);
 }
 
 /// The elements of an array.
-inline std::vector<std::string> array_of(const ORVA_2_18::config::base_config_item& item,
+inline std::vector<std::string> array_of(const ORVA_NAMESPACE::config::base_config_item& item,
                                          std::string_view key) {
-  std::vector<ORVA_2_18::config::base_config_item::value_entry> elements;
+  std::vector<ORVA_NAMESPACE::config::base_config_item::value_entry> elements;
   item.get_array(key, elements);
   std::vector<std::string> values;
   for (const auto& element : elements) values.push_back(element.second.second.as_string());

@@ -17,9 +17,9 @@ inline constexpr bool on_windows = separator == '\\';
 
 /// `path` with the system's separators for its slashes.
 template <typename Path>
-ORVA_2_18::strings::ustring_for<Path> native(const Path& path) {
-  ORVA_2_18::strings::ustring_for<Path> result(path);
-  using unit = typename ORVA_2_18::strings::ustring_for<Path>::value_type;
+ORVA_NAMESPACE::strings::ustring_for<Path> native(const Path& path) {
+  ORVA_NAMESPACE::strings::ustring_for<Path> result(path);
+  using unit = typename ORVA_NAMESPACE::strings::ustring_for<Path>::value_type;
   std::replace(result.begin(), result.end(), unit{'/'}, unit{separator});
   return result;
 }

@@ -300,8 +300,8 @@ class reference_command_line {
 };
 
 /// The nodes of an item in the form of `reference_tree::listing`.
-inline std::vector<std::string> listing_of(const ORVA_2_18::config::base_config_item& item) {
-  std::vector<ORVA_2_18::config::base_config_item::value_entry> entries;
+inline std::vector<std::string> listing_of(const ORVA_NAMESPACE::config::base_config_item& item) {
+  std::vector<ORVA_NAMESPACE::config::base_config_item::value_entry> entries;
   item.get_value_pair_array("", entries, true);
   std::vector<std::string> lines;
   for (const auto& [name, node] : entries) {

@@ -78,8 +78,8 @@ class reference_text_reader {
 
   std::int32_t read_int32() {
     const std::string text = read_number_text();
-    return ORVA_2_18::generic::convert::str_to_int32(text.c_str(), text.size(),
-                                                     ORVA_2_18::types::radix_t::prefix, false);
+    return ORVA_NAMESPACE::generic::convert::str_to_int32(text.c_str(), text.size(),
+                                                          ORVA_NAMESPACE::types::radix_t::prefix, false);
   }
 
   std::string read_string() {
@@ -163,7 +163,7 @@ struct reference_labeled {
   }
 
   /// Whether a buffer holds everything that stands here, and nothing under other labels of a flat form.
-  bool is_content_of(ORVA_2_18::serialization::labeled_text_buffer& buffer) const {
+  bool is_content_of(ORVA_NAMESPACE::serialization::labeled_text_buffer& buffer) const {
     for (const auto& [label, stored] : entries) {
       if (!buffer.has_label(label) || buffer.has_value(label) != stored.value.has_value()) return false;
       if (buffer.retrieve_value(label).as_string() != stored.value.value_or("")) return false;

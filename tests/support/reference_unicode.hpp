@@ -10,14 +10,14 @@
 
 namespace reference {
 
-using ORVA_2_18::strings::code_unit16;
-using ORVA_2_18::strings::code_unit32;
-using ORVA_2_18::strings::ustring16;
-using ORVA_2_18::strings::ustring32;
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::strings::code_unit16;
+using ORVA_NAMESPACE::strings::code_unit32;
+using ORVA_NAMESPACE::strings::ustring16;
+using ORVA_NAMESPACE::strings::ustring32;
+using ORVA_NAMESPACE::strings::ustring8;
 
 template <typename Unit>
-ORVA_2_18::strings::basic_ustring<Unit> minus_one() {
+ORVA_NAMESPACE::strings::basic_ustring<Unit> minus_one() {
   return {static_cast<Unit>(0x2D), static_cast<Unit>(0x31)};
 }
 

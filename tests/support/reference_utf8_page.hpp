@@ -27,9 +27,9 @@ inline const utf8_form* form_of(int lead) {
   return nullptr;
 }
 
-inline ORVA_2_18::strings::ustring16 utf8_page_decoded(const std::string& bytes) {
-  using ORVA_2_18::strings::code_unit16;
-  ORVA_2_18::strings::ustring16 text;
+inline ORVA_NAMESPACE::strings::ustring16 utf8_page_decoded(const std::string& bytes) {
+  using ORVA_NAMESPACE::strings::code_unit16;
+  ORVA_NAMESPACE::strings::ustring16 text;
   const auto at = [&](std::size_t i) { return i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0; };
   for (std::size_t i = 0; i < bytes.size();) {
     const utf8_form* const form = form_of(at(i));

@@ -14,7 +14,7 @@ namespace orva_test {
 
 class reference_xml {
  public:
-  using parse_error = ORVA_2_18::parser::xml_parser::parse_error;
+  using parse_error = ORVA_NAMESPACE::parser::xml_parser::parse_error;
 
   /// Names that a failed parse left behind stay for the next one.
   xml_outcome parse(const std::string& text) {

@@ -8,7 +8,11 @@
 
 namespace orva_test {
 
-inline ORVA_2_18::strings::ustring16 utf16(std::u16string_view units) { return {units.begin(), units.end()}; }
-inline ORVA_2_18::strings::ustring32 utf32(std::u32string_view units) { return {units.begin(), units.end()}; }
+inline ORVA_NAMESPACE::strings::ustring16 utf16(std::u16string_view units) {
+  return {units.begin(), units.end()};
+}
+inline ORVA_NAMESPACE::strings::ustring32 utf32(std::u32string_view units) {
+  return {units.begin(), units.end()};
+}
 
 }  // namespace orva_test

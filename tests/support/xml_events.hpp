@@ -13,10 +13,10 @@ namespace orva_test {
 
 /// The events as they came, each as its kind and its text: `start a`, `attribute b=1`; then how the parse ended.
 struct xml_outcome {
-  using error_type = ORVA_2_18::parser::xml_parser::parse_error::error_type;
+  using error_type = ORVA_NAMESPACE::parser::xml_parser::parse_error::error_type;
 
   std::vector<std::string> events;
-  error_type type = ORVA_2_18::parser::xml_parser::parse_error::no_error;
+  error_type type = ORVA_NAMESPACE::parser::xml_parser::parse_error::no_error;
   unsigned long line = 0;
   std::string data;
   /// A character reference was out of range, and the parse left by an exception.
@@ -34,9 +34,9 @@ struct xml_outcome {
 /// Records the events of a parser that it is connected to. It must stay where it is while it is connected.
 class xml_recorder {
  public:
-  using ustring8 = ORVA_2_18::strings::ustring8;
+  using ustring8 = ORVA_NAMESPACE::strings::ustring8;
 
-  void connect(ORVA_2_18::parser::xml_parser& parser) {
+  void connect(ORVA_NAMESPACE::parser::xml_parser& parser) {
     parser.on_element_start = text_handler(this, &xml_recorder::start);
     parser.on_element_end = text_handler(this, &xml_recorder::end);
     parser.on_attribute = attribute_handler(this, &xml_recorder::attribute);
@@ -48,9 +48,9 @@ class xml_recorder {
   std::vector<std::string> events;
 
  private:
-  using text_handler = ORVA_2_18::functor::member_function_t<xml_recorder, void(const ustring8&)>;
+  using text_handler = ORVA_NAMESPACE::functor::member_function_t<xml_recorder, void(const ustring8&)>;
   using attribute_handler =
-      ORVA_2_18::functor::member_function_t<xml_recorder, void(const ustring8&, const ustring8&)>;
+      ORVA_NAMESPACE::functor::member_function_t<xml_recorder, void(const ustring8&, const ustring8&)>;
 
   void start(const ustring8& name) { events.push_back("start " + name); }
   void end(const ustring8& name) { events.push_back("end " + name); }
@@ -63,7 +63,7 @@ class xml_recorder {
 };
 
 /// Parses the first `length` bytes with a parser that is already there, whose delegates this sets.
-inline xml_outcome parse_with(ORVA_2_18::parser::xml_parser& parser, const std::string& text,
+inline xml_outcome parse_with(ORVA_NAMESPACE::parser::xml_parser& parser, const std::string& text,
                               std::size_t length) {
   xml_recorder recorder;
   recorder.connect(parser);
@@ -73,19 +73,19 @@ inline xml_outcome parse_with(ORVA_2_18::parser::xml_parser& parser, const std::
     outcome.type = error.type;
     outcome.line = error.line;
     outcome.data = error.data;
-  } catch (const ORVA_2_18::exceptions::overflow_error&) {
+  } catch (const ORVA_NAMESPACE::exceptions::overflow_error&) {
     outcome.overflowed = true;
   }
   outcome.events = recorder.events;
   return outcome;
 }
 
-inline xml_outcome parse_with(ORVA_2_18::parser::xml_parser& parser, const std::string& text) {
+inline xml_outcome parse_with(ORVA_NAMESPACE::parser::xml_parser& parser, const std::string& text) {
   return parse_with(parser, text, text.size());
 }
 
 inline xml_outcome parse_xml(const std::string& text) {
-  ORVA_2_18::parser::xml_parser parser;
+  ORVA_NAMESPACE::parser::xml_parser parser;
   return parse_with(parser, text);
 }
 

@@ -28,7 +28,7 @@ struct xml_stream_feed {
   }
 
   xml_stream_file file;
-  ORVA_2_18::parser::xml_stream_parser parser;
+  ORVA_NAMESPACE::parser::xml_stream_parser parser;
 };
 
 }  // namespace orva_test

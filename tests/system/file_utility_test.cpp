@@ -20,9 +20,9 @@ using orva_test::temporary_directory;
 using orva_test::utf16;
 using orva_test::utf32;
 using orva_test::working_directory;
-namespace exceptions = ORVA_2_18::exceptions;
-namespace strings = ORVA_2_18::strings;
-namespace sys = ORVA_2_18::system;
+namespace exceptions = ORVA_NAMESPACE::exceptions;
+namespace strings = ORVA_NAMESPACE::strings;
+namespace sys = ORVA_NAMESPACE::system;
 using namespace std::string_literals;
 
 /// Every byte value, several times over.
@@ -141,7 +141,7 @@ TEST(load_file, size_above_31_bits_raises_and_leaves_contents_unchanged) {
     FAIL() << "nothing raised";
   } catch (const exceptions::runtime_error& error) {
     EXPECT_STREQ(error.message(), "2147483648 is large than a string can hold");
-    EXPECT_STREQ(error.error_state().function(), "ORVA_2_18::system::load_file");
+    EXPECT_STREQ(error.error_state().function(), ORVA_QUALIFIED("system::load_file"));
     EXPECT_STREQ(error.error_state().file(), "system/file_utility");
     EXPECT_GT(error.error_state().line(), 0u);
   }

@@ -6,7 +6,7 @@
 #include "orva/system/file_utility.hpp"
 #include "tests/support/native_path.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 /// Reports "first", "." and "second", all of them readable files.
 directory_listing::directory_listing(const native_string&, detail) {
@@ -19,13 +19,13 @@ void directory_listing::add(native_view name) {
   names_.append(name);
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform
 
 namespace {
 
-using ORVA_2_18::strings::ustring8;
+using ORVA_NAMESPACE::strings::ustring8;
 using orva_test::native;
-namespace sys = ORVA_2_18::system;
+namespace sys = ORVA_NAMESPACE::system;
 
 TEST(list_directory, first_entry_is_lost_where_it_is_not_the_dot) {
   EXPECT_EQ(sys::list_directory("d"), (std::vector<ustring8>{native("d/second")}));

@@ -13,8 +13,8 @@ namespace {
 using orva_test::make_link;
 using orva_test::no_links;
 using orva_test::temporary_directory;
-namespace io = ORVA_2_18::system::io;
-namespace strings = ORVA_2_18::strings;
+namespace io = ORVA_NAMESPACE::system::io;
+namespace strings = ORVA_NAMESPACE::strings;
 using namespace std::string_literals;
 
 TEST(io, status_of_each_kind) {

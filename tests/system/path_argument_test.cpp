@@ -8,8 +8,8 @@
 
 namespace {
 
-namespace strings = ORVA_2_18::strings;
-using ORVA_2_18::system::path_argument;
+namespace strings = ORVA_NAMESPACE::strings;
+using ORVA_NAMESPACE::system::path_argument;
 using orva_test::utf16;
 using orva_test::utf32;
 using namespace std::string_literals;

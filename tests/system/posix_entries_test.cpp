@@ -28,9 +28,9 @@ namespace {
 
 using orva_test::temporary_directory;
 using orva_test::working_directory;
-namespace strings = ORVA_2_18::strings;
-namespace sys = ORVA_2_18::system;
-namespace io = ORVA_2_18::system::io;
+namespace strings = ORVA_NAMESPACE::strings;
+namespace sys = ORVA_NAMESPACE::system;
+namespace io = ORVA_NAMESPACE::system::io;
 using namespace std::string_literals;
 using paths8 = std::vector<strings::ustring8>;
 

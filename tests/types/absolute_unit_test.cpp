@@ -9,9 +9,9 @@
 
 namespace {
 
-using ORVA_2_18::types::absolute_unit;
-using ORVA_2_18::types::basic_absolute_impl;
-using ORVA_2_18::types::int32;
+using ORVA_NAMESPACE::types::absolute_unit;
+using ORVA_NAMESPACE::types::basic_absolute_impl;
+using ORVA_NAMESPACE::types::int32;
 
 constexpr int32 lowest = std::numeric_limits<int32>::min();
 constexpr double infinity = std::numeric_limits<double>::infinity();

@@ -10,8 +10,8 @@
 
 namespace {
 
-using ORVA_2_18::types::color_t;
-using ORVA_2_18::types::int32;
+using ORVA_NAMESPACE::types::color_t;
+using ORVA_NAMESPACE::types::int32;
 
 constexpr int32 bits(std::uint32_t value) { return static_cast<int32>(value); }
 

@@ -6,8 +6,8 @@
 
 namespace {
 
-using ORVA_2_18::types::device_unit;
-using ORVA_2_18::types::int32;
+using ORVA_NAMESPACE::types::device_unit;
+using ORVA_NAMESPACE::types::int32;
 
 constexpr int32 lowest = std::numeric_limits<int32>::min();
 

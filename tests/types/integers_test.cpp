@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::types;
+using namespace ORVA_NAMESPACE::types;
 
 TEST(integers, have_32_bits_on_every_platform) {
   static_assert(std::numeric_limits<int32>::min() == -2147483647 - 1);

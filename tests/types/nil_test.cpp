@@ -6,7 +6,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 
 bool is_nothing(const types::nil_t&) { return true; }
 bool is_nothing(int) { return false; }

@@ -26,7 +26,7 @@ void* operator new(std::size_t size) {
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::argument;
 using generic::varg_list;
 using strings::ustring8;

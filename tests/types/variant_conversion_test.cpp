@@ -17,7 +17,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using orva_test::integer_form;
 using orva_test::wide;
 using orva_test::with_sign_of_nan;

@@ -14,11 +14,11 @@
 #include <utility>
 #include <vector>
 
-#include "orva/types/variant_value.hpp"
+#include "orva/types/internal/variant_value.hpp"
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using strings::ustring16;
 using strings::ustring32;
 using strings::ustring8;
@@ -356,12 +356,13 @@ TEST(variant, bad_text_crosses_widths_as_the_transforms_have_it) {
 }
 
 TEST(variant, utf16_that_begins_with_the_swapped_mark_gives_a_result) {
-  const ORVA_2_18::strings::ustring16 text({0xFFFE, '7'});
-  EXPECT_EQ(ORVA_2_18::types::variant(text).as_utf8(),
+  const ORVA_NAMESPACE::strings::ustring16 text({0xFFFE, '7'});
+  EXPECT_EQ(ORVA_NAMESPACE::types::variant(text).as_utf8(),
             "\xEF\xBF\xBE"
             "7");
-  EXPECT_EQ(ORVA_2_18::types::variant(text).as_utf32(), ORVA_2_18::strings::ustring32({0xFFFE, '7'}));
-  EXPECT_EQ(ORVA_2_18::types::variant(ORVA_2_18::strings::wide_string(text)).as_double(), 0.0);
+  EXPECT_EQ(ORVA_NAMESPACE::types::variant(text).as_utf32(),
+            ORVA_NAMESPACE::strings::ustring32({0xFFFE, '7'}));
+  EXPECT_EQ(ORVA_NAMESPACE::types::variant(ORVA_NAMESPACE::strings::wide_string(text)).as_double(), 0.0);
 }
 
 TEST(variant, text_is_copied_out_never_lent) {

@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::system::date_time;
+using namespace ORVA_NAMESPACE::system::date_time;
 
 struct open_timer : timer {
   using timer::current_time;

@@ -13,11 +13,11 @@
 
 namespace {
 
-using orva_date = ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_duration;
-using ORVA_2_18::system::date_time::date_time_t;
-using ORVA_2_18::system::date_time::milliseconds;
-using orva_time = ORVA_2_18::system::date_time::time;
+using orva_date = ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_duration;
+using ORVA_NAMESPACE::system::date_time::date_time_t;
+using ORVA_NAMESPACE::system::date_time::milliseconds;
+using orva_time = ORVA_NAMESPACE::system::date_time::time;
 
 struct open_date : orva_date {
   using orva_date::orva_date;

@@ -11,7 +11,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using orva_test::reference_date_time;
 using system::date_time::date_duration;
 using system::date_time::date_time_t;

@@ -3,14 +3,14 @@
 
 // The destructors stand here so that the type_info of each ability is one for all modules of a program.
 
-namespace ORVA_2_18::generic::abilities {
+namespace ORVA_NAMESPACE::generic::abilities {
 
 create_ability::~create_ability() = default;
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities
 
-namespace ORVA_2_18::generic {
+namespace ORVA_NAMESPACE::generic {
 
 clone_interface::~clone_interface() = default;
 
-}  // namespace ORVA_2_18::generic
+}  // namespace ORVA_NAMESPACE::generic

@@ -3,7 +3,9 @@
 
 #include <utility>
 
-namespace ORVA_2_18::generic::abilities {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::generic::abilities {
 
 class alloc_detection_ability {
  public:
@@ -35,4 +37,4 @@ T* create_dynamic(Args&&... args) {
   return object;
 }
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities

@@ -6,7 +6,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::generic::abilities {
+namespace ORVA_NAMESPACE::generic::abilities {
 
 class ORVA_API clone_ability {
  public:
@@ -17,4 +17,4 @@ class ORVA_API clone_ability {
   virtual ~clone_ability() = default;
 };
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities

@@ -3,7 +3,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::generic::abilities {
+namespace ORVA_NAMESPACE::generic::abilities {
 
 class ORVA_API create_ability {
  public:
@@ -13,4 +13,4 @@ class ORVA_API create_ability {
   virtual ~create_ability();
 };
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities

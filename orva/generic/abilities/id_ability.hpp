@@ -5,7 +5,7 @@
 
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::generic::abilities {
+namespace ORVA_NAMESPACE::generic::abilities {
 
 class id_ability {
  public:
@@ -23,4 +23,4 @@ class id_ability {
   types::uint32 id_;
 };
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities

@@ -12,12 +12,12 @@
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::memory::pointers::_private {
+namespace ORVA_NAMESPACE::memory::pointers::_private {
 template <typename T>
 class counted_pointer;
 }
 
-namespace ORVA_2_18::generic::abilities {
+namespace ORVA_NAMESPACE::generic::abilities {
 
 class reference_count_pointer_ability_b : public alloc_detection_ability {
  public:
@@ -59,4 +59,4 @@ class reference_count_pointer_ability : public reference_count_pointer_ability_b
   ~reference_count_pointer_ability() = default;
 };
 
-}  // namespace ORVA_2_18::generic::abilities
+}  // namespace ORVA_NAMESPACE::generic::abilities

@@ -27,7 +27,7 @@
 
 #include "orva/types/integers.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 /// What a reader takes: a byte string, which is tested for the width and reads as 0 if it is shorter; or a pointer,
 /// which is not tested.
@@ -208,4 +208,4 @@ inline double bin_str_to_double(const bin_str_argument& bytes) { return from_bin
 
 }  // namespace little_endian
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

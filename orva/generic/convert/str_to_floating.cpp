@@ -11,7 +11,7 @@
 
 #include "orva/generic/convert/str_to_x.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 namespace {
 
@@ -197,4 +197,4 @@ long double str_to_long_double(std::string_view text, const std::locale& place) 
   return read<long double>(text, place);
 }
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

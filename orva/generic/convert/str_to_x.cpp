@@ -6,16 +6,16 @@
 #include <string>
 #include <type_traits>
 
-#include "orva/exceptions/raise.hpp"
-#include "orva/strings/character_class.hpp"
+#include "orva/internal/raise.hpp"
+#include "orva/internal/text/character_class.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 namespace {
 
 /// A name as the exceptions tell it.
-constexpr const char* signed_reader = "ORVA_2_18::generic::convert::strtointx";
-constexpr const char* unsigned_reader = "ORVA_2_18::generic::convert::strtouintx";
+constexpr const char* signed_reader = ORVA_QUALIFIED("generic::convert::strtointx");
+constexpr const char* unsigned_reader = ORVA_QUALIFIED("generic::convert::strtouintx");
 
 [[noreturn]] void raise_radix(const char* function) {
   ORVA_RAISE(exceptions::invalid_argument_value,
@@ -90,7 +90,7 @@ class number_text {
   number_text(const Unit* text, std::size_t length) : at_(text), end_(text + length) {}
 
   bool skip_white_space() {
-    while (strings::character_class::isspace(*at_)) {
+    while (internal::character_class::isspace(*at_)) {
       if (!advance()) return false;
     }
     return true;
@@ -261,4 +261,4 @@ ORVA_INSTANTIATE(strtouintx, unsigned long long)
 
 #undef ORVA_INSTANTIATE
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

@@ -26,7 +26,7 @@
 #include "orva/types/integers.hpp"
 #include "orva/types/radix.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 /// Reads a signed integer: `signed char`, `short`, `int`, `long` or `long long`.
 ///
@@ -145,4 +145,4 @@ ORVA_API double str_to_double(std::string_view text, const std::locale& place);
 ORVA_API long double str_to_long_double(std::string_view text);
 ORVA_API long double str_to_long_double(std::string_view text, const std::locale& place);
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

@@ -12,13 +12,13 @@
 
 #include <concepts>
 
+#include "orva/internal/wrapping.hpp"
 #include "orva/types/absolute_unit.hpp"
 #include "orva/types/basic_absolute_impl.hpp"
 #include "orva/types/device_unit.hpp"
 #include "orva/types/integers.hpp"
-#include "orva/types/wrapping.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 using length_in_md = types::basic_absolute_impl<types::absolute_unit::md>;
 
@@ -38,7 +38,7 @@ class told_length : public length_in_md {
 /// Toward zero, and defined where the language is not.
 constexpr types::int32 whole_inches(types::int32 pixels, types::int32 dpi) {
   if (dpi == 0) return 0;
-  if (dpi == -1) return types::_private::wrapping_subtract<types::int32>(0, pixels);
+  if (dpi == -1) return internal::wrapping_subtract<types::int32>(0, pixels);
   return pixels / dpi;
 }
 
@@ -60,8 +60,8 @@ constexpr length_in_md to_md(Integer length, types::absolute_unit::unit_types un
 // truncated toward zero first, and the product wraps at 32 bits. A floating number of pixels loses nothing.
 
 constexpr length_in_md to_md(const types::device_unit& pixels, types::int32 dpi) {
-  return types::_private::wrapping_multiply<types::int32>(_private::whole_inches(pixels.as_int32(), dpi),
-                                                          types::absolute_unit::m_md_per_inch);
+  return internal::wrapping_multiply<types::int32>(_private::whole_inches(pixels.as_int32(), dpi),
+                                                   types::absolute_unit::m_md_per_inch);
 }
 template <std::integral Integer>
 constexpr length_in_md to_md(Integer pixels, types::device_unit::unit_types, types::int32 dpi) {
@@ -81,8 +81,7 @@ constexpr types::device_unit to_device_unit(const types::device_unit& pixels,
 /// A length into pixels: whole md times `dpi`, which wraps at 32 bits, divided by the md of an inch toward zero.
 /// At 300 pixels per inch that is right up to 71 inches.
 constexpr types::device_unit to_device_unit(const types::absolute_unit& length, types::int32 dpi) {
-  return types::_private::wrapping_multiply<types::int32>(length.as_md(), dpi) /
-         types::absolute_unit::m_md_per_inch;
+  return internal::wrapping_multiply<types::int32>(length.as_md(), dpi) / types::absolute_unit::m_md_per_inch;
 }
 /// A number in a unit, as `to_md` takes it, into pixels.
 constexpr types::device_unit to_device_unit(double length, types::absolute_unit::unit_types unit,
@@ -101,4 +100,4 @@ constexpr auto to_dpx(const Arguments&... arguments) -> decltype(to_device_unit(
   return to_device_unit(arguments...);
 }
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

@@ -8,7 +8,7 @@
 
 #include "orva/debug/assert.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 namespace {
 
@@ -171,4 +171,4 @@ template void lltoa(long long, char*, unsigned int);
 template void lltoa(long long, strings::code_unit16*, unsigned int);
 template void lltoa(long long, strings::code_unit32*, unsigned int);
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

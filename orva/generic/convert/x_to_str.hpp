@@ -15,7 +15,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/code_unit.hpp"
 
-namespace ORVA_2_18::generic::convert {
+namespace ORVA_NAMESPACE::generic::convert {
 
 /// The longest number: a sign, the 64 digits of radix 2, and the terminator.
 inline constexpr std::size_t number_buffer_size = 1 + 64 + 1;
@@ -41,4 +41,4 @@ void ultoa(unsigned long value, Unit* buffer, unsigned int radix) {
   ulltoa(value, buffer, radix);
 }
 
-}  // namespace ORVA_2_18::generic::convert
+}  // namespace ORVA_NAMESPACE::generic::convert

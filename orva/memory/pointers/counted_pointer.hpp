@@ -5,16 +5,16 @@
 
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 
-namespace ORVA_2_18::memory::pointers {
+namespace ORVA_NAMESPACE::memory::pointers {
 
 /// Tells a counted pointer that it is the first of an object which was just made, so that counting it needs no atomic
 /// step. REQUIRES: there is such an object, and no other thread has heard of it.
 struct just_made_t {};
 inline constexpr just_made_t just_made;
 
-}  // namespace ORVA_2_18::memory::pointers
+}  // namespace ORVA_NAMESPACE::memory::pointers
 
-namespace ORVA_2_18::memory::pointers::_private {
+namespace ORVA_NAMESPACE::memory::pointers::_private {
 
 template <typename T>
 class counted_pointer {
@@ -80,4 +80,4 @@ class counted_pointer {
   T* target_ = nullptr;
 };
 
-}  // namespace ORVA_2_18::memory::pointers::_private
+}  // namespace ORVA_NAMESPACE::memory::pointers::_private

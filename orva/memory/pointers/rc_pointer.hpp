@@ -7,7 +7,7 @@
 
 #include "orva/memory/pointers/counted_pointer.hpp"
 
-namespace ORVA_2_18::memory::pointers {
+namespace ORVA_NAMESPACE::memory::pointers {
 
 template <typename T>
 class rc_pointer : public _private::counted_pointer<T> {
@@ -22,4 +22,4 @@ class rc_pointer : public _private::counted_pointer<T> {
   }
 };
 
-}  // namespace ORVA_2_18::memory::pointers
+}  // namespace ORVA_NAMESPACE::memory::pointers

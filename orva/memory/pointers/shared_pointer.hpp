@@ -4,7 +4,7 @@
 
 #include "orva/memory/pointers/counted_pointer.hpp"
 
-namespace ORVA_2_18::memory::pointers {
+namespace ORVA_NAMESPACE::memory::pointers {
 
 template <typename T>
 class shared_pointer : public _private::counted_pointer<T> {
@@ -26,4 +26,4 @@ class shared_pointer : public _private::counted_pointer<T> {
   }
 };
 
-}  // namespace ORVA_2_18::memory::pointers
+}  // namespace ORVA_NAMESPACE::memory::pointers

@@ -7,12 +7,10 @@
 
 #include "orva/platform/clock.hpp"
 
-namespace ORVA_2_18::platform::posix {
-
-// Fields of milliseconds are cut, never rounded: a second is not over before its end.
+namespace ORVA_NAMESPACE::platform::posix {
 
 /// The zone of the process, as the C runtime knows it: `TZ` when it was first asked, or at the last `tzset`.
 calendar_time local_calendar(const timespec& moment) noexcept;
 calendar_time utc_calendar(const timespec& moment) noexcept;
 
-}  // namespace ORVA_2_18::platform::posix
+}  // namespace ORVA_NAMESPACE::platform::posix

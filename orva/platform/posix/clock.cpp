@@ -4,7 +4,7 @@
 
 #include "orva/platform/posix/calendar.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -35,4 +35,4 @@ std::uint32_t millisecond_counter() noexcept {
   return static_cast<std::uint32_t>(scaled(reading_of(CLOCK_MONOTONIC), 1000));
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

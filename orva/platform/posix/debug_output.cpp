@@ -4,7 +4,7 @@
 
 #include "orva/platform/posix/write_all.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 void debug_output(std::string_view text) noexcept {
   // What called this may be in the middle of looking at errno.
@@ -13,4 +13,4 @@ void debug_output(std::string_view text) noexcept {
   errno = error;
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

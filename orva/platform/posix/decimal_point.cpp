@@ -2,9 +2,9 @@
 
 #include <langinfo.h>
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 // localeconv gives the same, but fills a buffer that all threads share.
 std::string_view decimal_point() noexcept { return nl_langinfo(RADIXCHAR); }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

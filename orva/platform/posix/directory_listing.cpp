@@ -5,12 +5,12 @@
 #include <algorithm>
 #include <memory>
 
+#include "orva/internal/paths/path_rules.hpp"
 #include "orva/platform/posix/c_path.hpp"
-#include "orva/platform/posix/nameable.hpp"
 #include "orva/platform/posix/status_of_mode.hpp"
 #include "orva/platform/posix/system_calls.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -42,7 +42,7 @@ directory_listing::directory_listing(const native_string& directory, detail want
   add("..");
   while (const dirent* found = calls::readdir(search.get())) {
     const native_view name = found->d_name;
-    if (!is_dots(name) && posix::is_nameable(name)) add(name);
+    if (!is_dots(name) && internal::paths::is_nameable(name)) add(name);
   }
   const auto text = [this](const entry& e) { return native_view(names_).substr(e.begin, e.length); };
   std::sort(entries_.begin() + 2, entries_.end(),
@@ -58,4 +58,4 @@ void directory_listing::add(native_view name) {
   names_ += '\0';  // a name is also a terminated text
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

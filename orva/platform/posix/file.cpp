@@ -9,7 +9,7 @@
 #include "orva/platform/posix/c_path.hpp"
 #include "orva/platform/posix/write_all.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -84,4 +84,4 @@ bool write_file(const native_string& path, std::string_view contents) {
   return true;
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

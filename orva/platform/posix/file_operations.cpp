@@ -6,7 +6,7 @@
 #include "orva/platform/posix/status_of_mode.hpp"
 #include "orva/platform/posix/system_calls.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace calls = posix::calls;
 using posix::c_path;
@@ -33,4 +33,4 @@ bool remove_file(const native_string& path) { return calls::unlink(c_path(path))
 
 bool remove_directory(const native_string& path) { return calls::rmdir(c_path(path)) == 0; }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 #ifdef MADV_HUGEPAGE
 
@@ -24,4 +24,4 @@ void expect_filling(char*, std::size_t) noexcept {}
 
 #endif
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

@@ -5,10 +5,10 @@
 
 #include "orva/platform/file_operations.hpp"
 
-namespace ORVA_2_18::platform::posix {
+namespace ORVA_NAMESPACE::platform::posix {
 
 inline file_status status_of_mode(mode_t mode) {
   return {true, S_ISDIR(mode), S_ISREG(mode), (mode & S_IRUSR) != 0};
 }
 
-}  // namespace ORVA_2_18::platform::posix
+}  // namespace ORVA_NAMESPACE::platform::posix

@@ -6,7 +6,7 @@
 #include <cerrno>
 #include <cstdio>
 
-namespace ORVA_2_18::platform::posix::calls {
+namespace ORVA_NAMESPACE::platform::posix::calls {
 
 int open(const char* path, int flags, mode_t mode) { return ::open(path, flags, mode); }
 int close(int file) { return ::close(file); }
@@ -46,4 +46,4 @@ dirent* readdir(DIR* directory) { return ::readdir(directory); }
 int dirfd(DIR* directory) { return ::dirfd(directory); }
 int closedir(DIR* directory) { return ::closedir(directory); }
 
-}  // namespace ORVA_2_18::platform::posix::calls
+}  // namespace ORVA_NAMESPACE::platform::posix::calls

@@ -10,7 +10,9 @@
 
 #include <cstddef>
 
-namespace ORVA_2_18::platform::posix::calls {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::platform::posix::calls {
 
 int open(const char* path, int flags, mode_t mode);
 int close(int file);
@@ -35,4 +37,4 @@ dirent* readdir(DIR* directory);
 int dirfd(DIR* directory);
 int closedir(DIR* directory);
 
-}  // namespace ORVA_2_18::platform::posix::calls
+}  // namespace ORVA_NAMESPACE::platform::posix::calls

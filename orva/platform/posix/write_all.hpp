@@ -6,7 +6,7 @@
 
 #include "orva/platform/posix/system_calls.hpp"
 
-namespace ORVA_2_18::platform::posix {
+namespace ORVA_NAMESPACE::platform::posix {
 
 /// False if something of `text` was not taken. A call that a signal interrupted is made again.
 inline bool write_all(int file, std::string_view text) noexcept {
@@ -19,4 +19,4 @@ inline bool write_all(int file, std::string_view text) noexcept {
   return true;
 }
 
-}  // namespace ORVA_2_18::platform::posix
+}  // namespace ORVA_NAMESPACE::platform::posix

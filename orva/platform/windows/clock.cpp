@@ -6,7 +6,7 @@
 // Behind the system's header, which it needs.
 #include <timeapi.h>
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -37,4 +37,4 @@ std::uint64_t counter_frequency() noexcept { return reading_of(::QueryPerformanc
 
 std::uint32_t millisecond_counter() noexcept { return ::timeGetTime(); }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

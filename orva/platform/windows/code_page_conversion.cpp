@@ -2,7 +2,7 @@
 
 #include "orva/platform/windows/system.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -35,7 +35,7 @@ bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, s
   });
 }
 
-bool from_code_page(int page, std::string_view bytes, strings::ustring16& text) {
+bool from_code_page(int page, std::string_view bytes, std::basic_string<strings::code_unit16>& text) {
   const auto counted = up_to_zero(bytes);
   text.clear();
   if (counted.empty()) return true;
@@ -46,4 +46,4 @@ bool from_code_page(int page, std::string_view bytes, strings::ustring16& text) 
   });
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

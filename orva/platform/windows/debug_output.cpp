@@ -5,7 +5,7 @@
 
 #include "orva/platform/windows/system.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 void debug_output(std::string_view text) noexcept {
   try {
@@ -15,4 +15,4 @@ void debug_output(std::string_view text) noexcept {
   }
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

@@ -2,9 +2,9 @@
 
 #include <clocale>
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 // The runtime here keeps what localeconv returns for each locale, and fills nothing.
 std::string_view decimal_point() noexcept { return std::localeconv()->decimal_point; }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

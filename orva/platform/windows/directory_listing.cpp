@@ -5,7 +5,7 @@
 #include "orva/platform/windows/status_of_path.hpp"
 #include "orva/platform/windows/system.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -37,4 +37,4 @@ void directory_listing::add(native_view name) {
   names_ += L'\0';  // a name is also a terminated text
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

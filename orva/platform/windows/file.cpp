@@ -6,7 +6,7 @@
 #include "orva/platform/windows/c_path.hpp"
 #include "orva/platform/windows/system.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
@@ -89,4 +89,4 @@ bool write_file(const native_string& path, std::string_view contents) {
   return true;
 }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

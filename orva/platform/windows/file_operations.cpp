@@ -8,7 +8,7 @@
 #include "orva/platform/windows/status_of_path.hpp"
 #include "orva/platform/windows/system.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 using windows::c_path;
 
@@ -27,4 +27,4 @@ bool remove_file(const native_string& path) { return ::_wremove(c_path(path)) ==
 
 bool remove_directory(const native_string& path) { return ::_wrmdir(c_path(path)) == 0; }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

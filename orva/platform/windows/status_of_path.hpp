@@ -6,7 +6,7 @@
 
 #include "orva/platform/file_operations.hpp"
 
-namespace ORVA_2_18::platform::windows {
+namespace ORVA_NAMESPACE::platform::windows {
 
 inline file_status status_of_path(const wchar_t* path) {
   struct _stat64i32 found = {};
@@ -15,4 +15,4 @@ inline file_status status_of_path(const wchar_t* path) {
   return {true, (mode & _S_IFMT) == _S_IFDIR, (mode & _S_IFMT) == _S_IFREG, (mode & _S_IREAD) != 0};
 }
 
-}  // namespace ORVA_2_18::platform::windows
+}  // namespace ORVA_NAMESPACE::platform::windows

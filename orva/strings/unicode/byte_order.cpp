@@ -2,7 +2,7 @@
 
 #include "orva/strings/unicode.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
@@ -43,4 +43,4 @@ void check_BOM_and_modify_swap(wide_string& text) {
 ustring16 check_BOM_and_swap(const ustring16& text) { return swap_string_bytes_order(text); }
 wide_string check_BOM_and_swap(const wide_string& text) { return swap_string_bytes_order(text); }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

@@ -1,12 +1,12 @@
 #include <cstddef>
 #include <span>
 
+#include "orva/internal/text/code_point.hpp"
+#include "orva/internal/text/fast_path.hpp"
+#include "orva/strings/internal/transform_output.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/strings/unicode/ahead.hpp"
-#include "orva/strings/unicode/code_point.hpp"
-#include "orva/strings/unicode/written.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 ustring32 utf16_to_utf32(const ustring16& text) {
   if (text.starts_with(swapped_byte_order_mark)) {
@@ -16,11 +16,11 @@ ustring32 utf16_to_utf32(const ustring16& text) {
   }
   return _private::written<code_unit32>(text.size(), [&](std::span<code_unit32> output) {
     const code_unit16* const end = text.data() + text.size();
-    _private::place<code_unit16, code_unit32> at{text.data(), output.data()};
+    internal::text::cursor<code_unit16, code_unit32> at{text.data(), output.data()};
     while (at.from != end) {
-      at = _private::run_ahead_in_pairs(_private::run_ahead(at, end), end);
-      for (const auto* const stop = _private::block_end(at.from, end); at.from < stop;) {
-        const auto found = _private::decode(at.from, static_cast<std::size_t>(end - at.from));
+      at = internal::text::fast_path_pairs(internal::text::fast_path(at, end), end);
+      for (const auto* const stop = internal::text::block_end(at.from, end); at.from < stop;) {
+        const auto found = internal::text::decode(at.from, static_cast<std::size_t>(end - at.from));
         if (found.units == 0) return _private::failed;
         *at.to++ = static_cast<code_unit32>(found.code_point);
         at.from += found.units;
@@ -30,4 +30,4 @@ ustring32 utf16_to_utf32(const ustring16& text) {
   });
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

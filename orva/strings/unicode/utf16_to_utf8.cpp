@@ -2,12 +2,12 @@
 #include <span>
 
 #include "orva/debug/assert.hpp"
+#include "orva/internal/text/code_point.hpp"
+#include "orva/internal/text/fast_path_to_utf8.hpp"
+#include "orva/strings/internal/transform_output.hpp"
 #include "orva/strings/unicode.hpp"
-#include "orva/strings/unicode/ahead_into_utf8.hpp"
-#include "orva/strings/unicode/code_point.hpp"
-#include "orva/strings/unicode/written.hpp"
 
-namespace ORVA_2_18::strings {
+namespace ORVA_NAMESPACE::strings {
 
 ustring8 utf16_to_utf8(const ustring16& text) {
   if (text.starts_with(swapped_byte_order_mark)) {
@@ -17,15 +17,15 @@ ustring8 utf16_to_utf8(const ustring16& text) {
     const ustring16 same_text = swap_string_bytes_order(text);
     return utf16_to_utf8(same_text);
   }
-  return _private::written<char>(_private::times(text.size(), 4), [&](std::span<char> output) {
+  return _private::written<char>(internal::text::times(text.size(), 4), [&](std::span<char> output) {
     const code_unit16* const end = text.data() + text.size();
-    _private::place<code_unit16, char> at{text.data(), output.data()};
+    internal::text::cursor<code_unit16, char> at{text.data(), output.data()};
     while (at.from != end) {
-      at = _private::run_ahead(at, end);
-      for (const auto* const stop = _private::block_end(at.from, end); at.from < stop;) {
-        const auto found = _private::decode(at.from, static_cast<std::size_t>(end - at.from));
+      at = internal::text::fast_path(at, end);
+      for (const auto* const stop = internal::text::block_end(at.from, end); at.from < stop;) {
+        const auto found = internal::text::decode(at.from, static_cast<std::size_t>(end - at.from));
         if (found.units == 0) return _private::failed;
-        at.to = _private::encode(found.code_point, at.to);
+        at.to = internal::text::encode(found.code_point, at.to);
         at.from += found.units;
       }
     }
@@ -35,4 +35,4 @@ ustring8 utf16_to_utf8(const ustring16& text) {
   });
 }
 
-}  // namespace ORVA_2_18::strings
+}  // namespace ORVA_NAMESPACE::strings

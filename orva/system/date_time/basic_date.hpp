@@ -4,7 +4,9 @@
 /// class that knows the calendar.
 #pragma once
 
-namespace ORVA_2_18::system::date_time {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::system::date_time {
 
 class basic_date {
  public:
@@ -23,4 +25,4 @@ class basic_date {
   unsigned int day_ = 0;
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -4,7 +4,9 @@
 /// class that knows what a day is.
 #pragma once
 
-namespace ORVA_2_18::system::date_time {
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::system::date_time {
 
 class basic_time {
  public:
@@ -26,4 +28,4 @@ class basic_time {
   int millisecond_ = 0;
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -24,9 +24,9 @@
 #include "orva/export.hpp"
 #include "orva/system/date_time/basic_date.hpp"
 #include "orva/system/date_time/date_duration.hpp"
-#include "orva/system/date_time/day_number.hpp"
+#include "orva/system/date_time/internal/day_number.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 class date {
  public:
@@ -128,4 +128,4 @@ class date {
   basic_date fields_;
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -3,9 +3,10 @@
 /// A plain value, made from an `int` without a cast: `d += 30`. Sums wrap at 32 bits. Usable in constant expressions.
 #pragma once
 
-#include "orva/types/wrapping.hpp"
+#include "orva/internal/wrapping.hpp"
+#include "orva/version.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 class date_duration {
  public:
@@ -19,13 +20,13 @@ class date_duration {
   constexpr date_duration& assign(const date_duration& other) { return *this = other; }
 
   constexpr date_duration& plus_assign(const date_duration& other) {
-    days_ = types::_private::wrapping_add(days_, other.days_);
+    days_ = internal::wrapping_add(days_, other.days_);
     return *this;
   }
   constexpr date_duration& operator+=(const date_duration& other) { return plus_assign(other); }
 
   constexpr date_duration& minus_assign(const date_duration& other) {
-    days_ = types::_private::wrapping_subtract(days_, other.days_);
+    days_ = internal::wrapping_subtract(days_, other.days_);
     return *this;
   }
   constexpr date_duration& operator-=(const date_duration& other) { return minus_assign(other); }
@@ -34,4 +35,4 @@ class date_duration {
   int days_ = 0;
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

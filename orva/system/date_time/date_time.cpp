@@ -1,8 +1,8 @@
 #include "orva/system/date_time/date_time.hpp"
 
-#include "orva/system/date_time/calendar_reading.hpp"
+#include "orva/system/date_time/internal/calendar_reading.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 namespace {
 
@@ -15,4 +15,4 @@ date_time_t both_of(const platform::calendar_time& reading) {
 date_time_t date_time_t::local_date_time() { return both_of(platform::local_calendar()); }
 date_time_t date_time_t::UTC_date_time() { return both_of(platform::utc_calendar()); }
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

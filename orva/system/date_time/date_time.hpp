@@ -15,7 +15,7 @@
 #include "orva/system/date_time/date.hpp"
 #include "orva/system/date_time/time.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 // The class has members `date` and `time`, so the types of that name are qualified in it.
 class date_time_t {
@@ -136,4 +136,4 @@ class date_time_t {
   date_time::time time_;
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

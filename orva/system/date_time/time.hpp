@@ -15,11 +15,11 @@
 #pragma once
 
 #include "orva/export.hpp"
+#include "orva/internal/wrapping.hpp"
 #include "orva/system/date_time/basic_time.hpp"
 #include "orva/system/date_time/time_duration.hpp"
-#include "orva/types/wrapping.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 class time {
  public:
@@ -80,7 +80,7 @@ class time {
   /// Moves forward, or back by a negative duration, and wraps within the day. Where a sum below minus one day raises, the
   /// message names the first part that is negative; the parts before it are stored already.
   constexpr time& plus_assign(const time_duration& duration) {
-    using types::_private::wrapping_add;
+    using internal::wrapping_add;
     constexpr long long day = 86400000;
     const time_duration sum = since_midnight() + duration;
     const milliseconds rest = wrapping_add(sum.total_milliseconds(), day) % day;
@@ -137,4 +137,4 @@ constexpr time_duration minus(const time& to, const time& from) {
 }
 constexpr time_duration operator-(const time& to, const time& from) { return minus(to, from); }
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -15,9 +15,10 @@
 ///     time_duration(0, 0, 0, -1).millisecond()     =>  -1
 #pragma once
 
-#include "orva/types/wrapping.hpp"
+#include "orva/internal/wrapping.hpp"
+#include "orva/version.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 class time_duration {
  public:
@@ -26,7 +27,7 @@ class time_duration {
   /// The first three make a number of milliseconds in 32 bits, which wraps: from 596 hours 31 minutes 23.648 seconds on, the
   /// result is another one. The milliseconds are added to it in 64 bits, so that long durations are made of them.
   constexpr time_duration(int hours, int minutes, int seconds, long long milliseconds)
-      : count_(types::_private::wrapping_add<long long>(in_32_bits(hours, minutes, seconds), milliseconds)) {}
+      : count_(internal::wrapping_add<long long>(in_32_bits(hours, minutes, seconds), milliseconds)) {}
 
   // The parts of the duration.
 
@@ -52,21 +53,21 @@ class time_duration {
   constexpr time_duration& assign(const time_duration& other) { return *this = other; }
 
   constexpr time_duration& plus_assign(const time_duration& other) {
-    count_ = types::_private::wrapping_add(count_, other.count_);
+    count_ = internal::wrapping_add(count_, other.count_);
     return *this;
   }
   constexpr time_duration& operator+=(const time_duration& other) { return plus_assign(other); }
 
   constexpr time_duration& minus_assign(const time_duration& other) {
-    count_ = types::_private::wrapping_subtract(count_, other.count_);
+    count_ = internal::wrapping_subtract(count_, other.count_);
     return *this;
   }
   constexpr time_duration& operator-=(const time_duration& other) { return minus_assign(other); }
 
  private:
   static constexpr int in_32_bits(int hours, int minutes, int seconds) {
-    using types::_private::wrapping_add;
-    using types::_private::wrapping_multiply;
+    using internal::wrapping_add;
+    using internal::wrapping_multiply;
     return wrapping_add(wrapping_add(wrapping_multiply(hours, 3600000), wrapping_multiply(minutes, 60000)),
                         wrapping_multiply(seconds, 1000));
   }
@@ -91,4 +92,4 @@ class milliseconds : public time_duration {
   constexpr milliseconds& assign(const milliseconds& other) { return *this = other; }
 };
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -2,7 +2,7 @@
 
 #include "orva/platform/clock.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 unsigned long long timer::m_overheadMicroseconds = 0;
 
@@ -82,4 +82,4 @@ TimerOverheadTester::TimerOverheadTester() {
 
 const TimerOverheadTester sAutoTester;
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

@@ -18,7 +18,7 @@
 
 #include "orva/export.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 /// The unit of `timer::elapsed_time`. Any other value counts seconds.
 enum timer_resolution : int {
@@ -84,4 +84,4 @@ class ORVA_API TimerOverheadTester {
 /// Measures while the library is loaded, in less than 20 microseconds.
 ORVA_API extern const TimerOverheadTester sAutoTester;
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time

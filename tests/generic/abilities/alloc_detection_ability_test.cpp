@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::generic::abilities;
+using namespace ORVA_NAMESPACE::generic::abilities;
 
 struct thing : alloc_detection_ability {
   thing() = default;

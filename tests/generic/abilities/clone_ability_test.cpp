@@ -7,7 +7,7 @@
 
 namespace {
 
-using ORVA_2_18::generic::abilities::clone_ability;
+using ORVA_NAMESPACE::generic::abilities::clone_ability;
 
 struct number : clone_ability {
   explicit number(int value_) : value(value_) {}

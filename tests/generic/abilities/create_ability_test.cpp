@@ -7,7 +7,7 @@
 
 namespace {
 
-using ORVA_2_18::generic::abilities::create_ability;
+using ORVA_NAMESPACE::generic::abilities::create_ability;
 
 struct shape : create_ability {
   virtual shape* create() const { return new shape; }

@@ -10,16 +10,17 @@
 
 namespace {
 
-using ORVA_2_18::generic::abilities::id_ability;
+using ORVA_NAMESPACE::generic::abilities::id_ability;
 
 TEST(id_ability, default_id_is_the_low_32_bits_of_the_objects_address) {
   const id_ability object;
-  EXPECT_EQ(object.id(), static_cast<ORVA_2_18::types::uint32>(reinterpret_cast<std::uintptr_t>(&object)));
+  EXPECT_EQ(object.id(),
+            static_cast<ORVA_NAMESPACE::types::uint32>(reinterpret_cast<std::uintptr_t>(&object)));
 }
 
 TEST(id_ability, default_ids_of_live_objects_differ) {
   std::vector<std::unique_ptr<id_ability>> on_the_heap;
-  std::set<ORVA_2_18::types::uint32> ids;
+  std::set<ORVA_NAMESPACE::types::uint32> ids;
   for (int i = 0; i < 1000; ++i) {
     on_the_heap.push_back(std::make_unique<id_ability>());
     ids.insert(on_the_heap.back()->id());
@@ -49,7 +50,7 @@ TEST(id_ability, copies_take_the_id_over) {
 
 TEST(id_ability, is_one_field_without_virtual_functions) {
   static_assert(!std::is_polymorphic_v<id_ability>);
-  static_assert(sizeof(id_ability) == sizeof(ORVA_2_18::types::uint32));
+  static_assert(sizeof(id_ability) == sizeof(ORVA_NAMESPACE::types::uint32));
 }
 
 }  // namespace

@@ -11,8 +11,8 @@
 
 namespace {
 
-using namespace ORVA_2_18::generic::abilities;
-using ORVA_2_18::types::uint32;
+using namespace ORVA_NAMESPACE::generic::abilities;
+using ORVA_NAMESPACE::types::uint32;
 
 /// Opens the operations that are meant for the pointer templates.
 struct counted : reference_count_pointer_ability<counted> {

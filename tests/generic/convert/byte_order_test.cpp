@@ -18,11 +18,11 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
+namespace convert = ORVA_NAMESPACE::generic::convert;
 namespace big_endian = convert::big_endian;
 namespace little_endian = convert::little_endian;
-using ORVA_2_18::types::int32;
-using ORVA_2_18::types::uint32;
+using ORVA_NAMESPACE::types::int32;
+using ORVA_NAMESPACE::types::uint32;
 using orva_test::from_hex;
 using orva_test::has_bits;
 using orva_test::to_hex;
@@ -163,8 +163,8 @@ TEST(byte_order, host_order_double_takes_four_bytes_and_zero_for_the_rest) {
 
 TEST(byte_order, readers_take_every_kind_of_byte_string) {
   EXPECT_EQ(big_endian::bin_str_to_int16("ab"), 0x6162);
-  EXPECT_EQ(big_endian::bin_str_to_int16(ORVA_2_18::strings::ustring8("ab")), 0x6162);
-  EXPECT_EQ(big_endian::bin_str_to_int16(ORVA_2_18::strings::ustring8("a")), 0);
+  EXPECT_EQ(big_endian::bin_str_to_int16(ORVA_NAMESPACE::strings::ustring8("ab")), 0x6162);
+  EXPECT_EQ(big_endian::bin_str_to_int16(ORVA_NAMESPACE::strings::ustring8("a")), 0);
 }
 
 TEST(byte_order, pointer_needs_no_alignment) {

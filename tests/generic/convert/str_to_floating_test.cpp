@@ -18,7 +18,7 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
+namespace convert = ORVA_NAMESPACE::generic::convert;
 
 template <typename Floating>
 Floating from_stream(const std::string& text, const std::locale& place = std::locale()) {
@@ -55,7 +55,7 @@ TEST(str_to_floating, documentation_example) {
 }
 
 TEST(str_to_floating, every_string_class_of_bytes_is_taken) {
-  EXPECT_EQ(convert::str_to_float(ORVA_2_18::strings::ustring8("0.5")), 0.5f);
+  EXPECT_EQ(convert::str_to_float(ORVA_NAMESPACE::strings::ustring8("0.5")), 0.5f);
   EXPECT_EQ(convert::str_to_double(std::string("0.5")), 0.5);
   EXPECT_EQ(convert::str_to_long_double("0.5"), 0.5L);
   EXPECT_EQ(convert::str_to_double(std::string_view()), 0.0);

@@ -18,12 +18,12 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
-namespace exceptions = ORVA_2_18::exceptions;
-namespace types = ORVA_2_18::types;
-namespace strings = ORVA_2_18::strings;
-using ORVA_2_18::strings::code_unit16;
-using ORVA_2_18::strings::code_unit32;
+namespace convert = ORVA_NAMESPACE::generic::convert;
+namespace exceptions = ORVA_NAMESPACE::exceptions;
+namespace types = ORVA_NAMESPACE::types;
+namespace strings = ORVA_NAMESPACE::strings;
+using ORVA_NAMESPACE::strings::code_unit16;
+using ORVA_NAMESPACE::strings::code_unit32;
 using orva_test::read_result;
 using orva_test::reading;
 using radix = types::radix_t;
@@ -344,8 +344,8 @@ raised raised_by(Read read) {
 
 TEST(str_to_x, exceptions_tell_message_file_and_function) {
   const std::string file = "generic/convert/str_to_x";
-  const std::string signed_form = "ORVA_2_18::generic::convert::strtointx";
-  const std::string unsigned_form = "ORVA_2_18::generic::convert::strtouintx";
+  const std::string signed_form = ORVA_QUALIFIED("generic::convert::strtointx");
+  const std::string unsigned_form = ORVA_QUALIFIED("generic::convert::strtouintx");
   const std::string radix_message = "invalid radix value, values of 0, 2-36 are the only valid values";
   EXPECT_EQ(raised_by<exceptions::invalid_argument_value>(
                 [] { convert::str_to_int32("5", 1, radix_of(1), false); }),

@@ -9,11 +9,11 @@
 
 namespace {
 
-using ORVA_2_18::types::absolute_unit;
-using ORVA_2_18::types::basic_absolute_impl;
-using ORVA_2_18::types::device_unit;
-using ORVA_2_18::types::int32;
-using namespace ORVA_2_18::generic::convert;
+using ORVA_NAMESPACE::types::absolute_unit;
+using ORVA_NAMESPACE::types::basic_absolute_impl;
+using ORVA_NAMESPACE::types::device_unit;
+using ORVA_NAMESPACE::types::int32;
+using namespace ORVA_NAMESPACE::generic::convert;
 
 constexpr int32 lowest = std::numeric_limits<int32>::min();
 constexpr double infinity = std::numeric_limits<double>::infinity();

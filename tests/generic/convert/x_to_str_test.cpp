@@ -15,11 +15,11 @@
 
 namespace {
 
-namespace convert = ORVA_2_18::generic::convert;
-namespace debug = ORVA_2_18::debug;
-using ORVA_2_18::strings::code_unit;
-using ORVA_2_18::strings::code_unit16;
-using ORVA_2_18::strings::code_unit32;
+namespace convert = ORVA_NAMESPACE::generic::convert;
+namespace debug = ORVA_NAMESPACE::debug;
+using ORVA_NAMESPACE::strings::code_unit;
+using ORVA_NAMESPACE::strings::code_unit16;
+using ORVA_NAMESPACE::strings::code_unit32;
 
 enum class untouched : std::uint8_t { mark = 0x5A };
 
@@ -109,19 +109,19 @@ TEST(x_to_str, radix_above_36_goes_on_behind_z) {
 TEST(x_to_str, radix_0_and_1_write_an_empty_text_and_fail_an_assertion) {
   static int failures;
   failures = 0;
-  struct count_failures : ORVA_2_18::functor::function_type_interface<debug::assert_hook> {
+  struct count_failures : ORVA_NAMESPACE::functor::function_type_interface<debug::assert_hook> {
     void operator()(const char*, const char*, unsigned int&) override { ++failures; }
-    bool equal(const ORVA_2_18::functor::function_type_interface<debug::assert_hook>&) const override {
+    bool equal(const ORVA_NAMESPACE::functor::function_type_interface<debug::assert_hook>&) const override {
       return false;
     }
     count_failures* clone() const override { return new count_failures; }
   };
-  debug::set_assert_hook(ORVA_2_18::functor::delegate_t<debug::assert_hook>(count_failures{}));
+  debug::set_assert_hook(ORVA_NAMESPACE::functor::delegate_t<debug::assert_hook>(count_failures{}));
   EXPECT_EQ(written([](char* buffer) { convert::lltoa(-5, buffer, 0); }), "");
   EXPECT_EQ(written([](char* buffer) { convert::lltoa(5, buffer, 1); }), "");
   EXPECT_EQ(written([](char* buffer) { convert::ultoa(0, buffer, 0); }), "");
   EXPECT_EQ(failures, 3);
-  debug::set_assert_hook(ORVA_2_18::types::nil);
+  debug::set_assert_hook(ORVA_NAMESPACE::types::nil);
 }
 
 TEST(x_to_str, every_16_bit_number_in_every_radix_as_the_reference) {

@@ -18,7 +18,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::abilities::create_dynamic;
 using generic::abilities::reference_count_pointer_ability;
 using memory::pointers::rc_pointer;

@@ -8,7 +8,7 @@
 
 namespace {
 
-using namespace ORVA_2_18;
+using namespace ORVA_NAMESPACE;
 using generic::abilities::create_dynamic;
 using memory::pointers::shared_pointer;
 

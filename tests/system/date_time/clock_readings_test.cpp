@@ -7,9 +7,9 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_time_t;
-using ORVA_2_18::system::date_time::time;
+using ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_time_t;
+using ORVA_NAMESPACE::system::date_time::time;
 using orva_test::clock;
 using orva_test::raised;
 

@@ -11,8 +11,8 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_duration;
+using ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_duration;
 using orva_test::reference_day;
 namespace chrono = std::chrono;
 

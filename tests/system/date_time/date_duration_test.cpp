@@ -6,7 +6,7 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date_duration;
+using ORVA_NAMESPACE::system::date_time::date_duration;
 
 constexpr int max_int = std::numeric_limits<int>::max();
 constexpr int min_int = std::numeric_limits<int>::min();

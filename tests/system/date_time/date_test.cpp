@@ -8,7 +8,7 @@
 
 #include "tests/system/date_time/raised.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 static bool operator==(const date& left, const date& right) {
   return left.year() == right.year() && left.month() == right.month() && left.day() == right.day();
@@ -17,13 +17,13 @@ static std::ostream& operator<<(std::ostream& stream, const date& value) {
   return stream << value.day() << '.' << value.month() << '.' << value.year();
 }
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time
 
 namespace {
 
-using ORVA_2_18::system::date_time::basic_date;
-using ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_duration;
+using ORVA_NAMESPACE::system::date_time::basic_date;
+using ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_duration;
 using orva_test::bad_date;
 using orva_test::bad_day;
 using orva_test::bad_month;

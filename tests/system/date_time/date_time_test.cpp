@@ -9,12 +9,12 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_duration;
-using ORVA_2_18::system::date_time::date_time_t;
-using ORVA_2_18::system::date_time::milliseconds;
-using ORVA_2_18::system::date_time::time;
-using ORVA_2_18::system::date_time::time_duration;
+using ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_duration;
+using ORVA_NAMESPACE::system::date_time::date_time_t;
+using ORVA_NAMESPACE::system::date_time::milliseconds;
+using ORVA_NAMESPACE::system::date_time::time;
+using ORVA_NAMESPACE::system::date_time::time_duration;
 using orva_test::raised;
 
 std::string text(const date_time_t& value) {

@@ -1,6 +1,6 @@
 #include "tests/system/date_time/fake_clock.hpp"
 
-namespace ORVA_2_18::platform {
+namespace ORVA_NAMESPACE::platform {
 
 using orva_test::clock;
 
@@ -27,4 +27,4 @@ std::uint64_t counter_frequency() noexcept {
 
 std::uint32_t millisecond_counter() noexcept { return clock.milliseconds; }
 
-}  // namespace ORVA_2_18::platform
+}  // namespace ORVA_NAMESPACE::platform

@@ -8,8 +8,8 @@
 namespace orva_test {
 
 struct fake_clock {
-  ORVA_2_18::platform::calendar_time local = {};
-  ORVA_2_18::platform::calendar_time utc = {};
+  ORVA_NAMESPACE::platform::calendar_time local = {};
+  ORVA_NAMESPACE::platform::calendar_time utc = {};
   int calendar_readings = 0;
 
   std::uint64_t ticks = 1;

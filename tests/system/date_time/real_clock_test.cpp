@@ -11,12 +11,12 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::date;
-using ORVA_2_18::system::date_time::date_time_t;
-using ORVA_2_18::system::date_time::resolution_microseconds;
-using ORVA_2_18::system::date_time::resolution_milliseconds;
-using ORVA_2_18::system::date_time::timer;
-namespace date_time = ORVA_2_18::system::date_time;
+using ORVA_NAMESPACE::system::date_time::date;
+using ORVA_NAMESPACE::system::date_time::date_time_t;
+using ORVA_NAMESPACE::system::date_time::resolution_microseconds;
+using ORVA_NAMESPACE::system::date_time::resolution_milliseconds;
+using ORVA_NAMESPACE::system::date_time::timer;
+namespace date_time = ORVA_NAMESPACE::system::date_time;
 namespace chrono = std::chrono;
 
 /// Milliseconds since the epoch of a calendar time that is taken for UTC.

@@ -10,7 +10,7 @@
 
 namespace {
 
-namespace date_time = ORVA_2_18::system::date_time;
+namespace date_time = ORVA_NAMESPACE::system::date_time;
 using date_time::date;
 using date_time::date_time_t;
 
@@ -22,7 +22,7 @@ void tell(const date_time_t& t) {
 void tell_local(long long since_epoch) {
   const timespec moment = {static_cast<std::time_t>(since_epoch / 1000),
                            static_cast<long>(since_epoch % 1000) * 1'000'000 + 999'999};
-  const auto t = ORVA_2_18::platform::posix::local_calendar(moment);
+  const auto t = ORVA_NAMESPACE::platform::posix::local_calendar(moment);
   tell({date(t.day, t.month, t.year), date_time::time(t.hour, t.minute, t.second, t.millisecond)});
 }
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-using ORVA_2_18::system::date_time::milliseconds;
-using ORVA_2_18::system::date_time::time_duration;
+using ORVA_NAMESPACE::system::date_time::milliseconds;
+using ORVA_NAMESPACE::system::date_time::time_duration;
 
 constexpr int max_int = std::numeric_limits<int>::max();
 constexpr int min_int = std::numeric_limits<int>::min();

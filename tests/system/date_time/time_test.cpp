@@ -10,7 +10,7 @@
 
 #include "tests/system/date_time/raised.hpp"
 
-namespace ORVA_2_18::system::date_time {
+namespace ORVA_NAMESPACE::system::date_time {
 
 static bool operator==(const time& left, const time& right) {
   return left.hour() == right.hour() && left.minute() == right.minute() && left.second() == right.second() &&
@@ -21,14 +21,14 @@ static std::ostream& operator<<(std::ostream& stream, const time& value) {
                 << value.millisecond();
 }
 
-}  // namespace ORVA_2_18::system::date_time
+}  // namespace ORVA_NAMESPACE::system::date_time
 
 namespace {
 
-using ORVA_2_18::system::date_time::basic_time;
-using ORVA_2_18::system::date_time::milliseconds;
-using ORVA_2_18::system::date_time::time;
-using ORVA_2_18::system::date_time::time_duration;
+using ORVA_NAMESPACE::system::date_time::basic_time;
+using ORVA_NAMESPACE::system::date_time::milliseconds;
+using ORVA_NAMESPACE::system::date_time::time;
+using ORVA_NAMESPACE::system::date_time::time_duration;
 using orva_test::raised;
 
 constexpr unsigned int max_unsigned = std::numeric_limits<unsigned int>::max();

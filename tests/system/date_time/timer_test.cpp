@@ -9,7 +9,7 @@
 
 namespace {
 
-using namespace ORVA_2_18::system::date_time;
+using namespace ORVA_NAMESPACE::system::date_time;
 using orva_test::clock;
 
 constexpr std::uint64_t ticks_of_a_microsecond = 10;

@@ -1,0 +1,73 @@
+#include "orva/i18n/internal/scaled_value.hpp"
+
+#include <algorithm>
+
+#include "orva/generic/convert/x_to_str.hpp"
+
+namespace ORVA_NAMESPACE::i18n::_private {
+
+namespace {
+
+bool has_semicolon(std::string_view text) { return text.find(';') != text.npos; }
+
+/// There is no sign in this text: a negative integer shows as the unsigned number of the same bits.
+void append_integer(std::string& text, std::uint64_t value) {
+  char buffer[generic::convert::number_buffer_size];
+  generic::convert::ulltoa(value, buffer, 10);
+  text.append(buffer);
+}
+
+}  // namespace
+
+void scaled_value::append_number(std::string& text) const {
+  if (form) return append_double_text(text, floating, *form);
+  append_integer(text, integer);
+}
+
+bool scaled_value::reads_as_refused() const {
+  if (!form || form->precision != 0) return false;
+  std::string text;
+  append_number(text);
+  return text == refused_value;
+}
+
+bool append_number(std::string& text, const std::optional<scaled_value>& value) {
+  if (value) value->append_number(text);
+  return value.has_value();
+}
+
+bool append_unit(std::string& text, const std::optional<scaled_value>& value) {
+  if (value) text.append(value->unit);
+  return value.has_value();
+}
+
+strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit) {
+  unit = value ? value->unit : std::string_view();
+  strings::ustring8 number;
+  return append_number(number, value) ? number : refused();
+}
+
+bool scaled_attributes::set_number_form(std::string_view key, std::string_view value) {
+  if (selects(key, "precision")) {
+    precision = value;
+    return true;
+  }
+  if (!selects(key, "fieldsize")) return false;
+  fieldsize = value;
+  return true;
+}
+
+bool scaled_attributes::read_number_form(double_attributes& form) const {
+  if (!has_semicolon(precision.text) && !has_semicolon(fieldsize.text)) {
+    form = {precision.value, fieldsize.value};
+    // An empty field at the end of an attribute string is none, and its key has no value then.
+    return form.is_valid() && !fieldsize.text.empty();
+  }
+  // The texts are those of an attribute string in which ";" separates, so that one inside a number splits it.
+  strings::ustring8 attrs("precision;");
+  attrs.append(precision.text).append(";fieldsize;").append(fieldsize.text);
+  std::replace(attrs.begin(), attrs.end(), ';', field_separator);
+  return read_attributes(attrs, form) && form.is_valid();
+}
+
+}  // namespace ORVA_NAMESPACE::i18n::_private

@@ -1,0 +1,75 @@
+/// How the readers of XMC elements step through tokens, which are those of a stream or views. Internal.
+#pragma once
+
+#include <string_view>
+#include <utility>
+
+#include "orva/i18n/load_error.hpp"
+#include "orva/internal/xml/view_tokens.hpp"
+#include "orva/parser/xml_token_stream.hpp"
+#include "orva/strings/ustring.hpp"
+
+namespace ORVA_NAMESPACE::i18n::_private::xmc {
+
+using token = parser::xml_token_stream::token;
+using token_iterator = parser::xml_token_stream::iterator;
+using view_iterator = parser::_private::xml_view_tokens::iterator;
+
+template <typename Iterator>
+bool is_type(Iterator it, Iterator end, token::token_type type) {
+  return it != end && it->type() == type;
+}
+
+template <typename Token>
+bool is_start_of(const Token& found, std::string_view element) {
+  return found.type() == token::element_start && found.value() == element;
+}
+
+template <typename Iterator>
+bool is_end_of(Iterator it, Iterator end, std::string_view element) {
+  return is_type(it, end, token::element_end) && it->value() == element;
+}
+
+template <typename Iterator>
+bool is_named(Iterator attribute, std::string_view name) {
+  return attribute->value() == name;
+}
+
+/// REQUIRES: the value is not looked at again.
+inline strings::ustring8 take_value(token_iterator it) { return std::move(it->value()); }
+inline std::string_view take_value(view_iterator it) { return it->value(); }
+
+/// The failure of an element, an attribute or a value that has no place at `it`.
+template <typename Iterator>
+load_error misplaced(load_error::error_type type, Iterator it) {
+  return load_error(type, strings::ustring8(it->value()));
+}
+
+template <typename Iterator>
+void require_token(Iterator it, Iterator end) {
+  if (it == end) throw load_error(load_error::unexpected_parse_error, "Value Not Defined");
+}
+
+/// A comment behind a start tag comes before the mark that ends the tag, and says nothing about attributes.
+template <typename Iterator>
+void skip_comments(Iterator& it, Iterator end) {
+  while (is_type(it, end, token::comment)) ++it;
+}
+
+/// Reads attributes from `it` on, up to and with the mark that ends the start tag. `take(name, value)` gets each of
+/// them and answers whether the element has an attribute of that name.
+template <typename Iterator, typename Take>
+void read_attributes(Iterator& it, Iterator end, Take take) {
+  for (;; ++it) {
+    skip_comments(it, end);
+    require_token(it, end);
+    if (it->type() == token::start_tag_end) break;
+    const Iterator name = it;
+    if (name->type() != token::attribute_name) throw misplaced(load_error::invalid_attribute, name);
+    require_token(++it, end);
+    if (!take(name, it)) throw misplaced(load_error::invalid_attribute, name);
+  }
+  ++it;
+}
+
+}  // namespace ORVA_NAMESPACE::i18n::_private::xmc

@@ -1,0 +1,92 @@
+#include "orva/internal/code_pages/conversion.hpp"
+
+#include <cstdint>
+#include <span>
+
+#include "orva/internal/code_pages/tables.hpp"
+#include "orva/internal/code_pages/utf8_page.hpp"
+#include "orva/internal/text/overwrite.hpp"
+
+namespace ORVA_NAMESPACE::internal::code_pages {
+
+namespace {
+
+using strings::code_unit16;
+using wide_string = std::basic_string<code_unit16>;
+using view16 = std::basic_string_view<code_unit16>;
+
+// The system's terminator ends a text, also one whose size says more.
+
+std::string_view up_to_zero(std::string_view text) { return text.substr(0, text.find('\0')); }
+
+template <std::size_t Count>
+bool has_zero(const code_unit16* units) {
+  std::uint16_t zeros = 0;
+  for (std::size_t i = 0; i < Count; ++i) zeros |= static_cast<std::uint16_t>(units[i] == 0 ? 0xFFFF : 0);
+  return zeros != 0;
+}
+
+view16 up_to_zero(view16 text) {
+  const code_unit16* from = text.data();
+  const code_unit16* const end = from + text.size();
+  while (end - from >= 32 && !has_zero<32>(from)) from += 32;
+  while (end - from >= 8 && !has_zero<8>(from)) from += 8;
+  while (from != end && *from != 0) ++from;
+  return text.substr(0, static_cast<std::size_t>(from - text.data()));
+}
+
+/// Lets `write` put at most `most` units into `result`. The size of a short one is found out before anything is
+/// allocated.
+template <typename Page, typename Unit, typename Write>
+void fill(std::basic_string<Unit>& result, std::size_t most, Write write) {
+  constexpr std::size_t short_text = 256;
+  if (!Page::one_to_one && most <= short_text) {
+    Unit units[short_text];
+    result.assign(units, write(std::span<Unit>(units, most)));
+    return;
+  }
+  text::overwrite(result, most, write);
+  const bool wastes_memory = result.size() < most - most / 4;
+  if (wastes_memory) result.shrink_to_fit();
+}
+
+template <typename Page>
+void encode_with(const Page& page, view16 text, std::string& bytes) {
+  const std::size_t most = text::times(text.size(), Page::most_bytes_of_unit);
+  fill<Page>(bytes, most, [&](std::span<char> output) {
+    return static_cast<std::size_t>(encode(page, text, output.data()) - output.data());
+  });
+}
+
+template <typename Page>
+void decode_with(const Page& page, std::string_view bytes, wide_string& text) {
+  fill<Page>(text, bytes.size(), [&](std::span<code_unit16> output) {
+    return static_cast<std::size_t>(decode(page, bytes, output.data()) - output.data());
+  });
+}
+
+/// Calls `convert` with the page of this number. False: there is no such page.
+template <typename Convert>
+bool with_page(int number, Convert convert) {
+  if (const auto* const page = find_single_byte_page(number)) return convert(*page), true;
+  if (const auto* const page = find_double_byte_page(number)) return convert(*page), true;
+  if (number == utf8_number) return convert(utf8_page()), true;
+  return false;
+}
+
+}  // namespace
+
+bool encode_into(int page, view16 text, std::string& bytes) {
+  const view16 units = up_to_zero(text);
+  return units.size() < length_limit &&
+         with_page(page, [&](const auto& tables) { encode_with(tables, units, bytes); }) &&
+         bytes.size() < length_limit;
+}
+
+bool decode_into(int page, std::string_view bytes, wide_string& text) {
+  const std::string_view counted = up_to_zero(bytes);
+  return counted.size() < length_limit &&
+         with_page(page, [&](const auto& tables) { decode_with(tables, counted, text); });
+}
+
+}  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -1,0 +1,75 @@
+/// A code page of single bytes, and the two ways through its tables.
+///
+/// Internal: not installed.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <string_view>
+
+#include "orva/internal/text/block.hpp"
+
+namespace ORVA_NAMESPACE::internal::code_pages {
+
+struct single_byte_page {
+  int number;
+  /// The bytes of 256 units each, shared by all pages: most of what they lack or replace is the same.
+  const unsigned char* blocks;
+  /// Where in `blocks` the block of a unit begins, by the unit's high byte.
+  std::uint16_t block_of[256];
+  /// The unit of a byte.
+  strings::code_unit16 units[256];
+
+  /// Whether a unit is always one byte, and a byte one unit.
+  static constexpr bool one_to_one = true;
+  static constexpr std::size_t most_bytes_of_unit = 1;
+};
+
+/// Converts eight units. Wide ones are stored by fours, as machines load faster than they store; bytes take longer to
+/// put together than that is worth.
+template <typename From, typename To, typename Convert>
+void convert_eight(const From* from, To* to, Convert convert) {
+  constexpr std::size_t together = sizeof(To) == 1 ? 1 : 4;
+  for (std::size_t i = 0; i < 8; i += together) {
+    To units[together];
+    for (std::size_t k = 0; k < together; ++k) units[k] = convert(from[i + k]);
+    std::memcpy(to + i, units, sizeof units);
+  }
+}
+
+/// Converts unit by unit, but for blocks of ASCII, which all pages have as it is.
+template <typename From, typename To, typename Convert>
+To* convert_each(std::basic_string_view<From> text, To* to, Convert convert) {
+  using text::block;
+  const From* from = text.data();
+  const From* const end = from + text.size();
+  for (; text::has_block(from, end); from += block, to += block) {
+    if (text::are_ascii<block>(from)) {
+      text::copy_units<block>(from, to);
+      continue;
+    }
+    for (std::size_t i = 0; i < block; i += 8) convert_eight(from + i, to + i, convert);
+  }
+  for (; end - from >= 8; from += 8, to += 8) convert_eight(from, to, convert);
+  while (from != end) *to++ = convert(*from++);
+  return to;
+}
+
+/// Writes `text` in `page` and returns the end.
+inline char* encode(const single_byte_page& page, std::basic_string_view<strings::code_unit16> text,
+                    char* to) {
+  // Copied out of the page: bytes written through a `char*` could be the page, for all that a compiler knows.
+  return convert_each(text, to, [blocks = page.blocks, block_of = page.block_of](strings::code_unit16 unit) {
+    const std::uint32_t value = text::value_of(unit);
+    return static_cast<char>(blocks[block_of[value >> 8] + (value & 0xFF)]);
+  });
+}
+
+/// The inverse, where there is one.
+inline strings::code_unit16* decode(const single_byte_page& page, std::string_view bytes,
+                                    strings::code_unit16* to) {
+  return convert_each(bytes, to, [units = page.units](char byte) { return units[text::value_of(byte)]; });
+}
+
+}  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -1,0 +1,110 @@
+/// UTF-8 as a code page: not the reading of `strings/unicode.hpp`, which takes bytes by their layout and refuses a
+/// whole text, but one that puts U+FFFD for whatever no standard allows, and goes on.
+///
+/// Internal: not installed.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+#include "orva/internal/text/code_point.hpp"
+#include "orva/internal/text/fast_path_from_utf8.hpp"
+#include "orva/internal/text/fast_path_to_utf8.hpp"
+
+namespace ORVA_NAMESPACE::internal::code_pages {
+
+struct utf8_page {
+  /// Whether a unit is always one byte, and a byte one unit.
+  static constexpr bool one_to_one = false;
+  static constexpr std::size_t most_bytes_of_unit = 4;
+  static constexpr std::uint32_t replacement = 0xFFFD;
+};
+
+/// Whether a sequence can go on so: not where its value would have a shorter form, be a surrogate or lie above
+/// 0x10FFFF.
+constexpr bool can_be_second(unsigned char second, unsigned char lead) {
+  if (lead == 0xE0) return second >= 0xA0;
+  if (lead == 0xED) return second < 0xA0;
+  if (lead == 0xF0) return second >= 0x90;
+  if (lead == 0xF4) return second < 0x90;
+  return true;
+}
+
+/// The character at `at`. A sequence at fault is the replacement, for the lead byte and the continuation bytes up to
+/// the fault, of which one that the lead byte does not allow is the last.
+///
+/// REQUIRES: remaining > 0.
+constexpr text::character decode_or_replace(const char* at, std::size_t remaining) {
+  const auto lead = static_cast<unsigned char>(*at);
+  if (lead < 0x80) return {lead, 1};
+  if (lead < 0xC2 || lead > 0xF4) return {utf8_page::replacement, 1};
+  const std::size_t length = text::sequence_length(lead);
+  std::uint32_t code_point = lead & (0x7Fu >> length);
+  for (std::size_t i = 1; i < length; ++i) {
+    if (i == remaining || !text::is_continuation(at[i])) return {utf8_page::replacement, i};
+    const auto next = static_cast<unsigned char>(at[i]);
+    if (i == 1 && !can_be_second(next, lead)) return {utf8_page::replacement, 2};
+    code_point = code_point << 6 | (next & 0x3Fu);
+  }
+  return {code_point, length};
+}
+
+/// Whether a sequence of `Length` that is well laid out tells `code_point` as the standard asks for.
+template <std::size_t Length>
+constexpr bool is_standard(std::uint32_t code_point) {
+  if constexpr (Length == 2) return code_point >= 0x80;
+  if constexpr (Length == 3) return code_point >= 0x800 && (code_point & 0xF800) != 0xD800;
+}
+
+/// Follows sequences of one length within the basic plane.
+template <std::size_t Length>
+text::cursor<char, strings::code_unit16> fast_path_standard(text::cursor<char, strings::code_unit16> at,
+                                                            const char* end) {
+  for (; end - at.from >= 4; at.from += Length) {
+    const std::uint32_t bytes = text::load_four_bytes(at.from);
+    const std::uint32_t code_point = text::joined<Length>(bytes);
+    if (!text::is_sequence<Length>(bytes) || !is_standard<Length>(code_point)) break;
+    *at.to++ = static_cast<strings::code_unit16>(code_point);
+  }
+  return at;
+}
+
+/// Writes `text` and returns the end. An unpaired surrogate becomes the replacement. Needs room for four bytes a
+/// unit, of which those behind the end may be overwritten.
+inline char* encode(const utf8_page&, std::basic_string_view<strings::code_unit16> text, char* to) {
+  text::cursor<strings::code_unit16, char> at{text.data(), to};
+  const auto* const end = text.data() + text.size();
+  while (at.from != end) {
+    at = text::fast_path(at, end);
+    for (const auto* const stop = text::block_end(at.from, end); at.from < stop;) {
+      auto found = text::decode(at.from, static_cast<std::size_t>(end - at.from));
+      if (found.units == 0) found = {utf8_page::replacement, 1};
+      at.to = text::encode(found.code_point, at.to);
+      at.from += found.units;
+    }
+  }
+  return at.to;
+}
+
+/// Never fails, and gives at most one unit a byte.
+inline strings::code_unit16* decode(const utf8_page&, std::string_view bytes, strings::code_unit16* to) {
+  text::cursor<char, strings::code_unit16> at{bytes.data(), to};
+  const char* const end = bytes.data() + bytes.size();
+  while (at.from != end) {
+    at = text::fast_path_ascii(at, end);
+    at = fast_path_standard<2>(at, end);
+    at = fast_path_standard<3>(at, end);
+    if (at.from == end) break;
+    const auto found = decode_or_replace(at.from, static_cast<std::size_t>(end - at.from));
+    if (found.units == 4) {
+      at.to = text::encode_pair(found.code_point, at.to);
+    } else {
+      *at.to++ = static_cast<strings::code_unit16>(found.code_point);
+    }
+    at.from += found.units;
+  }
+  return at.to;
+}
+
+}  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -1,0 +1,14 @@
+/// The look for a symbolic link before a file is opened.
+///
+/// Internal: not installed.
+#pragma once
+
+#include "orva/platform/native_path.hpp"
+
+namespace ORVA_NAMESPACE::platform {
+
+/// Whether the last component of `path` is a symbolic link. Nothing there is no link; a status that cannot be asked for
+/// leaves as `boost::filesystem::filesystem_error`.
+bool is_symbolic_link(const native_string& path);
+
+}  // namespace ORVA_NAMESPACE::platform

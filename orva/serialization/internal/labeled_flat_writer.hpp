@@ -1,0 +1,71 @@
+/// The flat form of a labeled buffer, written.
+///
+/// Internal: not installed.
+#pragma once
+
+#include <cstddef>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "orva/serialization/internal/labeled_contents.hpp"
+#include "orva/serialization/internal/reverse_text.hpp"
+
+namespace ORVA_NAMESPACE::serialization {
+
+/// Writes from the last entry to the first: the length of a group is then known when its turn comes, and every byte is
+/// written once, however deep it is nested.
+class labeled_text_buffer::flat_writer {
+ public:
+  explicit flat_writer(std::string& text) : text_(text) {}
+
+  void write(const contents& root) {
+    enter(root);
+    while (!levels_.empty()) {
+      level& current = levels_.back();
+      if (current.next == current.end) {
+        leave();
+      } else if (current.next->second.group.is_empty()) {
+        text_.prepend_string(current.next->second.value.as_string());
+        text_.prepend_string(current.next->first);
+        ++current.next;
+      } else {
+        enter(*current.next->second.group.contents_);
+      }
+    }
+    text_.finish();
+  }
+
+ private:
+  using entries = std::map<std::string, entry>;
+
+  struct level {
+    entries::const_reverse_iterator next;
+    entries::const_reverse_iterator end;
+    /// How much stands behind the level's text.
+    std::size_t behind;
+  };
+
+  void enter(const contents& group) {
+    if (!levels_.empty()) text_.close_string();
+    levels_.push_back({group.entries.rbegin(), group.entries.rend(), text_.size()});
+  }
+
+  void leave() {
+    const std::size_t length = text_.size() - levels_.back().behind;
+    levels_.pop_back();
+    if (levels_.empty()) return;
+    text_.open_string(length);
+    const auto& [label, stored] = *levels_.back().next++;
+    text_.prepend_string(label, " ");
+    if (stored.value == types::nil) return;
+    text_.prepend_string(stored.value.as_string());
+    text_.prepend_string(label);
+  }
+
+  _private::reverse_text text_;
+  std::vector<level> levels_;
+};
+
+}  // namespace ORVA_NAMESPACE::serialization

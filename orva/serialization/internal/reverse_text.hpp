@@ -1,0 +1,69 @@
+/// Text that grows at its beginning, with the strings of the text form in it.
+///
+/// Internal: not installed.
+#pragma once
+
+#include <algorithm>
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/serialization/internal/text_items.hpp"
+#include "orva/serialization/stored_buffer.hpp"
+#include "orva/types/radix.hpp"
+
+namespace ORVA_NAMESPACE::serialization::_private {
+
+class reverse_text {
+ public:
+  /// Writes into `target`, whose content goes. It holds the text after `finish`, and keeps its memory for the next one.
+  explicit reverse_text(std::string& target) : units_(target), begin_(target.size()) {}
+
+  std::size_t size() const { return units_.size() - begin_; }
+
+  /// A string of two pieces, with its length in front.
+  void prepend_string(std::string_view bytes, std::string_view tail = {}) {
+    close_string();
+    prepend(tail);
+    prepend(bytes);
+    open_string(bytes.size() + tail.size());
+  }
+
+  /// What stands behind the bytes of a string, and in front of them.
+  void close_string() { prepend({&separator, 1}); }
+  void open_string(std::size_t length) {
+    close_string();
+    char digits[generic::convert::number_buffer_size];
+    generic::convert::ulltoa<char>(length, digits, types::radix_t::decimal);
+    prepend(digits);
+  }
+
+  void finish() { units_.erase(0, begin_); }
+
+ private:
+  void prepend(std::string_view bytes) {
+    if (bytes.size() > stored_buffer::max_size - size()) throw std::length_error("string too long");
+    if (bytes.size() > begin_) grow(bytes.size());
+    begin_ -= bytes.size();
+    std::copy(bytes.begin(), bytes.end(), units_.begin() + static_cast<std::ptrdiff_t>(begin_));
+  }
+
+  /// Puts free space in front, at least as much as there is text if a string can hold it.
+  void grow(std::size_t needed) {
+    const std::size_t used = size();
+    const std::size_t wanted = std::max<std::size_t>(2 * used, 256) + needed;
+    std::string larger(std::min(wanted, stored_buffer::max_size), '\0');
+    larger.replace(larger.size() - used, used, units_, begin_, used);
+    begin_ = larger.size() - used;
+    units_ = std::move(larger);
+  }
+
+  std::string& units_;
+  /// Where the text begins; in front of it is free space.
+  std::size_t begin_;
+};
+
+}  // namespace ORVA_NAMESPACE::serialization::_private

@@ -1,0 +1,111 @@
+/// `variant_value_t<T>`: the payload that holds a T.
+///
+/// Internal: not installed. One class for the twenty stored types; what differs between them stands in
+/// `types/value_conversion.hpp`.
+#pragma once
+
+#include <concepts>
+#include <ostream>
+#include <string>
+#include <type_traits>
+#include <utility>
+
+#include "orva/types/internal/value_conversion.hpp"
+#include "orva/types/variant_type.hpp"
+
+namespace ORVA_NAMESPACE::types {
+
+namespace _private {
+
+template <typename T>
+struct stored_as {
+  using type = T;
+};
+/// A byte string and a wide string are kept in the library's class of their width, which holds the same units, so
+/// that they cross to other widths without a copy.
+template <strings::code_unit Unit>
+struct stored_as<std::basic_string<Unit>> {
+  using type = strings::basic_ustring<Unit>;
+};
+
+/// UTF-8 up to its first zero byte; the other widths are converted first.
+template <code_unit Unit>
+std::ostream& write(std::ostream& stream, const basic_ustring<Unit>& text) {
+  if constexpr (std::same_as<Unit, char>) {
+    return stream << text.c_str();
+  } else {
+    return stream << to_text<char>(text).c_str();
+  }
+}
+
+}  // namespace _private
+
+template <typename T>
+class variant_value_t final : public variant_type {
+ public:
+  using stored = typename _private::stored_as<T>::type;
+
+  /// Made from whatever a T is made from, in its place.
+  template <typename Source>
+  explicit variant_value_t(Source&& source) : value_(std::forward<Source>(source)) {}
+
+  const stored& value() const noexcept { return value_; }
+
+  bool is_valid() const override { return true; }
+  const std::type_info& type() const override { return typeid(T); }
+  variant_value_t* clone() const override {
+    return generic::abilities::create_dynamic<variant_value_t>(value_);
+  }
+
+  std::ostream& ostream(std::ostream& stream) const override {
+    // Byte strings alone are written whole, and wide strings not as text at all: programs tell by this form that
+    // a wide string has reached a narrow stream.
+    if constexpr (std::same_as<T, std::string>) {
+      return stream << value_;
+    } else if constexpr (std::same_as<T, strings::wide_string>) {
+      return stream << "< " << typeid(T).name() << " instance at " << static_cast<const void*>(&value_)
+                    << " >";
+    } else {
+      return _private::write(stream, value_);
+    }
+  }
+
+  int as_int() const override { return number<int>(); }
+  short as_short() const override { return number<short>(); }
+  int32 as_long() const override { return number<int32>(); }
+  signed char as_int8() const override { return number<signed char>(); }
+  short as_int16() const override { return number<short>(); }
+  int32 as_int32() const override { return number<int32>(); }
+  long long as_int64() const override { return number<long long>(); }
+  unsigned char as_uint8() const override { return number<unsigned char>(); }
+  unsigned short as_uint16() const override { return number<unsigned short>(); }
+  uint32 as_uint32() const override { return number<uint32>(); }
+  unsigned long long as_uint64() const override { return number<unsigned long long>(); }
+  bool as_bool() const override { return _private::to_bool(value_); }
+
+  std::string as_string() const override { return text<char>(); }
+  strings::wide_string as_wstring() const override { return text<strings::code_unit16>(); }
+  strings::wide_string as_ustring() const override { return text<strings::code_unit16>(); }
+  strings::ustring8 as_utf8() const override { return text<char>(); }
+  strings::ustring16 as_utf16() const override { return text<strings::code_unit16>(); }
+  strings::ustring32 as_utf32() const override { return text<strings::code_unit32>(); }
+
+  float as_float() const override { return number<float>(); }
+  double as_double() const override { return number<double>(); }
+  long double as_long_double() const override { return number<long double>(); }
+
+ private:
+  template <typename Number>
+  Number number() const {
+    return _private::to_number<Number>(value_);
+  }
+
+  template <typename Unit>
+  strings::basic_ustring<Unit> text() const {
+    return _private::to_text<Unit>(value_);
+  }
+
+  const stored value_;
+};
+
+}  // namespace ORVA_NAMESPACE::types

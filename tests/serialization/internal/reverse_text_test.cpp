@@ -1,0 +1,69 @@
+#include "orva/serialization/internal/reverse_text.hpp"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace {
+
+using ORVA_NAMESPACE::serialization::_private::reverse_text;
+
+TEST(reverse_text, last_string_comes_first) {
+  std::string target = "gone";
+  reverse_text text(target);
+  text.prepend_string("second");
+  text.prepend_string("fi", "rst");
+  text.finish();
+  EXPECT_EQ(target,
+            "5\x01"
+            "first\x01"
+            "6\x01"
+            "second\x01");
+}
+
+TEST(reverse_text, string_is_opened_when_its_length_is_known) {
+  std::string target;
+  reverse_text text(target);
+  text.close_string();
+  const auto behind = text.size();
+  text.prepend_string("in");
+  text.open_string(text.size() - behind);
+  text.finish();
+  EXPECT_EQ(target,
+            "5\x01"
+            "2\x01in\x01"
+            "\x01");
+}
+
+TEST(reverse_text, target_of_any_size_holds_nothing_but_the_text) {
+  for (std::size_t size = 0; size < 700; size += 7) {
+    for (std::size_t length = 0; length < 700; length += 13) {
+      std::string target(size, 'o');
+      reverse_text text(target);
+      const std::string bytes(length, 'b');
+      text.prepend_string(bytes);
+      EXPECT_EQ(text.size(), std::to_string(length).size() + 1 + length + 1);
+      text.finish();
+      ASSERT_EQ(target, std::to_string(length) + "\x01" + bytes + "\x01");
+    }
+  }
+}
+
+TEST(reverse_text, text_that_passes_the_longest_buffer_is_refused) {
+  std::string target;
+  reverse_text text(target);
+  const std::string abc = "abc";
+  // Never looked behind: what does not fit is refused first. Volatile, or the compiler warns of the copy.
+  const volatile std::size_t length = ORVA_NAMESPACE::serialization::stored_buffer::max_size;
+  try {
+    text.prepend_string(std::string_view(abc.data(), length));
+    FAIL() << "nothing was thrown";
+  } catch (const std::length_error& failure) {
+    EXPECT_STREQ(failure.what(), "string too long");
+  }
+}
+
+}  // namespace
