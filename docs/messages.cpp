@@ -10,7 +10,8 @@ using i18n::message_t;
 
 // What stands in a catalog file as
 //   Free: <arg name="free" type="mem" precision="1"/> <arg name="free" type="mem_unit" precision="1"/>
-// is, made by hand, a text item and two placeholders. The byte 0x01 stands between the fields of a placeholder.
+// is, made by hand, a text item and two placeholders. The byte 0x01 stands between the fields of a
+// placeholder.
 const message_t disk_free("disk_free",
                           {message_item("Free: "),
                            message_item("free\001precision\0011", message_item::memory), message_item(" "),
@@ -29,8 +30,8 @@ int main() {
   show("1. ", disk_free.as_utf8(argument("free", 1500)));
   show("2. ", disk_free.as_utf8(argument("free", 123456789012)));
 
-  // A missing argument shows in the sentence, and nothing is thrown. A program that wants to know asks first: there
-  // must be as many arguments as placeholders, and one by each name.
+  // A missing argument shows in the sentence, and nothing is thrown. A program that wants to know asks first:
+  // there must be as many arguments as placeholders, and one by each name.
   show("3. ", disk_free.as_utf8());
   const varg_list enough(argument("free", 1500), argument("total", 8000));
   std::cout << "4. " << disk_free.has_valid_args(varg_list()) << disk_free.has_valid_args(enough) << '\n';

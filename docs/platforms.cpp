@@ -22,7 +22,8 @@ int main() {
   for (const auto& path : orva::system::list_directory(logs)) std::cout << path << '\n';
   std::filesystem::remove_all("orva_platforms_guide");
 
-  // What is written on one system is read on every other: a code page by its number, numbers in a fixed order of bytes.
+  // What is written on one system is read on every other: a code page by its number, numbers in a fixed order
+  // of bytes.
   const std::string price = strings::code_page(strings::code_page::cp_1252).encode("5 \xE2\x82\xAC");
   std::cout << strings::code_page(strings::code_page::cp_1252).as_utf8(price) << ", " << price.size()
             << " bytes\n";

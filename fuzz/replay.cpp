@@ -1,5 +1,5 @@
-/// Runs a fuzz target over kept inputs, without the fuzzer: every file in the folders given. A folder that does
-/// not exist holds no inputs.
+/// Runs a fuzz target over kept inputs, without the fuzzer: every file in the folders given. A folder that
+/// does not exist holds no inputs.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>

@@ -1,8 +1,8 @@
 /// The version of the library, written here and nowhere else.
 ///
-/// Build files read the three numbers; the namespace, the names of functions in exceptions and the exported symbols
-/// follow from them. Each minor version has a namespace of its own, so that programs and modules built for different
-/// versions can live in one process. Source code uses the short name `orva`.
+/// Build files read the three numbers; the namespace, the names of functions in exceptions and the exported
+/// symbols follow from them. Each minor version has a namespace of its own, so that programs and modules
+/// built for different versions can live in one process. Source code uses the short name `orva`.
 ///
 ///     ORVA_NAMESPACE                 =>  ORVA_<major>_<minor>
 ///     ORVA_QUALIFIED("system::f")    =>  "ORVA_<major>_<minor>::system::f"
@@ -12,7 +12,8 @@
 #define ORVA_VERSION_MINOR 18
 #define ORVA_VERSION_PATCH 0
 
-// Macros, since only they can make names and literals of numbers. The numbers expand one step before they are joined.
+// Macros, since only they can make names and literals of numbers. The numbers expand one step before they are
+// joined.
 #define ORVA_JOIN_VERSION(major, minor) ORVA_##major##_##minor
 #define ORVA_NAMESPACE_OF(major, minor) ORVA_JOIN_VERSION(major, minor)
 #define ORVA_TEXT_OF(name) #name

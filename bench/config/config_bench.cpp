@@ -1,6 +1,7 @@
-// Configuration beside Boost.PropertyTree: loading a file, looking a key up in three sources, following a link; and the command
-// line, of which no peer stores options that were not declared. The peers that are not always there have files of their own:
-// key_file_bench.cpp, settings_bench.cpp and layered_configuration_bench.cpp.
+// Configuration beside Boost.PropertyTree: loading a file, looking a key up in three sources, following a
+// link; and the command line, of which no peer stores options that were not declared. The peers that are not
+// always there have files of their own: key_file_bench.cpp, settings_bench.cpp and
+// layered_configuration_bench.cpp.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, three sources with the keys to look for, and
-/// command lines.
+/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, three sources with the
+/// keys to look for, and command lines.
 #pragma once
 
 #include <unistd.h>

@@ -18,8 +18,8 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// Settings keep what they read until the file is another one by its time, and parse a section when a key of it is asked for: so
-/// the file is made newer each time, and each section is asked.
+/// Settings keep what they read until the file is another one by its time, and parse a section when a key of
+/// it is asked for: so the file is made newer each time, and each section is asked.
 void load_settings(benchmark::State& state) {
   const QString path = text(config_bench::file_path());
   std::vector<QString> keys;
@@ -39,8 +39,9 @@ void load_settings(benchmark::State& state) {
 }
 BENCHMARK(load_settings)->Unit(benchmark::kMicrosecond);
 
-/// A directory, made for the run and removed behind it, with the first three of the files that a program's settings fall back
-/// through: the user's for the program, the user's for all programs, the system's for the program. The fourth is not there.
+/// A directory, made for the run and removed behind it, with the first three of the files that a program's
+/// settings fall back through: the user's for the program, the user's for all programs, the system's for the
+/// program. The fourth is not there.
 class settings_files {
  public:
   /// The wanted key is in the file with this number; in none with a number that is too large.

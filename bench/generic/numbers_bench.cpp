@@ -1,5 +1,6 @@
-/// Number readers and writers beside what a program would take instead: `std::from_chars`, `std::to_chars` and the
-/// stream. One item is one number; lengths are mixed as in real text, small numbers as frequent as large ones.
+/// Number readers and writers beside what a program would take instead: `std::from_chars`, `std::to_chars`
+/// and the stream. One item is one number; lengths are mixed as in real text, small numbers as frequent as
+/// large ones.
 #include <benchmark/benchmark.h>
 
 #include <charconv>

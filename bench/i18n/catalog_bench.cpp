@@ -126,8 +126,8 @@ void load_pugixml_into_map(benchmark::State& state) {
 }
 BENCHMARK(load_pugixml_into_map)->Unit(benchmark::kMillisecond);
 
-/// The names of all messages, in an order that no cache expects. A benchmark takes turns with as many of them as its
-/// argument says: a few, as a window that is redrawn does, or all.
+/// The names of all messages, in an order that no cache expects. A benchmark takes turns with as many of them
+/// as its argument says: a few, as a window that is redrawn does, or all.
 const std::vector<std::string>& names() {
   static const std::vector<std::string> all = [] {
     std::vector<std::string> result;

@@ -1,5 +1,5 @@
-// Rendering of messages beside snprintf with a format string. The look-up of messages stands beside gettext in
-// catalog_bench.
+// Rendering of messages beside snprintf with a format string. The look-up of messages stands beside gettext
+// in catalog_bench.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

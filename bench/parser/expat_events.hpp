@@ -1,5 +1,5 @@
-/// The peer of the XML benchmarks: expat, its events delivered as strings with the runs of text put together, which
-/// is what a user of expat writes to get what `xml_parser` delivers.
+/// The peer of the XML benchmarks: expat, its events delivered as strings with the runs of text put together,
+/// which is what a user of expat writes to get what `xml_parser` delivers.
 #pragma once
 
 #include <expat.h>
@@ -10,8 +10,8 @@
 
 namespace bench {
 
-/// `Receiver` has start_tag(name), end_tag(name), attribute(name, value), text(text), space(text), comment(text),
-/// which take strings.
+/// `Receiver` has start_tag(name), end_tag(name), attribute(name, value), text(text), space(text),
+/// comment(text), which take strings.
 template <typename Receiver>
 class expat_events {
  public:

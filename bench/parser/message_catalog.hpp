@@ -1,5 +1,5 @@
-/// The document that the XML benchmarks read: a message catalog of 20,000 messages and about 3.5 MB, the same in
-/// every run.
+/// The document that the XML benchmarks read: a message catalog of 20,000 messages and about 3.5 MB, the same
+/// in every run.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-/// What the benchmarks of streaming parsers share: the file, nodes that own their texts for the peers that have none, and counts
-/// of what was delivered.
+/// What the benchmarks of streaming parsers share: the file, nodes that own their texts for the peers that
+/// have none, and counts of what was delivered.
 #pragma once
 
 #include <benchmark/benchmark.h>

@@ -1,4 +1,5 @@
-/// `peak_memory`: how much the resident memory of the process has grown since the object was made, at its highest.
+/// `peak_memory`: how much the resident memory of the process has grown since the object was made, at its
+/// highest.
 #pragma once
 
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Qt's QXmlStreamReader at the same work as xml_stream_parser_bench.cpp. Its texts are UTF-16, so that a program that keeps UTF-8
-// converts each of them.
+// Qt's QXmlStreamReader at the same work as xml_stream_parser_bench.cpp. Its texts are UTF-16, so that a
+// program that keeps UTF-8 converts each of them.
 #include <benchmark/benchmark.h>
 
 #include <QByteArray>

@@ -1,5 +1,5 @@
-/// A file of records in a temporary directory, as map data and product feeds have them: the input of the benchmarks of
-/// streaming parsers.
+/// A file of records in a temporary directory, as map data and product feeds have them: the input of the
+/// benchmarks of streaming parsers.
 #pragma once
 
 #include <algorithm>

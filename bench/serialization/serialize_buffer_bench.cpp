@@ -1,5 +1,5 @@
-/// The binary and the text form: beside a hand-written append and memcpy of the same bytes, and, in the files beside this
-/// one, beside what a user would take instead.
+/// The binary and the text form: beside a hand-written append and memcpy of the same bytes, and, in the files
+/// beside this one, beside what a user would take instead.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -17,8 +17,8 @@ using namespace ORVA_NAMESPACE::serialization;
 using orva_bench::record;
 using orva_bench::sample_records;
 
-// Written for any buffer. The compiler sees the class where the benchmark names it, and calls through the table of
-// virtual functions where it does not.
+// Written for any buffer. The compiler sees the class where the benchmark names it, and calls through the
+// table of virtual functions where it does not.
 
 template <typename Buffer>
 void write(Buffer& buffer, const record& each) {

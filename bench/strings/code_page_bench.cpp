@@ -1,8 +1,10 @@
-/// Code pages beside ICU and iconv: long text, and calls of 16 characters with the peers' converters kept open.
+/// Code pages beside ICU and iconv: long text, and calls of 16 characters with the peers' converters kept
+/// open.
 ///
-/// Each produces an owned string, as a user would with any of them: the peers into room for the longest result, cut
-/// afterwards. Rates are bytes of the encoded text a second. "Long" is 64 KB of words in the page's own letters, a
-/// word of Latin letters among every four; "Best_fit" are letters that the page has no byte for.
+/// Each produces an owned string, as a user would with any of them: the peers into room for the longest
+/// result, cut afterwards. Rates are bytes of the encoded text a second. "Long" is 64 KB of words in the
+/// page's own letters, a word of Latin letters among every four; "Best_fit" are letters that the page has no
+/// byte for.
 #include <benchmark/benchmark.h>
 #include <iconv.h>
 #include <unicode/ucnv.h>

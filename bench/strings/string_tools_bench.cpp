@@ -1,5 +1,5 @@
-/// String tools beside the loops that a program would write over `std::string_view` and `std::string`. One byte is one
-/// byte of the text.
+/// String tools beside the loops that a program would write over `std::string_view` and `std::string`. One
+/// byte is one byte of the text.
 #include <benchmark/benchmark.h>
 
 #include <cctype>

@@ -22,8 +22,8 @@ struct machine {
   std::uint64_t seconds_up = 0;
 };
 
-/// Asks the operating system. File systems that are no disks (`/proc`, memory, ...) are left out, and of several mounts
-/// of one disk the first is taken.
+/// Asks the operating system. File systems that are no disks (`/proc`, memory, ...) are left out, and of
+/// several mounts of one disk the first is taken.
 machine this_machine();
 
 /// Reads a machine from a file, for tests and for machines that are elsewhere. A line of it is one of
@@ -31,8 +31,8 @@ machine this_machine();
 ///     uptime SECONDS
 ///     MOUNT-POINT TOTAL-BYTES FREE-BYTES [TOTAL-FILES FREE-FILES]
 ///
-/// Lines that are empty or start with `#` are skipped. False if the file cannot be read, with `bad_line` 0, or if a line is none
-/// of these; `bad_line` is then its number.
+/// Lines that are empty or start with `#` are skipped. False if the file cannot be read, with `bad_line` 0,
+/// or if a line is none of these; `bad_line` is then its number.
 bool read_machine(const std::string& file, machine& result, int& bad_line);
 
 /// The directory that this program lies in.

@@ -53,7 +53,8 @@ std::string settings::language() const {
   return language.empty() || language == "C" || language == "POSIX" ? "en" : language;
 }
 
-/// The command line or the file, whichever has the key first. The environment has a "path" of its own, which is something else.
+/// The command line or the file, whichever has the key first. The environment has a "path" of its own, which
+/// is something else.
 const config::base_config_item* settings::item_with(const char* key) const {
   for (const char* const id : {"command line", "standard file"}) {
     const auto item = config_.get_config_item(id);

@@ -11,12 +11,13 @@ namespace disk_free {
 
 class settings {
  public:
-  /// `directory` is that of the program: its file and its messages lie there. The arrays must live as long as the settings.
+  /// `directory` is that of the program: its file and its messages lie there. The arrays must live as long as
+  /// the settings.
   settings(int argc, const char* const* argv, const char* const* environment,
            const std::filesystem::path& directory);
 
-  /// "language"; where nobody asks for one, the first of LC_ALL, LC_MESSAGES and LANG that is not empty, without encoding
-  /// and modifier.
+  /// "language"; where nobody asks for one, the first of LC_ALL, LC_MESSAGES and LANG that is not empty,
+  /// without encoding and modifier.
   ///
   ///     LANG=de_AT.UTF-8  =>  "de_AT"
   ///     LANG=C, or none   =>  "en"

@@ -16,7 +16,8 @@ namespace disk_free {
 
 namespace {
 
-/// Types that have sizes like a disk's and are none: they live in memory, or repeat what lies on another disk.
+/// Types that have sizes like a disk's and are none: they live in memory, or repeat what lies on another
+/// disk.
 bool is_pseudo(std::string_view type) {
   static constexpr std::array pseudo{std::string_view("devtmpfs"), std::string_view("efivarfs"),
                                      std::string_view("ramfs"), std::string_view("squashfs"),

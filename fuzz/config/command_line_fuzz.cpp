@@ -1,5 +1,5 @@
-/// Any bytes as a command line, its words separated by zero bytes; the first is the program's name. The same words are then an
-/// environment.
+/// Any bytes as a command line, its words separated by zero bytes; the first is the program's name. The same
+/// words are then an environment.
 #include <cstddef>
 #include <cstdint>
 #include <iostream>

@@ -1,8 +1,8 @@
 /// A tree made of fuzzed keys and values, saved and loaded again: what the format promises comes back.
 ///
-/// A line of the input is a key and, behind a blank, its value. Names and values are of letters that need no quotes and no escapes,
-/// or of blanks and line ends, which the writer quotes: of these the format promises that they come back, where they are in a section, are
-/// not empty, and no array stands in the tree.
+/// A line of the input is a key and, behind a blank, its value. Names and values are of letters that need no
+/// quotes and no escapes, or of blanks and line ends, which the writer quotes: of these the format promises
+/// that they come back, where they are in a section, are not empty, and no array stands in the tree.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -43,7 +43,8 @@ std::string_view last_part(std::string_view name) {
   return name.substr(std::min(name.rfind('.'), name.size()));
 }
 
-/// A key is written in every section whose name is as long as that of its own: keys of one name in two such sections are both the later.
+/// A key is written in every section whose name is as long as that of its own: keys of one name in two such
+/// sections are both the later.
 bool is_alone(const value_entry& entry, const std::vector<value_entry>& entries) {
   const auto is_rival = [&](const value_entry& other) {
     return other.second.first != 0 && other.first.size() == entry.first.size() &&

@@ -1,5 +1,6 @@
-/// Every number reader over any bytes in the three widths, held against the plain reference; floating text against
-/// the stream. The first byte chooses the radix, the second the width and how wide units are made, the rest is text.
+/// Every number reader over any bytes in the three widths, held against the plain reference; floating text
+/// against the stream. The first byte chooses the radix, the second the width and how wide units are made,
+/// the rest is text.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

@@ -1,5 +1,5 @@
-// Names as a file system may hold them, and 16-bit paths as a caller may hold them: what is reported comes back, and what
-// does not come back is not reported.
+// Names as a file system may hold them, and 16-bit paths as a caller may hold them: what is reported comes
+// back, and what does not come back is not reported.
 #include <cstdint>
 #include <cstdlib>
 #include <cstring>

@@ -1,5 +1,6 @@
-// Any bytes through xml_parser, held against the plain reference parser, twice with one object, so that the names a
-// failed parse leaves behind are held too; and through xml_token_stream, whose tokens must follow the events.
+// Any bytes through xml_parser, held against the plain reference parser, twice with one object, so that the
+// names a failed parse leaves behind are held too; and through xml_token_stream, whose tokens must follow the
+// events.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>

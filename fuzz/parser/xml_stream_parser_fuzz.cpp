@@ -1,4 +1,5 @@
-// Any file under any calls of xml_stream_parser, held against the plain reference parser, which has the file in one piece.
+// Any file under any calls of xml_stream_parser, held against the plain reference parser, which has the file
+// in one piece.
 //
 // An input is four bytes that say how, then the length of a script, the script, and the file:
 //
@@ -100,8 +101,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     return follow(reference, plan, [&] { (reference.*grow)(std::string(rest)); });
   };
   transcript expected = follow_reference(&reference_xml_stream::append);
-  // Where the parser had read all that there was, the old end of the file is an edge too, and a comment that goes wrong behind
-  // it is told with an offset of its own.
+  // Where the parser had read all that there was, the old end of the file is an edge too, and a comment that
+  // goes wrong behind it is told with an offset of its own.
   if (actual != expected && !rest.empty() && document.size() < window) {
     expected = follow_reference(&reference_xml_stream::append_behind_edge);
   }

@@ -1,5 +1,5 @@
-/// Any text as the flat form of a labeled buffer, against the plain recursive reader; what was read is flattened and
-/// read again, copied, and laid over itself.
+/// Any text as the flat form of a labeled buffer, against the plain recursive reader; what was read is
+/// flattened and read again, copied, and laid over itself.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,6 @@
-/// Any bytes as the data of a buffer, read by any operations, in both forms, against the plain readers; and any
-/// values appended and taken back. The first byte is the number of operations, which follow; the rest is the data.
+/// Any bytes as the data of a buffer, read by any operations, in both forms, against the plain readers; and
+/// any values appended and taken back. The first byte is the number of operations, which follow; the rest is
+/// the data.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

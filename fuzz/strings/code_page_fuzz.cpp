@@ -1,5 +1,5 @@
-/// Every code page both ways on any bytes and units: a text against its characters converted one at a time, which take
-/// none of the fast ways; UTF-8 against the slow second implementation.
+/// Every code page both ways on any bytes and units: a text against its characters converted one at a time,
+/// which take none of the fast ways; UTF-8 against the slow second implementation.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -1,5 +1,6 @@
-/// Splitting and replacing over any bytes, held against the step by step reference. The first three bytes give the
-/// sizes of delimiter and replacement and the limit; the delimiter and the replacement stand in front of the text.
+/// Splitting and replacing over any bytes, held against the step by step reference. The first three bytes
+/// give the sizes of delimiter and replacement and the limit; the delimiter and the replacement stand in
+/// front of the text.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,5 @@
-/// Lengths, pixels and colours of any numbers: every conversion, and those of integers against wider arithmetic.
+/// Lengths, pixels and colours of any numbers: every conversion, and those of integers against wider
+/// arithmetic.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>

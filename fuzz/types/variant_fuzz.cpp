@@ -1,4 +1,5 @@
-/// Text of any bytes as a variant: every accessor of each class of text, the integers against the slow reference.
+/// Text of any bytes as a variant: every accessor of each class of text, the integers against the slow
+/// reference.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

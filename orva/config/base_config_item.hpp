@@ -1,10 +1,12 @@
-/// `base_config_item`: one source of configuration, a named tree of keys that can be loaded, changed, saved and emptied.
+/// `base_config_item`: one source of configuration, a named tree of keys that can be loaded, changed, saved
+/// and emptied.
 ///
-/// The base of `commandline_item`, `file_item`, `enviroment_item` and `user_item`, and of sources that a program makes for itself:
-/// such a class fills `tree_` in `load`. A `config_manager` holds a list of items and asks them in turn.
+/// The base of `commandline_item`, `file_item`, `enviroment_item` and `user_item`, and of sources that a
+/// program makes for itself: such a class fills `tree_` in `load`. A `config_manager` holds a list of items
+/// and asks them in turn.
 ///
-/// An item owns its values, and a copy has values of its own. Items are counted objects: those in a list live on the heap,
-/// made by `clone`. Many threads may read an item that nobody changes or loads.
+/// An item owns its values, and a copy has values of its own. Items are counted objects: those in a list live
+/// on the heap, made by `clone`. Many threads may read an item that nobody changes or loads.
 #pragma once
 
 #include <iosfwd>
@@ -51,8 +53,8 @@ class ORVA_API base_config_item
   virtual bool load(const item_list& items);
   /// Writes the values to where they came from, if the source can be written. True.
   virtual bool save();
-  /// What a manager's `save` calls: true, and nothing is written by any item. A program that wants its file written asks
-  /// the item itself.
+  /// What a manager's `save` calls: true, and nothing is written by any item. A program that wants its file
+  /// written asks the item itself.
   virtual bool save(const item_list& items);
   /// Removes the values; here nothing.
   virtual void unload();
@@ -77,8 +79,8 @@ class ORVA_API base_config_item
   /// Stores what `make_key_value` reads from the expression with `=` between key and value.
   void set(std::string_view expression, unsigned int flags);
 
-  /// Reads key and value from text. Blanks and tabs go, unless they stand in quotes; the quotes themselves go. The first
-  /// token of type `separator` separates, and the value, a `ustring8`, ends with its line.
+  /// Reads key and value from text. Blanks and tabs go, unless they stand in quotes; the quotes themselves
+  /// go. The first token of type `separator` separates, and the value, a `ustring8`, ends with its line.
   ///
   ///     a b = c d          =>  "ab", "cd"
   ///     k = "c d" e        =>  "k", "c de"
@@ -88,22 +90,24 @@ class ORVA_API base_config_item
   std::pair<strings::ustring8, types::variant> make_key_value(std::string_view expression,
                                                               config_token::tok_types separator) const;
 
-  /// Makes the key an array of these values: the key itself gets flags 3 and nil, and "key.0", "key.1", ... the values.
+  /// Makes the key an array of these values: the key itself gets flags 3 and nil, and "key.0", "key.1", ...
+  /// the values.
   ///
-  /// Flags of elements come from the numbers in `flags`. Where that list is not empty but shorter, the elements behind
-  /// its end are stored as unsigned 32-bit numbers. Elements of a longer array that was there before stay.
+  /// Flags of elements come from the numbers in `flags`. Where that list is not empty but shorter, the
+  /// elements behind its end are stored as unsigned 32-bit numbers. Elements of a longer array that was there
+  /// before stay.
   void set_array(std::string_view key, const generic::varg_list& values, const generic::varg_list& flags);
 
   /// Writes id and values for people to read.
   void dump(std::ostream& stream) const;
 
  protected:
-  /// Cuts the token at `position` out of `source` and moves `position` behind it. Start with `position` 0 and go on to
-  /// T_END; no text is refused.
+  /// Cuts the token at `position` out of `source` and moves `position` behind it. Start with `position` 0 and
+  /// go on to T_END; no text is refused.
   ///
-  /// The result is the type of the token, but for `*/`: there `token.type` is T_ENDCOMMENT and the result T_FSFS. T_SPACE leaves
-  /// the token's text as it was before, T_END all of it but the type, so that who appends texts without a look at the type
-  /// appends the one before a blank again.
+  /// The result is the type of the token, but for `*/`: there `token.type` is T_ENDCOMMENT and the result
+  /// T_FSFS. T_SPACE leaves the token's text as it was before, T_END all of it but the type, so that who
+  /// appends texts without a look at the type appends the one before a blank again.
   config_token::tok_types get_token(std::string_view source, unsigned int& position,
                                     config_token& token) const;
 

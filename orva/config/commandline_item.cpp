@@ -27,8 +27,8 @@ bool is_option(std::string_view argument) { return argument.starts_with('-') || 
 
 }  // namespace
 
-/// One walk over the arguments. The token lives as long as the walk: a blank repeats the text of the token before it, also
-/// when that one stood in another argument.
+/// One walk over the arguments. The token lives as long as the walk: a blank repeats the text of the token
+/// before it, also when that one stood in another argument.
 class commandline_item::reader {
  public:
   explicit reader(commandline_item& item) : item_(item), arguments_(arguments_of(item.argc_, item.argv_)) {}
@@ -84,7 +84,8 @@ class commandline_item::reader {
     return text;
   }
 
-  /// An option with nothing attached: the words behind it are its values. Once a word is a value, those that begin with `/` are, too.
+  /// An option with nothing attached: the words behind it are its values. Once a word is a value, those that
+  /// begin with `/` are, too.
   void read_bare_option() {
     if (next_ == arguments_.size() || is_option(arguments_[next_])) return item_.set(key_, 1);
     varg_list values;

@@ -1,8 +1,9 @@
-/// `config_dispatch`: the strategy that decides which sources a `config_manager` has, in which order, and how they load.
+/// `config_dispatch`: the strategy that decides which sources a `config_manager` has, in which order, and how
+/// they load.
 ///
-/// `std_config_dispatch` is the one for programs and `module_config_dispatch` the one for modules. Others derive from this
-/// class, and find the usual way to load, unload and save among its protected members. A manager works on a clone, which
-/// it shares with its copies.
+/// `std_config_dispatch` is the one for programs and `module_config_dispatch` the one for modules. Others
+/// derive from this class, and find the usual way to load, unload and save among its protected members. A
+/// manager works on a clone, which it shares with its copies.
 #pragma once
 
 #include "orva/config/base_config_item.hpp"

@@ -81,7 +81,8 @@ variant config_manager::get_value(std::string_view key, const variant& default_v
     if (node == nullptr) return default_value;
     if (is_array_node(node)) return first_element(*item, current);
     if ((node->first & config_tree::NODE_LINK) == 0) return node->second;
-    // The texts are compared as they are: a circle through one key in two spellings closes when a spelling comes again.
+    // The texts are compared as they are: a circle through one key in two spellings closes when a spelling
+    // comes again.
     visited.emplace(current);
     target = node->second.as_string();
     if (visited.contains(target)) return node->second;

@@ -1,15 +1,16 @@
 /// `config_manager`: how a program reads its settings, whatever source they come from.
 ///
-/// A manager asks its items in turn, and the first that has a key answers: precedence is by key, and trees of different sources are
-/// not merged. Which items there are is decided by the dispatch given to `init`.
+/// A manager asks its items in turn, and the first that has a key answers: precedence is by key, and trees of
+/// different sources are not merged. Which items there are is decided by the dispatch given to `init`.
 ///
 ///     config_manager config;
 ///     config.init(std_config_dispatch(argc, argv, environ, "app.cfg", ""));
 ///     config.load();
 ///     config.get_value("window.width", 640).as_int32()
 ///
-/// Copies of a manager share the items and the dispatch, which live as long as the last of them: what is loaded or set through one
-/// is seen by all. Many threads may read once loading has ended; `init`, `load` and `unload` must not overlap with reads. No read fails.
+/// Copies of a manager share the items and the dispatch, which live as long as the last of them: what is
+/// loaded or set through one is seen by all. Many threads may read once loading has ended; `init`, `load` and
+/// `unload` must not overlap with reads. No read fails.
 #pragma once
 
 #include <iosfwd>
@@ -61,8 +62,8 @@ class ORVA_API config_manager {
   /// Appends the values of the elements, from the first item that has the key as an array.
   void get_array(std::string_view key, std::vector<types::variant>& out) const;
 
-  /// Appends the children of a key, from the first item that has the key: names relative to the key, and values. With `recursive`
-  /// also what is below them.
+  /// Appends the children of a key, from the first item that has the key: names relative to the key, and
+  /// values. With `recursive` also what is below them.
   void get_key_value_array(std::string_view key,
                            std::vector<std::pair<strings::ustring8, types::variant>>& out,
                            bool recursive) const;

@@ -1,7 +1,8 @@
-/// `config_token`: one token of the configuration language, as `base_config_item::get_token` cuts it out of a text.
+/// `config_token`: one token of the configuration language, as `base_config_item::get_token` cuts it out of a
+/// text.
 ///
-/// A plain value that belongs to its caller. The tokens only cut: what ends a key, what starts a comment and what separates the
-/// elements of an array is decided by each source of configuration.
+/// A plain value that belongs to its caller. The tokens only cut: what ends a key, what starts a comment and
+/// what separates the elements of an array is decided by each source of configuration.
 ///
 ///     a.b = "c d" # e      =>  a  .  b  (blank)  =  (blank)  c d  (blank)  #  (blank)  e
 ///     x1.5                 =>  x  1  .  5        letters and digits are runs of their own
@@ -52,8 +53,9 @@ class ORVA_API config_token {
     T_NON_ALPHA_NUM = 31  // any other byte
   };
 
-  /// What the token is, for people: "T_EQ", and with their text "T_VAR :[abc]", "T_UNKNOWN:[...]", "T_STRING:[...]" and
-  /// "T_NON_ALPHA_NUM:[...]". Of T_ENDCOMMENT, T_STARTCOMMENT and any other number "unknown type".
+  /// What the token is, for people: "T_EQ", and with their text "T_VAR :[abc]", "T_UNKNOWN:[...]",
+  /// "T_STRING:[...]" and "T_NON_ALPHA_NUM:[...]". Of T_ENDCOMMENT, T_STARTCOMMENT and any other number
+  /// "unknown type".
   std::string CvtTokStr() const;
 
   std::string text;

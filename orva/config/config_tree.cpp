@@ -65,8 +65,8 @@ void config_tree::detach_branches(child_map& from, detached_nodes& to) {
   }
 }
 
-/// A node lets go of its children only when these have none: a deep tree would otherwise go in as many nested calls as it
-/// has levels. Moving map nodes allocates nothing, so that destruction cannot fail.
+/// A node lets go of its children only when these have none: a deep tree would otherwise go in as many nested
+/// calls as it has levels. Moving map nodes allocates nothing, so that destruction cannot fail.
 void config_tree::erase() {
   detached_nodes branches;
   detach_branches(children_, branches);
@@ -126,7 +126,8 @@ void config_tree::store_elements(const generic::varg_list& values, const generic
     } else if (i < flags.size()) {
       element.store(value, flags[i].value().as_uint32());
     } else {
-      // A list of flags that ends early makes numbers of the elements behind it: programs store masks in this way.
+      // A list of flags that ends early makes numbers of the elements behind it: programs store masks in this
+      // way.
       element.store(value.as_uint32(), 0);
     }
   }

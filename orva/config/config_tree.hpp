@@ -1,12 +1,13 @@
 /// `config_tree`: the keys and values of one source of configuration.
 ///
-/// A tree of named nodes, each with flags and a value. A key is a path of names, with `.`, `\` or `/` between them, in any
-/// case: `A.b/C\d` and `a/B.c.D` are one node. Bytes from 128 on are lowered by the C runtime's current locale, one by one. An empty
-/// name is a name like any other, but for one at the very end behind a separator: "a." is "a".
+/// A tree of named nodes, each with flags and a value. A key is a path of names, with `.`, `\` or `/` between
+/// them, in any case: `A.b/C\d` and `a/B.c.D` are one node. Bytes from 128 on are lowered by the C runtime's
+/// current locale, one by one. An empty name is a name like any other, but for one at the very end behind a
+/// separator: "a." is "a".
 ///
-/// The tree owns its nodes; a copy shares none with its source. What is handed out by pointer stays valid until `erase`, an assignment
-/// or the end of the tree. Many threads may read a tree that nobody changes. No operation fails, and none takes stack in
-/// proportion to the depth of the tree.
+/// The tree owns its nodes; a copy shares none with its source. What is handed out by pointer stays valid
+/// until `erase`, an assignment or the end of the tree. Many threads may read a tree that nobody changes. No
+/// operation fails, and none takes stack in proportion to the depth of the tree.
 #pragma once
 
 #include <functional>
@@ -43,14 +44,16 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
     NODE_LINK = 4        // the value is the name of another key; only `config_manager` follows it
   };
 
-  /// Flags and value. A node that is there only because a longer key passes through it has flags 0 and the value true.
+  /// Flags and value. A node that is there only because a longer key passes through it has flags 0 and the
+  /// value true.
   using node_type = std::pair<unsigned int, types::variant>;
   /// A name with flags and value.
   using value_entry = std::pair<strings::ustring8, node_type>;
 
   config_tree();
   config_tree(const config_tree& other);
-  /// The flags, the value and the children of `other` in place of its own. Who points at this tree goes on pointing at it.
+  /// The flags, the value and the children of `other` in place of its own. Who points at this tree goes on
+  /// pointing at it.
   config_tree& operator=(const config_tree& other);
   virtual ~config_tree();
 
@@ -60,8 +63,8 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
   /// Removes all children. The flags and the value of the tree's own node stay.
   void erase();
 
-  /// Stores value and flags, with NODE_VALUE_SET, in place of the node's earlier ones, and makes the nodes on the way that are not
-  /// there. Children stay: a value set over an array leaves the elements where they are.
+  /// Stores value and flags, with NODE_VALUE_SET, in place of the node's earlier ones, and makes the nodes on
+  /// the way that are not there. Children stay: a value set over an array leaves the elements where they are.
   ///
   /// Inverse: `get_node`.
   void set_node(std::string_view key, const types::variant& value, unsigned int flags);
@@ -74,12 +77,13 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
   ///     get_node("")      =>  null
   const node_type* get_node(std::string_view key) const;
 
-  /// Appends the elements "0", "1", "2", ... of an array up to the first that is missing, each under that name. Nothing for a
-  /// node without NODE_ARRAY.
+  /// Appends the elements "0", "1", "2", ... of an array up to the first that is missing, each under that
+  /// name. Nothing for a node without NODE_ARRAY.
   void get_array(std::string_view key, std::vector<value_entry>& out) const;
 
-  /// Appends the children of `key`, or of this tree where the key is empty, in the order of their names' bytes: "10" comes
-  /// before "2". With `recursive` each child is followed by all that is below it. Nodes without a value are among them.
+  /// Appends the children of `key`, or of this tree where the key is empty, in the order of their names'
+  /// bytes: "10" comes before "2". With `recursive` each child is followed by all that is below it. Nodes
+  /// without a value are among them.
   ///
   ///     a.b, a.c.d, e    key ""   recursive  =>  "a", "a.b", "a.c", "a.c.d", "e"
   ///     a.b, a.c.d, e    key "a"  recursive  =>  "b", "c", "c.d"        names are relative to the key
@@ -92,7 +96,8 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
   void dump(std::ostream& stream, int depth) const;
 
  protected:
-  /// Cuts `key` at its first separator, which is dropped: what is before it, in lower case, and what is behind it, as it is.
+  /// Cuts `key` at its first separator, which is dropped: what is before it, in lower case, and what is
+  /// behind it, as it is.
   void parse_string(std::string_view key, strings::ustring8& head, strings::ustring8& tail) const;
 
  private:

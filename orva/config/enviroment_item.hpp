@@ -1,7 +1,7 @@
 /// `enviroment_item`: an environment block as configuration.
 ///
-/// Each entry is read as an expression, as `base_config_item::set` reads it: blanks outside quotes go from names and values alike, and
-/// separators in a name make parts of it.
+/// Each entry is read as an expression, as `base_config_item::set` reads it: blanks outside quotes go from
+/// names and values alike, and separators in a name make parts of it.
 ///
 ///     HOME=/home/ann              =>  home: "/home/ann"
 ///     P=C:\Program Files          =>  p: "C:\ProgramFiles"

@@ -4,8 +4,8 @@
 ///     2.  enviroment_item             "enviroment"
 ///     3.  user_item                   "user_item"       what the module sets itself, its defaults for instance
 ///
-/// This order is the precedence, and the order of loading. The environment is the caller's, and must live as long as the
-/// manager.
+/// This order is the precedence, and the order of loading. The environment is the caller's, and must live as
+/// long as the manager.
 #pragma once
 
 #include <string>
@@ -19,7 +19,8 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API module_config_dispatch : public config_dispatch {
  public:
-  /// The values of `files` are the names, the first before all others; names of arguments mean nothing. `envp` may be null.
+  /// The values of `files` are the names, the first before all others; names of arguments mean nothing.
+  /// `envp` may be null.
   module_config_dispatch(const generic::varg_list& files, const char* const* envp);
 
   void setup(item_list& items) const override;

@@ -4,8 +4,9 @@
 ///     2.  file_item          "standard file"
 ///     3.  enviroment_item    "enviroment"
 ///
-/// This order is the precedence, and the order of loading: the command line can name the file, by `-cfg_file=name`, the environment
-/// cannot. Arguments and environment are the caller's, and must live as long as the manager.
+/// This order is the precedence, and the order of loading: the command line can name the file, by
+/// `-cfg_file=name`, the environment cannot. Arguments and environment are the caller's, and must live as
+/// long as the manager.
 ///
 ///     int main(int argc, char** argv) {
 ///       config_manager config;
@@ -21,8 +22,8 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API std_config_dispatch : public config_dispatch {
  public:
-  /// A negative `argc` is 0. Either array may be null. `file_name` is that of the `file_item`, and may be empty; the second name is
-  /// kept for the program's own use and read by nobody.
+  /// A negative `argc` is 0. Either array may be null. `file_name` is that of the `file_item`, and may be
+  /// empty; the second name is kept for the program's own use and read by nobody.
   std_config_dispatch(int argc, const char* const* argv, const char* const* envp, strings::ustring8 file_name,
                       strings::ustring8 second_file_name);
 

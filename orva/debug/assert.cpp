@@ -15,7 +15,8 @@ using hook_interface = functor::function_type_interface<assert_hook>;
 /// file's own still finds an empty slot and no dead object.
 constinit hook_interface* hook_slot = nullptr;
 
-/// The old hook has left the slot when it is destroyed, so that an assertion in its destructor cannot reach it.
+/// The old hook has left the slot when it is destroyed, so that an assertion in its destructor cannot reach
+/// it.
 void replace_hook(hook_interface* hook) { delete std::exchange(hook_slot, hook); }
 
 struct remove_hook_at_unload {

@@ -1,8 +1,8 @@
 /// Assertions that report to a hook and never stop the program.
 ///
-/// Without a hook a failed assertion costs one call and does nothing; the program goes on behind it either way.
-/// The checks stay active in every build. There is one hook for the process and no lock around it: install it
-/// once, at the start.
+/// Without a hook a failed assertion costs one call and does nothing; the program goes on behind it either
+/// way. The checks stay active in every build. There is one hook for the process and no lock around it:
+/// install it once, at the start.
 ///
 ///     struct report : functor::function_type_interface<debug::assert_hook> { ... };
 ///     debug::set_assert_hook(report{});

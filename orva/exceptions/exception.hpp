@@ -1,8 +1,8 @@
 /// The library's exceptions.
 ///
 /// A small hierarchy of its own: it does not derive from `std::exception`, so whoever wants the library's
-/// failures catches `exceptions::exception` or one of its branches by reference. An exception is a plain value:
-/// it owns its message and remembers where it was raised. Exceptions share nothing between threads.
+/// failures catches `exceptions::exception` or one of its branches by reference. An exception is a plain
+/// value: it owns its message and remembers where it was raised. Exceptions share nothing between threads.
 ///
 ///     exception                         abstract root
 ///       logic_error                     the caller could have known better

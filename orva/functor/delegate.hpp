@@ -1,7 +1,7 @@
 /// A callable that can be stored and copied without knowing what stands behind it.
 ///
-/// A delegate owns its function object; copying the delegate clones it. Set a delegate up before other threads
-/// can call through it.
+/// A delegate owns its function object; copying the delegate clones it. Set a delegate up before other
+/// threads can call through it.
 ///
 ///     struct printer { void print(const ustring8& text); };
 ///     printer p;
@@ -32,8 +32,8 @@ class delegate_t<Result(Args...)> {
   delegate_t(delegate_t&& other) noexcept = default;
   ~delegate_t() = default;
 
-  /// Destroys the function object held so far and keeps a clone of the new one. The clone is made first: the new
-  /// one may be part of what is destroyed.
+  /// Destroys the function object held so far and keeps a clone of the new one. The clone is made first: the
+  /// new one may be part of what is destroyed.
   delegate_t& operator=(const function_type& function) {
     target_.reset(function.clone());
     return *this;

@@ -1,7 +1,7 @@
 /// `argument`: a value with a name, or without one.
 ///
-/// An argument with an empty name is positional. A plain value: copying one copies the name and shares the value's
-/// payload. Arguments that nobody changes may be read by many threads.
+/// An argument with an empty name is positional. A plain value: copying one copies the name and shares the
+/// value's payload. Arguments that nobody changes may be read by many threads.
 ///
 ///     argument("count", 3)      =>  name "count", value 3
 ///     argument("count=3")       =>  no name, value "count=3": text is never taken apart

@@ -1,11 +1,11 @@
 /// `varg_list`: an ordered list of arguments, positional and named.
 ///
 /// This is how a caller hands any number of typed values to a message, and how arrays travel through the
-/// configuration. The order is that of adding. A name stands in a list once: a second argument of that name is
-/// refused and the first one stays. Positional arguments, whose name is empty, are never refused.
+/// configuration. The order is that of adding. A name stands in a list once: a second argument of that name
+/// is refused and the first one stays. Positional arguments, whose name is empty, are never refused.
 ///
-/// The list is a plain value: a copy is independent, sharing only the immutable payloads of the values. Iterators and
-/// references are those of a vector. A list that nobody changes may be read by many threads.
+/// The list is a plain value: a copy is independent, sharing only the immutable payloads of the values.
+/// Iterators and references are those of a vector. A list that nobody changes may be read by many threads.
 ///
 ///     varg_list args(argument("name", "disk"), argument("free", 1500000));
 ///     args.push_back("free", 0)     =>  false: the name is taken
@@ -14,8 +14,8 @@
 ///     args[1].name()                =>  "free"
 ///     args[2]                       =>  throws std::out_of_range("invalid vector<T> subscript")
 ///
-/// Names are compared byte by byte in UTF-8, and looked up from the front; the first match wins. The empty name finds
-/// the first positional argument. Lists are short and built for one call, so no index is kept.
+/// Names are compared byte by byte in UTF-8, and looked up from the front; the first match wins. The empty
+/// name finds the first positional argument. Lists are short and built for one call, so no index is kept.
 #pragma once
 
 #include <cstddef>
@@ -68,12 +68,13 @@ class ORVA_API varg_list {
   iterator find(std::string_view name);
   const_iterator find(std::string_view name) const;
 
-  /// The first argument of that name, or `nil_argument`. To change a named argument use `find`, or its position.
+  /// The first argument of that name, or `nil_argument`. To change a named argument use `find`, or its
+  /// position.
   const argument& at(std::string_view name) const;
   const argument& operator[](std::string_view name) const { return at(name); }
 
-  /// The argument at that position, counted from 0. At or past the end throws `std::out_of_range` with the words
-  /// "invalid vector<T> subscript".
+  /// The argument at that position, counted from 0. At or past the end throws `std::out_of_range` with the
+  /// words "invalid vector<T> subscript".
   argument& at(std::size_t position);
   const argument& at(std::size_t position) const;
   argument& operator[](std::size_t position) { return at(position); }
@@ -97,14 +98,14 @@ class ORVA_API varg_list {
   void clear() noexcept { arguments_.clear(); }
   void erase() noexcept { clear(); }
 
-  /// Removes one argument, or those from `first` up to `last`, and returns the place of what stood behind. The end
-  /// as `position`, which `find` gives for a missing name, removes nothing.
+  /// Removes one argument, or those from `first` up to `last`, and returns the place of what stood behind.
+  /// The end as `position`, which `find` gives for a missing name, removes nothing.
   iterator erase(const_iterator position);
   iterator erase(const_iterator first, const_iterator last) { return arguments_.erase(first, last); }
   /// Removes the first argument of that name, if there is one.
   void erase(std::string_view name);
-  /// Removes the argument at that position. At or past the end there is nothing to remove, and nothing is thrown:
-  /// a lookup must give an answer, a removal has none to give.
+  /// Removes the argument at that position. At or past the end there is nothing to remove, and nothing is
+  /// thrown: a lookup must give an answer, a removal has none to give.
   void erase(std::size_t position);
 
  private:

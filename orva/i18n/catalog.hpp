@@ -1,11 +1,11 @@
 /// `catalog_t`: one named set of messages, after the choice of language was made.
 ///
-/// Each name holds one message, which remembers in `_orginal_locale` the language that it came from. The catalog
-/// owns its messages; what it hands out stays valid until the message is replaced or the catalog goes. Catalogs
-/// are counted objects, held by `memory::pointers::shared_pointer` in `message_catalogs`.
+/// Each name holds one message, which remembers in `_orginal_locale` the language that it came from. The
+/// catalog owns its messages; what it hands out stays valid until the message is replaced or the catalog
+/// goes. Catalogs are counted objects, held by `memory::pointers::shared_pointer` in `message_catalogs`.
 ///
-/// Many threads may read a filled catalog, with one exception: the first question about languages fills a cache
-/// behind the const interface. Call `gen_lang_set` once before a catalog is shared.
+/// Many threads may read a filled catalog, with one exception: the first question about languages fills a
+/// cache behind the const interface. Call `gen_lang_set` once before a catalog is shared.
 ///
 ///     catalog.message("disk_free").as_utf8(args);
 ///     catalog.message("unknown") == types::nil;          // nothing to check before rendering: the text is empty

@@ -24,9 +24,10 @@ using limits = std::numeric_limits<double>;
 constexpr int most_decimals = limits::digits - limits::min_exponent;
 static_assert(most_decimals == 1074);
 
-/// A value with up to three decimals, reckoned in integers: with its 53 bits times 1000 a value still fits into 64, and
-/// what stands behind the last decimal can be held against a half exactly. That is what measures and durations are as
-/// a rule. Null, and nothing is written: the value is too small or too large, or no number.
+/// A value with up to three decimals, reckoned in integers: with its 53 bits times 1000 a value still fits
+/// into 64, and what stands behind the last decimal can be held against a half exactly. That is what measures
+/// and durations are as a rule. Null, and nothing is written: the value is too small or too large, or no
+/// number.
 char* write_exactly(double value, int precision, char* at) {
   static constexpr std::uint64_t powers[] = {1, 10, 100, 1000};
   constexpr double smallest = 0x1p-11;
@@ -114,8 +115,8 @@ void print(std::string& text, double value, std::chars_format form, const double
   if (text.size() - begin > max_double_length) text.resize(begin + max_double_length);
 }
 
-/// Drops the first digit of the exponent. The field may be a blank too narrow then, or padded behind the number,
-/// so that the test counts all that stands behind the `e`.
+/// Drops the first digit of the exponent. The field may be a blank too narrow then, or padded behind the
+/// number, so that the test counts all that stands behind the `e`.
 void shorten_exponent(std::string& text, std::size_t begin) {
   const std::size_t exponent = text.find('e', begin);
   if (exponent != text.npos && text.size() - exponent >= 5) text.erase(exponent + 2, 1);

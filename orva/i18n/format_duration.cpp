@@ -52,8 +52,8 @@ double fraction_of(double seconds) {
   return std::modf(seconds, &whole);
 }
 
-/// The seconds are shown as `format_double` shows them under this precision alone: a negative one is refused, and an
-/// empty one would be the missing value of an attribute string.
+/// The seconds are shown as `format_double` shows them under this precision alone: a negative one is refused,
+/// and an empty one would be the missing value of an attribute string.
 bool is_precision(std::string_view text) { return !text.empty() && to_number(text) >= 0; }
 
 /// Adds the parts from the largest down.

@@ -53,8 +53,8 @@ struct int_attributes {
 /// Hexadecimal numbers are shown in whole groups of this many digits.
 constexpr int hex_group = 4;
 
-/// The power of the radix that makes a negative value its complement when it is added. It is reckoned modulo 2^64,
-/// where a power that is too large becomes 0.
+/// The power of the radix that makes a negative value its complement when it is added. It is reckoned modulo
+/// 2^64, where a power that is too large becomes 0.
 class complement_power {
  public:
   complement_power(std::int64_t value, unsigned int radix) : radix_(radix) {
@@ -117,8 +117,8 @@ void append_in_groups_of_three(std::string& text, std::string_view digits) {
   }
 }
 
-/// What most placeholders ask for. The digits are made where they are shown: reading them again at once would wait for
-/// them to be written.
+/// What most placeholders ask for. The digits are made where they are shown: reading them again at once would
+/// wait for them to be written.
 void append_plain(std::string& text, std::int64_t value) {
   const std::size_t begin = text.size();
   text.resize(begin + std::numeric_limits<std::int64_t>::digits10 + 2);

@@ -1,17 +1,17 @@
 /// Value formatters: one value as text, under the attributes that a translator wrote at a placeholder.
 ///
-/// `message_item` calls them when a message is rendered; a program that wants the same text outside a message may
-/// call them too. They own nothing, keep no state, and any thread may call them.
+/// `message_item` calls them when a message is rendered; a program that wants the same text outside a message
+/// may call them too. They own nothing, keep no state, and any thread may call them.
 ///
 /// An attribute string is a flat list of keys and values with the byte 0x01 between them, written "|" here:
-/// `fieldsize|8|base|hex`. It is split as `split_string` does, so that an empty value at the very end is no field.
-/// A later key overrides an earlier one. A key, and a value that is a word, may be shortened to any beginning of the
-/// word: `f|8|b|h` says the same. What fits several words means the one listed first, and an empty key the first
-/// key of all. Numbers are read as `atoi` does, but saturate.
+/// `fieldsize|8|base|hex`. It is split as `split_string` does, so that an empty value at the very end is no
+/// field. A later key overrides an earlier one. A key, and a value that is a word, may be shortened to any
+/// beginning of the word: `f|8|b|h` says the same. What fits several words means the one listed first, and an
+/// empty key the first key of all. Numbers are read as `atoi` does, but saturate.
 ///
-/// Attributes that make no sense are never an exception: the result is then the text "-0" (`refused_value`), and
-/// `unit` is empty. The cases are: a key without a value, an unknown key or word or unit, a number that does not
-/// fit its `fieldsize` (`format_int`), padding beyond `max_padding`, a negative `precision`.
+/// Attributes that make no sense are never an exception: the result is then the text "-0" (`refused_value`),
+/// and `unit` is empty. The cases are: a key without a value, an unknown key or word or unit, a number that
+/// does not fit its `fieldsize` (`format_int`), padding beyond `max_padding`, a negative `precision`.
 #pragma once
 
 #include <cstddef>
@@ -24,11 +24,12 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// What every formatter answers to attributes that it cannot follow. Negative zero without decimals reads the same.
+/// What every formatter answers to attributes that it cannot follow. Negative zero without decimals reads the
+/// same.
 inline constexpr std::string_view refused_value = "-0";
 
-/// The most zeros that `format_int` puts in front of a number. A wider `fieldsize` is refused, so that a few bytes
-/// of a catalog cannot ask for gigabytes.
+/// The most zeros that `format_int` puts in front of a number. A wider `fieldsize` is refused, so that a few
+/// bytes of a catalog cannot ask for gigabytes.
 inline constexpr std::size_t max_padding = 1024;
 
 /// The longest text of a floating value; what goes beyond is cut off.
@@ -44,9 +45,9 @@ inline constexpr std::size_t max_double_length = 63;
 ///     fieldsize   the whole width in characters, marks and blanks counted; 0, the default, means none.
 ///                 Decimal numbers are held against it but never padded, the others get zeros.
 ///
-/// Outside the decimal styles a negative value is shown as its complement, in as many digits as it needs or as the
-/// field has. A complement of 64 bits cannot be told from a negative number again and is shown as one, with its
-/// sign behind the mark.
+/// Outside the decimal styles a negative value is shown as its complement, in as many digits as it needs or
+/// as the field has. A complement of 64 bits cannot be told from a negative number again and is shown as one,
+/// with its sign behind the mark.
 ///
 ///     255       base|hex                   =>  "0x00ff"
 ///     -1        base|hex                   =>  "0xffff"
@@ -62,9 +63,9 @@ ORVA_API strings::ustring8 format_int(std::int64_t value, std::string_view attrs
 ///     precision   the decimals, 2 by default
 ///     fieldsize   the width to fill with blanks on the left, or on the right if it is negative; 0 means none
 ///
-/// A number that is wider than its field is shown with an exponent instead, whose first of three digits is dropped:
-/// exponents from 100 on lose their hundreds. The exponent form may be wider than the field as well. The decimal
-/// point is that of the process's locale, as in `printf`; NaN and infinity read "nan" and "inf".
+/// A number that is wider than its field is shown with an exponent instead, whose first of three digits is
+/// dropped: exponents from 100 on lose their hundreds. The exponent form may be wider than the field as well.
+/// The decimal point is that of the process's locale, as in `printf`; NaN and infinity read "nan" and "inf".
 ///
 ///     1.5         (none)                   =>  "1.50"
 ///     1.5         precision|0              =>  "2"
@@ -89,8 +90,8 @@ ORVA_API strings::ustring8 format_double(double value, std::string_view attrs);
 ORVA_API strings::ustring8 format_memory(const types::variant& value, std::string_view attrs,
                                          strings::ustring8& unit);
 
-/// A quantity with its SI prefix, scaled in steps of 1000; `unit` receives the prefix, and the message's own text
-/// goes on with the unit.
+/// A quantity with its SI prefix, scaled in steps of 1000; `unit` receives the prefix, and the message's own
+/// text goes on with the unit.
 ///
 ///     base_unit     the prefix that the value is given in: base, a letter of a f p n m k M G T P E Z Y, or mc for
 ///                   micro; base by default

@@ -19,8 +19,8 @@ namespace ORVA_NAMESPACE::i18n::_private {
 ///     "."            =>  "."
 strings::ustring8 normalized_language_tag(std::string_view tag);
 
-/// The tags that a load accepts, from the least to the most specific: the neutral tag, English, then the wanted
-/// language by growing prefixes.
+/// The tags that a load accepts, from the least to the most specific: the neutral tag, English, then the
+/// wanted language by growing prefixes.
 ///
 ///     ""             =>  "."  "en"
 ///     "de_DE"        =>  "."  "en"  "de"  "de_DE"
@@ -33,8 +33,8 @@ class accepted_languages {
   /// In any spelling that `normalized_language_tag` takes.
   explicit accepted_languages(std::string_view language);
 
-  /// The place of `tag` in the list, counted from 1; 0 if it is not accepted. The bigger, the better the match.
-  /// A tag that is not found as it stands is tried again normalized.
+  /// The place of `tag` in the list, counted from 1; 0 if it is not accepted. The bigger, the better the
+  /// match. A tag that is not found as it stands is tried again normalized.
   types::uint32 weight(std::string_view tag) const;
 
  private:

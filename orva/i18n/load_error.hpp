@@ -1,7 +1,7 @@
 /// How the reading of an XMC file ended: a code, and a text for humans that also says where.
 ///
-/// A plain value. The loader makes it at the place of the failure, and each element around that place adds its
-/// line on the way out, from the inside to the outside:
+/// A plain value. The loader makes it at the place of the failure, and each element around that place adds
+/// its line on the way out, from the inside to the outside:
 ///
 ///     xmc_file_loader::load_error - Invalid element "i"
 ///      in message element: "disk_free"
@@ -40,7 +40,8 @@ class ORVA_API load_error {
   enum append_type : int { in_message = 1, in_catalog = 2, in_file = 3 };
 
   load_error() : load_error(no_error, strings::ustring8()) {}
-  /// A type outside the table, `xml_parse_error` included, gives "unknown, or unhandle case happened!" and `text`.
+  /// A type outside the table, `xml_parse_error` included, gives "unknown, or unhandle case happened!" and
+  /// `text`.
   load_error(error_type type, const strings::ustring8& text);
   /// The text follows `error`, whatever the type.
   load_error(error_type type, const parser::xml_parser::parse_error& error);

@@ -1,9 +1,9 @@
 /// `message_t`: one localisable message, and `message_item`, the pieces that it is made of.
 ///
-/// A message is a name and a sequence of pieces: plain text, and placeholders that name an argument and say how it
-/// is shown. Rendered with a list of arguments it gives text in any of the library's string classes. Messages come
-/// out of catalogs as a rule, but may be made by hand as well. They are plain values that own all they hold; a
-/// message that nobody changes may be rendered by several threads at once.
+/// A message is a name and a sequence of pieces: plain text, and placeholders that name an argument and say
+/// how it is shown. Rendered with a list of arguments it gives text in any of the library's string classes.
+/// Messages come out of catalogs as a rule, but may be made by hand as well. They are plain values that own
+/// all they hold; a message that nobody changes may be rendered by several threads at once.
 ///
 ///     const message_t message("disk_free", {message_item("Free: "),
 ///                                           message_item("n\001precision\0011", message_item::memory),
@@ -68,8 +68,8 @@ class ORVA_API message_item {
 
   type_t type() const { return type_; }
 
-  /// The text of a text item. Otherwise the placeholder: the argument's name, and behind a byte 0x01, if there is
-  /// one, the attributes of the formatter.
+  /// The text of a text item. Otherwise the placeholder: the argument's name, and behind a byte 0x01, if
+  /// there is one, the attributes of the formatter.
   strings::ustring8 data() const { return data_; }
 
   /// `data` up to the first byte 0x01:  "n|precision|1"  =>  "n"
@@ -77,9 +77,9 @@ class ORVA_API message_item {
 
   /// The piece as it reads with these arguments, in UTF-8.
   ///
-  /// A placeholder without its argument, of a reserved type, or whose formatter refuses, reads "?invalid?", and the
-  /// line "Failure -- " with `data` goes to the platform's debug output. So does an argument whose own text is the
-  /// formatters' sign of failure, "-0".
+  /// A placeholder without its argument, of a reserved type, or whose formatter refuses, reads "?invalid?",
+  /// and the line "Failure -- " with `data` goes to the platform's debug output. So does an argument whose
+  /// own text is the formatters' sign of failure, "-0".
   strings::ustring8 as_string(const generic::varg_list& args) const;
 
  private:
@@ -112,8 +112,8 @@ class ORVA_API message_t {
   message_t& assign(const types::nil_t&) { return *this = message_t(); }
   message_t& operator=(const types::nil_t& nil) { return assign(nil); }
 
-  // Rendering never fails: a piece that cannot be shown reads "?invalid?", and the others stand around it. The forms
-  // other than UTF-8 are converted from it by `strings/unicode.hpp`; bad text becomes "-1" there.
+  // Rendering never fails: a piece that cannot be shown reads "?invalid?", and the others stand around it.
+  // The forms other than UTF-8 are converted from it by `strings/unicode.hpp`; bad text becomes "-1" there.
 
   strings::ustring8 as_utf8(const generic::varg_list& args = generic::varg_list()) const;
   std::string as_string(const generic::varg_list& args = generic::varg_list()) const;
@@ -130,13 +130,13 @@ class ORVA_API message_t {
   /// The number of placeholders; one that is used twice counts twice.
   types::uint32 argument_count() const;
 
-  /// What the message asks for: for each placeholder, in order, an argument without a value whose name is the whole
-  /// `data` of the placeholder, attributes included. Like every list of arguments it has each name once, so that a
-  /// placeholder that is repeated with the same attributes stands in it once.
+  /// What the message asks for: for each placeholder, in order, an argument without a value whose name is the
+  /// whole `data` of the placeholder, attributes included. Like every list of arguments it has each name
+  /// once, so that a placeholder that is repeated with the same attributes stands in it once.
   generic::varg_list arguments() const;
 
-  /// Whether the message has pieces and `args` all that they ask for: at least `argument_count()` entries, and one
-  /// by the name of each placeholder.
+  /// Whether the message has pieces and `args` all that they ask for: at least `argument_count()` entries,
+  /// and one by the name of each placeholder.
   bool has_valid_args(const generic::varg_list& args) const;
 
   iterator begin() { return items_.begin(); }
@@ -161,8 +161,8 @@ class ORVA_API message_t {
   bool equal(const types::nil_t&) const { return name_.empty() && items_.empty() && meta_.empty(); }
   bool operator==(const types::nil_t& nil) const { return equal(nil); }
 
-  /// Does nothing: messages hold no references to others. It is what `message_catalogs::set_resolve_container` would
-  /// call.
+  /// Does nothing: messages hold no references to others. It is what
+  /// `message_catalogs::set_resolve_container` would call.
   void resolve(const std::map<strings::ustring8, strings::ustring8>&) {}
 
  private:

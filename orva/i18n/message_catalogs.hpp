@@ -1,16 +1,18 @@
-/// `message_catalogs`: all the messages of an application, loaded from XMC files and looked up by catalog and name.
+/// `message_catalogs`: all the messages of an application, loaded from XMC files and looked up by catalog and
+/// name.
 ///
 ///     i18n::message_catalogs catalogs;
 ///     const auto result = catalogs.load("messages", "de_DE");
 ///     if (result != i18n::message_catalogs::no_error) std::cerr << result << '\n';
 ///     catalogs.message("app", "disk_free").as_utf8(args);
 ///
-/// Several loads build up one set, and of two messages with one name the one in the more specific language stays.
-/// Copies share their catalogs until one of them drops a catalog: a load into one copy is seen through all.
+/// Several loads build up one set, and of two messages with one name the one in the more specific language
+/// stays. Copies share their catalogs until one of them drops a catalog: a load into one copy is seen through
+/// all.
 ///
-/// No lookup fails: what is not there comes back as a nil message, which renders as empty text. References and
-/// iterators stay valid until the next load or `erase`. Lookups on a loaded set may run on many threads; loading
-/// must be done before they start.
+/// No lookup fails: what is not there comes back as a nil message, which renders as empty text. References
+/// and iterators stay valid until the next load or `erase`. Lookups on a loaded set may run on many threads;
+/// loading must be done before they start.
 #pragma once
 
 #include <initializer_list>
@@ -89,8 +91,9 @@ class ORVA_API message_catalogs {
   /// Loads a file or a directory for `language`, its parents, English and the neutral language ".". With
   /// `catalog`, only the catalog of that name is loaded.
   ///
-  /// A failure leaves all earlier loads as they were, and nothing of the failing file is kept. An empty language
-  /// gives `no_default_locale`. A directory that leaves the set without any catalog gives `no_catalog`.
+  /// A failure leaves all earlier loads as they were, and nothing of the failing file is kept. An empty
+  /// language gives `no_default_locale`. A directory that leaves the set without any catalog gives
+  /// `no_catalog`.
   result_type load(const strings::text_argument& path, const strings::text_argument& language,
                    const strings::text_argument& catalog = "");
   /// Takes files and directories in their order and stops at the first failure, which is the result. The ones
@@ -102,9 +105,9 @@ class ORVA_API message_catalogs {
   result_type load_file(const strings::text_argument& file, const strings::text_argument& language,
                         const strings::text_argument& catalog = "");
 
-  /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml" in
-  /// letters of either case, in the order of `system::list_directory`. Ends at the first file that fails; a file
-  /// without a catalog for the language is such a failure.
+  /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml"
+  /// in letters of either case, in the order of `system::list_directory`. Ends at the first file that fails;
+  /// a file without a catalog for the language is such a failure.
   result_type load_directory(const strings::text_argument& directory, const strings::text_argument& language,
                              const strings::text_argument& catalog = "");
 
@@ -138,7 +141,8 @@ class ORVA_API message_catalogs {
 
   /// Whether the catalog is there and its message is not nil.
   bool has_message(const strings::text_argument& catalog, const strings::text_argument& name) const;
-  /// The message. `s_nil_message` if the catalog is unknown, `catalog_t::m_nil_message` if only the message is.
+  /// The message. `s_nil_message` if the catalog is unknown, `catalog_t::m_nil_message` if only the message
+  /// is.
   const message_t& message(const strings::text_argument& catalog, const strings::text_argument& name) const;
 
   /// Stored for `message_t::resolve`, which expands nothing: messages do not change.

@@ -1,7 +1,9 @@
-/// `message_table`: the messages of a catalog, in the order of their names and at hand by name. Not for use on its own.
+/// `message_table`: the messages of a catalog, in the order of their names and at hand by name. Not for use
+/// on its own.
 ///
-/// Beside the ordered map stands a hash table of its entries, so that a lookup does not walk down a tree of long names
-/// that begin alike. A plain value that owns its messages; many threads may read one that nobody changes.
+/// Beside the ordered map stands a hash table of its entries, so that a lookup does not walk down a tree of
+/// long names that begin alike. A plain value that owns its messages; many threads may read one that nobody
+/// changes.
 #pragma once
 
 #include <cstddef>
@@ -60,8 +62,8 @@ class message_table {
     const map::value_type* entry = nullptr;
   };
 
-  /// How far a name may stand behind its first slot. One for which there is no slot is found in the map alone, so that
-  /// names chosen for their hashes gain nothing.
+  /// How far a name may stand behind its first slot. One for which there is no slot is found in the map
+  /// alone, so that names chosen for their hashes gain nothing.
   static constexpr std::size_t longest_walk = 16;
 
   static std::uint32_t hash_of(std::string_view name) noexcept;

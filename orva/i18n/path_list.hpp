@@ -1,4 +1,5 @@
-/// `path_list`: the parameter of an operation that takes several paths, made implicitly from a vector of any text.
+/// `path_list`: the parameter of an operation that takes several paths, made implicitly from a vector of any
+/// text.
 ///
 ///     catalogs.load(std::vector<strings::ustring16>{...}, "de_DE");
 ///     catalogs.load(std::vector<std::string>{"messages", "plugins/messages"}, "de_DE");

@@ -8,12 +8,13 @@
 ///       <include file="more.xmc"/>
 ///     </xmc>
 ///
-/// A loader is a local object of one load: it collects messages over the file and the files that it includes, and
-/// `combine_data` merges them into a set of catalogs. Applications use `message_catalogs`, which does both.
+/// A loader is a local object of one load: it collects messages over the file and the files that it includes,
+/// and `combine_data` merges them into a set of catalogs. Applications use `message_catalogs`, which does
+/// both.
 ///
-/// No bad file throws: every failure is a `load_error`. The first error ends the file, and what was read before it
-/// stays in the loader. Input of any bytes costs time and memory in proportion to its size. One loader belongs to
-/// one thread.
+/// No bad file throws: every failure is a `load_error`. The first error ends the file, and what was read
+/// before it stays in the loader. Input of any bytes costs time and memory in proportion to its size. One
+/// loader belongs to one thread.
 #pragma once
 
 #include <map>
@@ -45,28 +46,30 @@ class ORVA_API xmc_file_loader {
 
   /// How deep files may include each other: a cycle ends here, with `invalid_element` and the file's name.
   static constexpr types::uint32 max_include_depth = 64;
-  /// How many files one load may include: without it, a short chain of files that each include the next one twice
-  /// would take as long as one likes. The same error.
+  /// How many files one load may include: without it, a short chain of files that each include the next one
+  /// twice would take as long as one likes. The same error.
   static constexpr types::uint32 max_included_files = 10000;
 
   /// Reads a file for the neutral languages "." and "en" only.
   load_error parse(const strings::text_argument& file);
-  /// Reads a file for a language, its parents and the neutral ones, keeping only `catalog` unless that is empty.
-  /// An empty language gives `no_default_locale` without a look at the file.
+  /// Reads a file for a language, its parents and the neutral ones, keeping only `catalog` unless that is
+  /// empty. An empty language gives `no_default_locale` without a look at the file.
   load_error parse(const strings::text_argument& file, const strings::text_argument& language,
                    const strings::text_argument& catalog = "");
 
-  /// Reads a file for the languages set before. A file that cannot be opened although it is there reads as empty,
-  /// and so as one without XML header.
+  /// Reads a file for the languages set before. A file that cannot be opened although it is there reads as
+  /// empty, and so as one without XML header.
   load_error parse_file(const strings::ustring8& file);
   /// Reads the text of a file. `file` is named in errors; paths of includes start from the file read last by
   /// `parse_file`.
   load_error parse_string(const strings::ustring8& text, const strings::ustring8& file);
 
-  /// Merges what was read into `target`, making the catalogs that it lacks, and returns the number of messages
-  /// stored, new or in place of another. A message that `target` holds stays only if its language weighs more.
+  /// Merges what was read into `target`, making the catalogs that it lacks, and returns the number of
+  /// messages stored, new or in place of another. A message that `target` holds stays only if its language
+  /// weighs more.
   ///
-  /// An empty pointer in `target` under the name of a catalog that was read throws the text "unreferanced object".
+  /// An empty pointer in `target` under the name of a catalog that was read throws the text "unreferanced
+  /// object".
   types::uint32 combine_data(catalog_map& target) const;
   /// The same, but moves: the loader is left without messages.
   types::uint32 move_data(catalog_map& target);
@@ -78,7 +81,8 @@ class ORVA_API xmc_file_loader {
 
   /// Sets the accepted languages; see `accepted_languages`.
   void handle_language(const strings::text_argument& language);
-  /// The place of a language among the accepted ones, counted from 1. The bigger, the better; 0 is not wanted.
+  /// The place of a language among the accepted ones, counted from 1. The bigger, the better; 0 is not
+  /// wanted.
   types::uint32 get_locale_weight(const strings::text_argument& language) const;
   bool is_lang_id_good(const strings::text_argument& language) const {
     return get_locale_weight(language) != 0;
@@ -91,10 +95,11 @@ class ORVA_API xmc_file_loader {
   using token = parser::xml_token_stream::token;
   using token_iterator = parser::xml_token_stream::iterator;
 
-  // Each stands on the first token of its construct, throws a `load_error`, and leaves `it` behind the construct.
+  // Each stands on the first token of its construct, throws a `load_error`, and leaves `it` behind the
+  // construct.
   //
-  // `Iterator` is `token_iterator`, and names and texts are then moved out of the tokens. A file that the loader reads
-  // itself never becomes such tokens: it is read through views into its text.
+  // `Iterator` is `token_iterator`, and names and texts are then moved out of the tokens. A file that the
+  // loader reads itself never becomes such tokens: it is read through views into its text.
   template <typename Iterator>
   void parse_xmc_header(Iterator& it, Iterator end);
   template <typename Iterator>

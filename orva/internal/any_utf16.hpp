@@ -1,8 +1,9 @@
 /// UTF-16 from outside, whatever it begins with.
 ///
-/// Internal: not installed. `utf16_to_utf8` and `utf16_to_utf32` do not return from a text that begins with 0xFFFE,
-/// and leave it to their callers to look first. Names, paths and values come from people and files, and must give a
-/// result: here 0xFFFE is one character like any other, U+FFFE. Everything else is what the transform gives.
+/// Internal: not installed. `utf16_to_utf8` and `utf16_to_utf32` do not return from a text that begins with
+/// 0xFFFE, and leave it to their callers to look first. Names, paths and values come from people and files,
+/// and must give a result: here 0xFFFE is one character like any other, U+FFFE. Everything else is what the
+/// transform gives.
 #pragma once
 
 #include "orva/strings/unicode.hpp"

@@ -20,8 +20,9 @@ struct calendar_time {
   unsigned int millisecond;
 };
 
-/// The calendar time of a moment in UTC: seconds since the first of January 1970, and milliseconds of that second.
-/// The C runtime's own function takes the lock of the time zone and counts leap seconds where the zone does.
+/// The calendar time of a moment in UTC: seconds since the first of January 1970, and milliseconds of that
+/// second. The C runtime's own function takes the lock of the time zone and counts leap seconds where the
+/// zone does.
 calendar_time utc_calendar(std::int64_t second, unsigned int millisecond) noexcept;
 
 }  // namespace ORVA_NAMESPACE::internal

@@ -1,8 +1,8 @@
 /// Floating values into integers, defined for every value.
 ///
-/// The language leaves a value beyond the range of the integer undefined; what stands here gives what the conversion
-/// instructions of x86 give, on every processor. Installed because values that compute in constant expressions need
-/// it; it promises nothing to callers.
+/// The language leaves a value beyond the range of the integer undefined; what stands here gives what the
+/// conversion instructions of x86 give, on every processor. Installed because values that compute in constant
+/// expressions need it; it promises nothing to callers.
 #pragma once
 
 #include <concepts>
@@ -14,8 +14,8 @@ namespace ORVA_NAMESPACE::internal {
 
 /// Toward zero; beyond the range, and for NaN, the most negative number.
 ///
-/// Where the floating type has no value between the most negative number and the next one below, the comparison
-/// leaves that number itself out, and the result is the same.
+/// Where the floating type has no value between the most negative number and the next one below, the
+/// comparison leaves that number itself out, and the result is the same.
 template <std::signed_integral Integer, std::floating_point Floating>
 constexpr Integer truncate_signed(Floating value) {
   constexpr auto lowest = std::numeric_limits<Integer>::min();
@@ -25,7 +25,8 @@ constexpr Integer truncate_signed(Floating value) {
   return value > bound - 1 && value < -bound ? static_cast<Integer>(value) : lowest;
 }
 
-/// There is no instruction for 64 unsigned bits: what a signed one cannot hold is brought into its range and back.
+/// There is no instruction for 64 unsigned bits: what a signed one cannot hold is brought into its range and
+/// back.
 template <std::floating_point Floating>
 constexpr unsigned long long truncate_uint64(Floating value) {
   constexpr auto top_bit = 1ULL << 63;

@@ -1,8 +1,8 @@
 /// The collections of names that the parsers keep while they walk a document. Not for use on their own.
 ///
-/// A name is a string of its own or, where the document outlives the collections, a view into it. Both keep the memory
-/// of some names that were taken off for the names that follow, since a document opens and closes elements by the
-/// thousand. One object belongs to one thread.
+/// A name is a string of its own or, where the document outlives the collections, a view into it. Both keep
+/// the memory of some names that were taken off for the names that follow, since a document opens and closes
+/// elements by the thousand. One object belongs to one thread.
 #pragma once
 
 #include <algorithm>
@@ -54,8 +54,9 @@ class basic_name_list {
   std::size_t size_ = 0;
 };
 
-/// A set of names. The first few stand side by side and are searched from end to end, which is all that most start
-/// tags need; only what comes behind them pays for a tree, so that a tag of a million attributes stays cheap.
+/// A set of names. The first few stand side by side and are searched from end to end, which is all that most
+/// start tags need; only what comes behind them pays for a tree, so that a tag of a million attributes stays
+/// cheap.
 template <typename Name>
 class basic_name_set {
  public:

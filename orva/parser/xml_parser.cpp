@@ -8,8 +8,8 @@
 
 namespace ORVA_NAMESPACE::parser {
 
-/// What a walk finds, told to the parser's delegates. The text of an event is a copy, which costs no allocation once
-/// the strings have grown.
+/// What a walk finds, told to the parser's delegates. The text of an event is a copy, which costs no
+/// allocation once the strings have grown.
 class xml_parser::delegate_events {
  public:
   explicit delegate_events(const xml_parser& parser) : parser_(parser) {}

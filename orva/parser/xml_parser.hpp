@@ -1,8 +1,9 @@
 /// `xml_parser`: an event parser for a small subset of XML that stands whole in memory.
 ///
-/// It walks the bytes once, calls the delegates as it meets elements, attributes, text, white space and comments,
-/// and returns a `parse_error` that says how the walk ended. It builds nothing and keeps nothing of the text: the
-/// texts given to a delegate live until the delegate returns. `xml_token_stream` keeps the events as a list.
+/// It walks the bytes once, calls the delegates as it meets elements, attributes, text, white space and
+/// comments, and returns a `parse_error` that says how the walk ended. It builds nothing and keeps nothing of
+/// the text: the texts given to a delegate live until the delegate returns. `xml_token_stream` keeps the
+/// events as a list.
 ///
 /// `parse` is const in name only: it writes scratch state, so one parser serves one thread at a time, and a
 /// delegate must not parse with the parser that called it. Delegates run on the caller's thread.
@@ -57,20 +58,21 @@ class ORVA_API xml_parser {
     enum error_type {
       no_error = 0,    ///< the text was walked to its end, and no element stays open
       unexpected_eof,  ///< the text ends in a comment, CDATA section or end tag, or with elements open
-      mismatched_end_element,  ///< an end tag names another element than the innermost open one, or none is open
+      mismatched_end_element,  ///< an end tag names another element than the innermost open one, or none is
+                               ///< open
       no_root_element,         ///< the text ends in or right behind the header
       bad_header,              ///< the text does not begin with <?xml, or the header holds < or > before ?>
-      unexpected_character,  ///< a character that the grammar has no place for
-      missing_quote,         ///< an attribute value does not start with a quote, or the text ends inside one
-      unknown_entity,        ///< & followed by something that opens no known entity
-      missing_equals,        ///< no = behind an attribute's name
-      attribute_redefined,   ///< an attribute's name comes twice in one start tag
-      data_after_root,       ///< a second top-level element starts
+      unexpected_character,    ///< a character that the grammar has no place for
+      missing_quote,        ///< an attribute value does not start with a quote, or the text ends inside one
+      unknown_entity,       ///< & followed by something that opens no known entity
+      missing_equals,       ///< no = behind an attribute's name
+      attribute_redefined,  ///< an attribute's name comes twice in one start tag
+      data_after_root,      ///< a second top-level element starts
     };
 
     error_type type = no_error;
-    /// The line feeds met as white space between and inside tags; those in text, comments, values and the header
-    /// are not counted. 0 on the first line, and also where the text was walked to its end.
+    /// The line feeds met as white space between and inside tags; those in text, comments, values and the
+    /// header are not counted. 0 on the first line, and also where the text was walked to its end.
     types::uint32 line = 0;
     /// What it was about:
     ///
@@ -91,33 +93,35 @@ class ORVA_API xml_parser {
   attribute_delegate on_attribute;
   /// Each run of text, its entities expanded, and each CDATA section as it stands.
   text_delegate on_character;
-  /// White space between tags and between runs of text; not that inside a tag, and not that behind the header.
+  /// White space between tags and between runs of text; not that inside a tag, and not that behind the
+  /// header.
   text_delegate on_space;
   /// The inner text of each comment.
   text_delegate on_comment;
 
   /// A parser without delegates: an event whose delegate is empty is skipped.
   xml_parser();
-  /// Clones the delegates, which stay bound to what they were bound to, and copies the names that a failed parse
-  /// left behind.
+  /// Clones the delegates, which stay bound to what they were bound to, and copies the names that a failed
+  /// parse left behind.
   xml_parser(const xml_parser& other);
   xml_parser& operator=(const xml_parser& other);
   ~xml_parser();
 
-  /// Walks the text and calls the delegates until its end or the first error; what was delivered is not undone.
+  /// Walks the text and calls the delegates until its end or the first error; what was delivered is not
+  /// undone.
   ///
-  /// A malformed text is told by the result and never thrown. What a delegate throws passes through, and so does
-  /// `exceptions::overflow_error` for a character reference above 255.
+  /// A malformed text is told by the result and never thrown. What a delegate throws passes through, and so
+  /// does `exceptions::overflow_error` for a character reference above 255.
   ///
-  /// A parse that failed leaves its open elements behind, and the next one on the same object starts with them: its
-  /// end tags will mismatch. Parse anew with a fresh parser.
+  /// A parse that failed leaves its open elements behind, and the next one on the same object starts with
+  /// them: its end tags will mismatch. Parse anew with a fresh parser.
   parse_error parse(const ustring8& text) const;
   /// The same for a range of a byte string. Reads nothing outside [first, last).
   parse_error parse(iterator first, iterator last) const;
 
  protected:
-  // The scanners of the grammar, for parsers that derive from this one. Each takes the position `it` and the end of
-  // the text and moves `it`; a malformed text throws a `parse_error`, and `it` is then where it was.
+  // The scanners of the grammar, for parsers that derive from this one. Each takes the position `it` and the
+  // end of the text and moves `it`; a malformed text throws a `parse_error`, and `it` is then where it was.
 
   /// The whole walk. `it` ends where the walk ended.
   parse_error do_parse(iterator& it, iterator& end) const;
@@ -126,10 +130,9 @@ class ORVA_API xml_parser {
   /// Throws `unexpected_character` if no letter stands at `it`.
   ustring8 parse_name(iterator& it, iterator& end) const;
 
-  /// A value from its opening quote on. `it` ends on the closing quote, or at the end of the text, which is no
-  /// error here.
-  /// Throws `missing_quote` if no quote stands at `it`, `unexpected_character` for a <, and what `parse_character`
-  /// throws.
+  /// A value from its opening quote on. `it` ends on the closing quote, or at the end of the text, which is
+  /// no error here. Throws `missing_quote` if no quote stands at `it`, `unexpected_character` for a <, and
+  /// what `parse_character` throws.
   ustring8 parse_attrib_value(iterator& it, iterator& end) const;
 
   /// The one byte that an entity or a character reference stands for. `it` goes from the & to the semicolon.

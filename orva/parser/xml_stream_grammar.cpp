@@ -1,5 +1,6 @@
-// What xml_stream_parser makes of the bytes in its window: one function for each construct of the grammar. Each leaves
-// the cursor behind what it took, and throws what stopped it; nothing is changed for good before a token is whole.
+// What xml_stream_parser makes of the bytes in its window: one function for each construct of the grammar.
+// Each leaves the cursor behind what it took, and throws what stopped it; nothing is changed for good before
+// a token is whole.
 #include <algorithm>
 #include <array>
 #include <cstddef>

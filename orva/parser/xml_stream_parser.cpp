@@ -72,8 +72,8 @@ void xml_stream_parser::init(const strings::ustring16& file) {
 
 std::size_t xml_stream_parser::load() { return load_if_free(0); }
 
-/// Reads only if that much of the window is free: to move a full window for a few bytes is dear. The file is looked at all
-/// the same.
+/// Reads only if that much of the window is free: to move a full window for a few bytes is dear. The file is
+/// looked at all the same.
 std::size_t xml_stream_parser::load_if_free(std::size_t wanted) {
   if (finished()) return 0;
   const auto path = platform::to_native(file_name_);
@@ -156,8 +156,8 @@ void xml_stream_parser::skip_blanks_from_mark() noexcept {
 
 void xml_stream_parser::do_parse() {
   if (finished() || enough_to_take()) return;
-  // It stops only where the grammar has a place to stop: were it to stop wherever the window's data end, an open level could
-  // be taken with half of its attributes.
+  // It stops only where the grammar has a place to stop: were it to stop wherever the window's data end, an
+  // open level could be taken with half of its attributes.
   for (bool paused = false; !paused;) {
     paused = parse_next();
     if (finished() || error_ > incomplete) return;

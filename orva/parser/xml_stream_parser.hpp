@@ -1,12 +1,13 @@
 /// `xml_stream_parser`: a pull parser for XML files of any size, in a few hundred kilobytes of memory.
 ///
-/// It reads the file through a window of 65,536 bytes and keeps what it found as nodes in a queue of about a hundred;
-/// the caller takes them one at a time. A node belongs to whoever popped it. Elements near the root, the first
-/// `open_depth` levels, are told when they begin and again when they end; what stands below them comes as whole
-/// nodes, once closed. After a syntax error `recover` finds the next record, and the walk goes on.
+/// It reads the file through a window of 65,536 bytes and keeps what it found as nodes in a queue of about a
+/// hundred; the caller takes them one at a time. A node belongs to whoever popped it. Elements near the root,
+/// the first `open_depth` levels, are told when they begin and again when they end; what stands below them
+/// comes as whole nodes, once closed. After a syntax error `recover` finds the next record, and the walk goes
+/// on.
 ///
-/// The file is open only while a call reads from it. A symbolic link is refused before each time that it is opened.
-/// One object belongs to one thread at a time: whatever takes a node may read the file.
+/// The file is open only while a call reads from it. A symbolic link is refused before each time that it is
+/// opened. One object belongs to one thread at a time: whatever takes a node may read the file.
 ///
 ///     xml_stream_parser feed("planet.osm", 1);
 ///     feed.parse();
@@ -40,8 +41,8 @@
 ///     references   &#65; and &#x41; give one byte, unencoded; above 255 they end the parser with `fatal_error`
 ///     not at all   CDATA, document type declarations, processing instructions, namespaces
 ///
-/// Where the window's edge falls never shows: a token that is cut there is read whole once more. A token that is longer
-/// than the window stays `incomplete`; `recover` gets past it.
+/// Where the window's edge falls never shows: a token that is cut there is read whole once more. A token that
+/// is longer than the window stays `incomplete`; `recover` gets past it.
 #pragma once
 
 #include <cstddef>
@@ -68,8 +69,8 @@ class ORVA_API xml_stream_parser {
   using ustring8 = strings::ustring8;
   using EmptyNodeQueue = parser::EmptyNodeQueue;
 
-  /// What stopped the parser last. From `mismatched_tag` to `missing_equals` a `recover` helps; from `fatal_error` on
-  /// the parser is done for good.
+  /// What stopped the parser last. From `mismatched_tag` to `missing_equals` a `recover` helps; from
+  /// `fatal_error` on the parser is done for good.
   enum error_type {
     no_error = 0,
     incomplete,            ///< the file ends inside a token, or the token is longer than the window
@@ -90,8 +91,8 @@ class ORVA_API xml_stream_parser {
    public:
     using attribute_list = std::list<std::pair<ustring8, ustring8>>;
 
-    /// `incomplete` for an element that is open, as an open level always is in its first node; `no_error` for one that
-    /// is whole and for the end of an open level; `end_of_document` for the end of the root.
+    /// `incomplete` for an element that is open, as an open level always is in its first node; `no_error` for
+    /// one that is whole and for the end of an open level; `end_of_document` for the end of the root.
     error_type status() const noexcept { return status_; }
     /// Whether the node may be taken from the queue.
     bool available() const noexcept { return available_; }
@@ -120,14 +121,15 @@ class ORVA_API xml_stream_parser {
     ustring8 data_;
   };
 
-  /// Nothing is read yet, and a file that is not there does not throw: `error` tells `no_error`, `cannot_open_file`, or
-  /// `fatal_error` for a symbolic link.
+  /// Nothing is read yet, and a file that is not there does not throw: `error` tells `no_error`,
+  /// `cannot_open_file`, or `fatal_error` for a symbolic link.
   xml_stream_parser(const system::path_argument& file, unsigned int open_depth);
   xml_stream_parser(const xml_stream_parser&) = delete;
   xml_stream_parser& operator=(const xml_stream_parser&) = delete;
   ~xml_stream_parser();
 
-  /// Reads on until a hundred nodes wait and two of them can be taken, or until something stops it. Returns `error()`:
+  /// Reads on until a hundred nodes wait and two of them can be taken, or until something stops it. Returns
+  /// `error()`:
   ///
   ///     no_error           go on: take nodes, then parse again. Where there are none to take, the file ends between
   ///                        two tokens, which a file that still grows may do
@@ -137,13 +139,13 @@ class ORVA_API xml_stream_parser {
   ///     an error           a further parse fails again at the same place. The nodes in front of it can be taken
   ///     from fatal_error   a further parse does nothing
   ///
-  /// Throws `std::ios_base::failure` with "ios_base::failbit set" where the file ends sooner than its size says. The
-  /// parser is as before, and a further parse tries again.
+  /// Throws `std::ios_base::failure` with "ios_base::failbit set" where the file ends sooner than its size
+  /// says. The parser is as before, and a further parse tries again.
   const error_type& parse();
 
-  /// Gives up the element at hand and all nodes in the queue, and searches for the next start tag that bears one of these
-  /// names, from the place of the error on. The open levels stay open. Lines that are passed over are not counted.
-  /// Returns `error()`:
+  /// Gives up the element at hand and all nodes in the queue, and searches for the next start tag that bears
+  /// one of these names, from the place of the error on. The open levels stay open. Lines that are passed
+  /// over are not counted. Returns `error()`:
   ///
   ///     no_error           the next parse begins at that start tag
   ///     not_synchronized   there is none, or no name was given. Nothing is parsed until a `recover` succeeds
@@ -160,17 +162,17 @@ class ORVA_API xml_stream_parser {
   types::uint32 node_queue_size() const noexcept;
   /// The node that a pop would take. Throws `EmptyNodeQueue` where `node_queue_empty`.
   node& node_queue_front();
-  /// Takes the first node. Where the one behind it cannot be taken yet, this parses on, so that a caller who only pops
-  /// goes through the whole file; `error` may change by it.
+  /// Takes the first node. Where the one behind it cannot be taken yet, this parses on, so that a caller who
+  /// only pops goes through the whole file; `error` may change by it.
   ///
-  /// Throws `EmptyNodeQueue` where `node_queue_empty`; a node that is still open is taken off the queue all the same and
-  /// lost. Throws as `parse` does, and the node is in the queue then.
+  /// Throws `EmptyNodeQueue` where `node_queue_empty`; a node that is still open is taken off the queue all
+  /// the same and lost. Throws as `parse` does, and the node is in the queue then.
   node node_queue_pop();
 
   /// The name of the root element; empty until it was met.
   const ustring8& root() const noexcept { return root_; }
-  /// The line reached, from 1 on. Line feeds count between tokens, within tags and in comments; those in the header, in
-  /// texts, in values, and in what `recover` passes over do not.
+  /// The line reached, from 1 on. Line feeds count between tokens, within tags and in comments; those in the
+  /// header, in texts, in values, and in what `recover` passes over do not.
   types::uint32 line() const noexcept { return line_; }
   const error_type& error() const noexcept { return error_; }
   /// How much of the file is parsed: the offset of the first token that was not taken.
@@ -184,16 +186,16 @@ class ORVA_API xml_stream_parser {
 
   /// Starts anew, with this file.
   void init(const strings::ustring16& file);
-  /// Makes room in the window, behind the first token that was not taken, and fills it from the file. The number of bytes
-  /// read; 0 with `error` telling if the file cannot be opened.
+  /// Makes room in the window, behind the first token that was not taken, and fills it from the file. The
+  /// number of bytes read; 0 with `error` telling if the file cannot be opened.
   std::size_t load();
   /// Parses until there is enough to take.
   void do_parse();
   /// Parses what is in the window. True if it stopped because there is enough to take.
   bool parse_next();
 
-  /// A name, which may be empty, with the white space in front of it. Throws `incomplete` where the window's data end,
-  /// as the name may go on.
+  /// A name, which may be empty, with the white space in front of it. Throws `incomplete` where the window's
+  /// data end, as the name may go on.
   std::string_view parse_name();
   /// A value with the white space in front of it, from quote to quote.
   ustring8 parse_attrib_value();
@@ -221,7 +223,8 @@ class ORVA_API xml_stream_parser {
 
   enum class step { taken, cut_off, paused };
 
-  /// The queue grows no longer than that once there is something to take; only a single record can make it longer.
+  /// The queue grows no longer than that once there is something to take; only a single record can make it
+  /// longer.
   static constexpr std::size_t enough_nodes = 100;
 
   bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
@@ -277,12 +280,13 @@ class ORVA_API xml_stream_parser {
   types::uint32 mark_line_ = 1;
   unsigned int open_depth_;
   node_list node_queue_;
-  // The first nodes that can be taken, as far as they were counted: a caller may ask for their number at each pop.
+  // The first nodes that can be taken, as far as they were counted: a caller may ask for their number at each
+  // pop.
   mutable types::uint32 counted_ = 0;
   mutable node_list::const_iterator last_counted_;
   std::deque<open_tag> open_tags_;
-  // Nodes leave the queue in the order in which their elements were opened, so that those of the open elements that have
-  // left are always the first of them; their positions must not be followed.
+  // Nodes leave the queue in the order in which their elements were opened, so that those of the open
+  // elements that have left are always the first of them; their positions must not be followed.
   std::size_t open_tags_without_node_ = 0;
   std::deque<ustring8> open_names_;
   types::uint32 next_id_ = 1;

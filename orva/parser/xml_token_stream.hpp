@@ -1,15 +1,15 @@
-/// `xml_token_stream`: the events of `xml_parser` as one flat list of tokens, for a reader that walks them with
-/// iterators.
+/// `xml_token_stream`: the events of `xml_parser` as one flat list of tokens, for a reader that walks them
+/// with iterators.
 ///
-/// It owns its parser and its tokens; iterators stay valid until the stream is assigned to or destroyed, also while
-/// a second `parse` appends. The whole document lives in memory as tokens, so this is for documents of the size of a
-/// message catalog. One object belongs to one thread at a time.
+/// It owns its parser and its tokens; iterators stay valid until the stream is assigned to or destroyed, also
+/// while a second `parse` appends. The whole document lives in memory as tokens, so this is for documents of
+/// the size of a message catalog. One object belongs to one thread at a time.
 ///
 ///     <a x="1"><b/>t</a>  =>  element_start "a", attribute_name "x", attribute_value "1", start_tag_end,
 ///                             element_start "b", start_tag_end, element_end "b", character "t", element_end "a"
 ///
-/// `start_tag_end` is made here, as the events do not tell it: it stands in front of the first event that is no
-/// attribute. Only a comment leaves it waiting, so a comment right behind a start tag comes before it.
+/// `start_tag_end` is made here, as the events do not tell it: it stands in front of the first event that is
+/// no attribute. Only a comment leaves it waiting, so a comment right behind a start tag comes before it.
 #pragma once
 
 #include <list>
@@ -59,14 +59,14 @@ class ORVA_API xml_token_stream {
   using const_iterator = token_list::const_iterator;
 
   xml_token_stream();
-  /// Copies the tokens and the parser. The copied parser's delegates stay bound to `other`: a `parse` of the copy
-  /// puts its tokens into `other`, which must live as long as the copy is used to parse.
+  /// Copies the tokens and the parser. The copied parser's delegates stay bound to `other`: a `parse` of the
+  /// copy puts its tokens into `other`, which must live as long as the copy is used to parse.
   xml_token_stream(const xml_token_stream& other);
   xml_token_stream& operator=(const xml_token_stream& other);
   ~xml_token_stream();
 
-  /// Appends the tokens of the text to the list and returns how the parse ended. After an error the tokens in front
-  /// of it are in the list. What `xml_parser::parse` throws passes through.
+  /// Appends the tokens of the text to the list and returns how the parse ended. After an error the tokens in
+  /// front of it are in the list. What `xml_parser::parse` throws passes through.
   xml_parser::parse_error parse(const ustring8& text);
   xml_parser::parse_error parse(xml_parser::iterator first, xml_parser::iterator last);
 
@@ -88,8 +88,8 @@ class ORVA_API xml_token_stream {
   void close_start_tag();
 
   bool start_tag_closed_ = true;
-  // Tokens come by the hundred thousand and go all at once, so that each having memory of its own would be most of
-  // the work.
+  // Tokens come by the hundred thousand and go all at once, so that each having memory of its own would be
+  // most of the work.
   std::pmr::monotonic_buffer_resource memory_;
   token_list tokens_{&memory_};
   xml_parser parser_;

@@ -1,8 +1,8 @@
 /// The clocks: the calendar time of day, a fine counter and a coarse one.
 ///
-/// Internal: not installed. A port owes: counters that never go back while the machine runs, whatever is done to the time of
-/// day; a calendar time of one reading, with every field in the range that is told. No call fails, and any
-/// thread may make one.
+/// Internal: not installed. A port owes: counters that never go back while the machine runs, whatever is done
+/// to the time of day; a calendar time of one reading, with every field in the range that is told. No call
+/// fails, and any thread may make one.
 #pragma once
 
 #include <cstdint>

@@ -1,8 +1,8 @@
 /// The debug output: where diagnostics go that no caller asked for.
 ///
-/// Internal: not installed. A port owes a channel that a developer watches and a program's user does not read as
-/// the program's output: the debugger's on Windows, standard error elsewhere, never standard output. Any thread
-/// may write at any time; one text arrives whole as far as the channel can promise it.
+/// Internal: not installed. A port owes a channel that a developer watches and a program's user does not read
+/// as the program's output: the debugger's on Windows, standard error elsewhere, never standard output. Any
+/// thread may write at any time; one text arrives whole as far as the channel can promise it.
 #pragma once
 
 #include <string_view>

@@ -1,8 +1,8 @@
 /// `directory_listing`: what one directory search reports.
 ///
-/// Internal: not installed. A port owes the entries in the order that its users are told: "." first, then "..", then the names sorted
-/// by their native units (on Windows as the system gives them); only names that `to_native` gives for some
-/// 16-bit path; and that no search is open when the constructor returns or throws.
+/// Internal: not installed. A port owes the entries in the order that its users are told: "." first, then
+/// "..", then the names sorted by their native units (on Windows as the system gives them); only names that
+/// `to_native` gives for some 16-bit path; and that no search is open when the constructor returns or throws.
 #pragma once
 
 #include <cstddef>
@@ -17,8 +17,9 @@ class directory_listing {
  public:
   enum class detail { names, names_and_status };
 
-  /// Lists the directory that `directory` and a separator name, so that the empty path lists the root. One that
-  /// cannot be listed has no entries. The status of each entry is asked for on demand only: it costs a system call.
+  /// Lists the directory that `directory` and a separator name, so that the empty path lists the root. One
+  /// that cannot be listed has no entries. The status of each entry is asked for on demand only: it costs a
+  /// system call.
   directory_listing(const native_string& directory, detail wanted);
 
   std::size_t size() const { return entries_.size(); }
@@ -37,7 +38,8 @@ class directory_listing {
 
   void add(native_view name);
 
-  // One text for all names: a directory of a hundred thousand files costs a few allocations, not one for each.
+  // One text for all names: a directory of a hundred thousand files costs a few allocations, not one for
+  // each.
   native_string names_;
   std::vector<entry> entries_;
 };

@@ -1,9 +1,9 @@
 /// File streams by native path: a file that is read at any place, and a file that is written whole.
 ///
-/// Internal: not installed. A port owes: binary files, open to other readers and writers meanwhile and closed in programs that
-/// the process starts; no call that waits for the other end of a pipe; calls that a signal interrupts made
-/// again. A path that holds a zero unit names no file. A symbolic link at the last component is not opened.
-/// An object belongs to one thread at a time.
+/// Internal: not installed. A port owes: binary files, open to other readers and writers meanwhile and closed
+/// in programs that the process starts; no call that waits for the other end of a pipe; calls that a signal
+/// interrupts made again. A path that holds a zero unit names no file. A symbolic link at the last component
+/// is not opened. An object belongs to one thread at a time.
 #pragma once
 
 #include <cstddef>
@@ -29,8 +29,8 @@ class input_file {
   /// REQUIRES: is_open().
   std::int64_t size() const { return size_; }
 
-  /// Reads `count` bytes from `offset` on. Fewer are returned only where the file ends or the system refuses to go
-  /// on, and nothing behind the bytes returned is written to.
+  /// Reads `count` bytes from `offset` on. Fewer are returned only where the file ends or the system refuses
+  /// to go on, and nothing behind the bytes returned is written to.
   ///
   /// REQUIRES: is_open().
   std::size_t read(std::int64_t offset, char* to, std::size_t count);
@@ -42,8 +42,8 @@ class input_file {
   std::int64_t size_ = 0;
 };
 
-/// Makes `contents` the whole file. False if the file cannot be opened; a write that fails later is not reported,
-/// and leaves what was written before it.
+/// Makes `contents` the whole file. False if the file cannot be opened; a write that fails later is not
+/// reported, and leaves what was written before it.
 bool write_file(const native_string& path, std::string_view contents);
 
 }  // namespace ORVA_NAMESPACE::platform

@@ -1,7 +1,8 @@
 /// Status of a path, make, rename and remove: one system call each.
 ///
-/// Internal: not installed. A port owes what is told beside each, and that a path which holds a zero unit names
-/// nothing: cut short at that unit, it would name something else. Functions may be called by any thread.
+/// Internal: not installed. A port owes what is told beside each, and that a path which holds a zero unit
+/// names nothing: cut short at that unit, it would name something else. Functions may be called by any
+/// thread.
 #pragma once
 
 #include "orva/platform/native_path.hpp"

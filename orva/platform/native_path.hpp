@@ -1,8 +1,8 @@
 /// Paths as the operating system takes them.
 ///
-/// Where the system takes 16-bit paths, native text is the same units; where it takes bytes, native text is UTF-8 by
-/// the rules of `internal/paths/path_text.hpp`. Conversions never fail, and are inverse to each other for every name
-/// that a `directory_listing` reports.
+/// Where the system takes 16-bit paths, native text is the same units; where it takes bytes, native text is
+/// UTF-8 by the rules of `internal/paths/path_text.hpp`. Conversions never fail, and are inverse to each
+/// other for every name that a `directory_listing` reports.
 ///
 /// Internal: not installed.
 #pragma once

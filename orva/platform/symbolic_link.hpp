@@ -7,8 +7,8 @@
 
 namespace ORVA_NAMESPACE::platform {
 
-/// Whether the last component of `path` is a symbolic link. Nothing there is no link; a status that cannot be asked for
-/// leaves as `boost::filesystem::filesystem_error`.
+/// Whether the last component of `path` is a symbolic link. Nothing there is no link; a status that cannot be
+/// asked for leaves as `boost::filesystem::filesystem_error`.
 bool is_symbolic_link(const native_string& path);
 
 }  // namespace ORVA_NAMESPACE::platform

@@ -1,12 +1,12 @@
 /// `labeled_serialize_buffer`: values under labels, and groups of them nested under labels.
 ///
-/// Where the plain buffers rely on the order of the calls, a labeled one answers for what its reader knows and keeps
-/// the rest, so that programs of different age can share it. One label can hold a value, a group, both or neither.
-/// `labeled_text_buffer` is the form there is. A buffer belongs to one thread, even where it is const, for `as_str`
-/// keeps its result in it. Buffers may be held by `memory::pointers::rc_pointer`.
+/// Where the plain buffers rely on the order of the calls, a labeled one answers for what its reader knows
+/// and keeps the rest, so that programs of different age can share it. One label can hold a value, a group,
+/// both or neither. `labeled_text_buffer` is the form there is. A buffer belongs to one thread, even where it
+/// is const, for `as_str` keeps its result in it. Buffers may be held by `memory::pointers::rc_pointer`.
 ///
-/// `add_value` and `create_group` cut blanks, tabs and line ends from both ends of a label. The lookups take it as it
-/// is: what was added under " a " is found under "a" only.
+/// `add_value` and `create_group` cut blanks, tabs and line ends from both ends of a label. The lookups take
+/// it as it is: what was added under " a " is found under "a" only.
 #pragma once
 
 #include <string>
@@ -37,8 +37,8 @@ class ORVA_API labeled_serialize_buffer
   labeled_serialize_buffer& operator=(const labeled_serialize_buffer& other) { return assign(other); }
   labeled_serialize_buffer& operator=(const std::string& text) { return assign(text); }
 
-  /// Replaces the content by what the flat form tells. A negative length throws `std::length_error`, "string too
-  /// long".
+  /// Replaces the content by what the flat form tells. A negative length throws `std::length_error`, "string
+  /// too long".
   virtual labeled_serialize_buffer& assign(const char* data, int length) = 0;
   virtual labeled_serialize_buffer& assign(const std::string& text) = 0;
   /// Goes through the other's `as_str`, and so works across classes.
@@ -49,8 +49,8 @@ class ORVA_API labeled_serialize_buffer
 
   /// Stores the value under the label, in place of the one before. A group of that label stays.
   virtual result_type add_value(const std::string& label, const types::variant& value) = 0;
-  /// Makes an empty group under the label, in place of the one before, whose content goes. A value of that label stays.
-  /// The buffer owns the group.
+  /// Makes an empty group under the label, in place of the one before, whose content goes. A value of that
+  /// label stays. The buffer owns the group.
   virtual labeled_serialize_buffer* create_group(const std::string& label) = 0;
 
   /// Whether the label is there, with a value, a group or neither.

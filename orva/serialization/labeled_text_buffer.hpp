@@ -1,21 +1,21 @@
 /// `labeled_text_buffer`: the labeled buffer, a sorted map in memory with a flat form of text.
 ///
 /// The flat form is a row of strings as `serialize_text_buf` writes them, in the order of the labels by their
-/// bytes: for a value the label and its text, for a group the label with a blank behind it and the group's flat form.
-/// A label never ends in a blank of its own. {a=1, g={x=2}}, with the byte 0x01 written ~:
+/// bytes: for a value the label and its text, for a group the label with a blank behind it and the group's
+/// flat form. A label never ends in a blank of its own. {a=1, g={x=2}}, with the byte 0x01 written ~:
 ///
 ///     1~a~1~1~2~g ~8~1~x~1~2~~
 ///
-/// Reading it back, every value has become a byte string, which a `variant` hides from those who ask for a number; nil
-/// has become the empty string. A text that is no flat form gives what can be read of it:
+/// Reading it back, every value has become a byte string, which a `variant` hides from those who ask for a
+/// number; nil has become the empty string. A text that is no flat form gives what can be read of it:
 ///
 ///     an empty label                  ends the reading; so does one that was stored, with all labels behind it
 ///     a text that ends in a label     std::out_of_range, "invalid string position", where a length overran the end
 ///     1~a~                            {a=""}: behind the last item the reader begins again, and reading ends
 ///
-/// The buffer owns its groups: pointers to them stay valid until the buffer is assigned or destroyed, and see what
-/// `create_group` does to them. Time, memory and the length of the flat form grow with the content, whatever its
-/// nesting: a level adds its label and a length. Nothing here calls itself for a level.
+/// The buffer owns its groups: pointers to them stay valid until the buffer is assigned or destroyed, and see
+/// what `create_group` does to them. Time, memory and the length of the flat form grow with the content,
+/// whatever its nesting: a level adds its label and a length. Nothing here calls itself for a level.
 #pragma once
 
 #include <memory>
@@ -62,9 +62,9 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   labeled_text_buffer* retrieve_group(const std::string& label) override;
   const labeled_text_buffer* retrieve_group(const std::string& label) const override;
 
-  /// Lays the other over this buffer: what it holds is added or replaces what is here, group by group, and what it
-  /// does not hold stays. Nothing is removed, but a label with neither value nor group takes the value away here.
-  /// `other` may be this buffer, or a group of it, and is taken as it is before the call.
+  /// Lays the other over this buffer: what it holds is added or replaces what is here, group by group, and
+  /// what it does not hold stays. Nothing is removed, but a label with neither value nor group takes the
+  /// value away here. `other` may be this buffer, or a group of it, and is taken as it is before the call.
   ///
   ///     {a=1, b=2}  overlaid by  {b=3, c=4}      =>  {a=1, b=3, c=4}
   ///     {a=1}       overlaid by  {a=nil}         =>  {a=nil}

@@ -1,7 +1,7 @@
 /// `serialize_binary_buf`: the binary form of a `serialize_buffer`.
 ///
-/// Values stand one behind the other with no tag, no padding and no header, the least significant byte first on
-/// every platform:
+/// Values stand one behind the other with no tag, no padding and no header, the least significant byte first
+/// on every platform:
 ///
 ///     append_int8, append_uint8           1 byte
 ///     append_int16(0x1234)                34 12
@@ -12,9 +12,10 @@
 ///     append_string("abc")                03 00 00 00 61 62 63         length, then the bytes
 ///     append_buffer(other)                the same, with other.as_str() for the bytes
 ///
-/// No byte outside the data is read. Of a number that the data ends in, the missing bytes are zero; a string or
-/// buffer that claims more than there is ends with the data. A length moves the position by as much as it says, in
-/// 32 bits: one near 4 GiB leads back, so that a loop until `at_end` over data of strangers counts what it reads.
+/// No byte outside the data is read. Of a number that the data ends in, the missing bytes are zero; a string
+/// or buffer that claims more than there is ends with the data. A length moves the position by as much as it
+/// says, in 32 bits: one near 4 GiB leads back, so that a loop until `at_end` over data of strangers counts
+/// what it reads.
 #pragma once
 
 #include <bit>
@@ -30,7 +31,8 @@
 
 namespace ORVA_NAMESPACE::serialization {
 
-/// Final, and its small operations inline: where the class is known, an append or a read costs no virtual call.
+/// Final, and its small operations inline: where the class is known, an append or a read costs no virtual
+/// call.
 class ORVA_API serialize_binary_buf final : public stored_buffer {
  public:
   serialize_binary_buf() noexcept = default;
@@ -74,8 +76,8 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   float read_float() const override { return read_number<float>(); }
   double read_double() const override { return read_number<double>(); }
   std::string read_string() override { return std::string(read_bytes().value_or(std::string_view())); }
-  /// Null at the end of the data, also where only the length is left: an empty buffer at the very end reads as null, and
-  /// as an empty buffer anywhere else.
+  /// Null at the end of the data, also where only the length is left: an empty buffer at the very end reads
+  /// as null, and as an empty buffer anywhere else.
   serialize_binary_buf* read_buffer() const override;
 
   serialize_binary_buf* create() const override;

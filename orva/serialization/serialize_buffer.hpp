@@ -1,9 +1,9 @@
 /// `serialize_buffer`: values flattened into bytes, and taken back in the order in which they were written.
 ///
-/// The writer appends values one after another; the reader takes them back through a read position that the buffer
-/// keeps. Nothing in the data tells a type, so both sides agree on the order of the calls. `serialize_binary_buf`
-/// and `serialize_text_buf` are the two forms; code written for this class runs on either. Any mix of appends and
-/// reads may follow each other: appending does not move the read position.
+/// The writer appends values one after another; the reader takes them back through a read position that the
+/// buffer keeps. Nothing in the data tells a type, so both sides agree on the order of the calls.
+/// `serialize_binary_buf` and `serialize_text_buf` are the two forms; code written for this class runs on
+/// either. Any mix of appends and reads may follow each other: appending does not move the read position.
 ///
 /// Reading never fails for lack of data: at the end every read answers 0, an empty string or no buffer, and
 /// `at_end` alone tells that from a stored zero. A reading buffer belongs to one thread, even where it is
@@ -33,19 +33,20 @@ class ORVA_API serialize_buffer
   serialize_buffer& operator=(const serialize_buffer& other) { return assign(other); }
   serialize_buffer& operator=(const std::string& data) { return assign(data); }
 
-  /// Replaces the data and leaves the read position where it is: call `reset_read` to read the new data. The bytes
-  /// may be any, zeros too. A negative length, or data of more than 4294967294 bytes, throws `std::length_error`,
-  /// "string too long".
+  /// Replaces the data and leaves the read position where it is: call `reset_read` to read the new data. The
+  /// bytes may be any, zeros too. A negative length, or data of more than 4294967294 bytes, throws
+  /// `std::length_error`, "string too long".
   virtual serialize_buffer& assign(const char* data, int length) = 0;
   virtual serialize_buffer& assign(const std::string& data) = 0;
   /// Takes the other's `as_str`. Nothing happens if that is this very data.
   virtual serialize_buffer& assign(const serialize_buffer& other) = 0;
 
-  /// The whole data, written or received, without a header; its inverse is `assign`. Valid until the data changes.
+  /// The whole data, written or received, without a header; its inverse is `assign`. Valid until the data
+  /// changes.
   virtual const std::string& as_str() const = 0;
 
-  // Appending throws `std::length_error`, "string too long", where the data would pass 4294967294 bytes, and leaves
-  // the data as it was.
+  // Appending throws `std::length_error`, "string too long", where the data would pass 4294967294 bytes, and
+  // leaves the data as it was.
 
   virtual void append_int8(const signed char& value) = 0;
   virtual void append_int16(const short& value) = 0;
@@ -74,8 +75,8 @@ class ORVA_API serialize_buffer
   virtual float read_float() const = 0;
   virtual double read_double() const = 0;
   virtual std::string read_string() = 0;
-  /// A new buffer of this class over the nested bytes, at its beginning. The caller owns it; an `rc_pointer` takes
-  /// it. What it is at the end of the data, each form tells.
+  /// A new buffer of this class over the nested bytes, at its beginning. The caller owns it; an `rc_pointer`
+  /// takes it. What it is at the end of the data, each form tells.
   virtual serialize_buffer* read_buffer() const = 0;
 
   /// Whether nothing is left to read.

@@ -22,8 +22,8 @@ using generic::abilities::create_dynamic;
 
 namespace {
 
-/// A whole number with its separator, put together where it costs no allocation. Not by `ltoa`, whose result would
-/// have to be measured.
+/// A whole number with its separator, put together where it costs no allocation. Not by `ltoa`, whose result
+/// would have to be measured.
 template <typename Integer>
 class number_item {
  public:

@@ -10,9 +10,9 @@
 ///     append_string("")                   0~~
 ///     append_buffer(other)                the same, with other.as_str() for the bytes
 ///
-/// Numbers are read leniently: a value saturates at the limits of the type read, a prefix (0x, 0b, 0) chooses the
-/// radix, text that is no number reads as the number it begins with, or 0. Floating values follow the global C++
-/// locale, as streams do.
+/// Numbers are read leniently: a value saturates at the limits of the type read, a prefix (0x, 0b, 0) chooses
+/// the radix, text that is no number reads as the number it begins with, or 0. Floating values follow the
+/// global C++ locale, as streams do.
 ///
 ///     data            reads as
 ///     70000~          read_int16 => 32767
@@ -21,9 +21,9 @@
 ///     9~abc           read_string => "abc"; the position is behind the data, and a number read there throws
 ///                     std::out_of_range, "invalid string position"
 ///
-/// Past the last item, numbers are 0 and stay so, whereas `read_string` and `read_buffer` are empty and rewind: the
-/// next read gets the first item again. Callers read a list of strings round and round in this way; a loop that is to
-/// end tests `at_end` before each read.
+/// Past the last item, numbers are 0 and stay so, whereas `read_string` and `read_buffer` are empty and
+/// rewind: the next read gets the first item again. Callers read a list of strings round and round in this
+/// way; a loop that is to end tests `at_end` before each read.
 #pragma once
 
 #include <string>
@@ -59,8 +59,9 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   void append_uint16(const unsigned short& value) override;
   void append_uint32(const types::uint32& value) override;
   void append_uint64(const unsigned long long& value) override;
-  /// Trailing zeros are not kept, and a precision of 0 is one digit. To read back the same value take 9 digits for a
-  /// `float` and 17 for a `double`. What is not finite is written in the stream's words and reads as 0.
+  /// Trailing zeros are not kept, and a precision of 0 is one digit. To read back the same value take 9
+  /// digits for a `float` and 17 for a `double`. What is not finite is written in the stream's words and
+  /// reads as 0.
   void append_float(const float& value, const types::uint32& precision) override;
   void append_double(const double& value, const types::uint32& precision) override;
   void append_string(const std::string& text) override;

@@ -1,8 +1,8 @@
-/// `stored_buffer`: what the binary and the text form have in common, the data as one byte string and the read
-/// position in it.
+/// `stored_buffer`: what the binary and the text form have in common, the data as one byte string and the
+/// read position in it.
 ///
-/// The position has 32 bits on every platform and wraps, and the data ends one byte before the position that marks a
-/// reader which ran out of data: no position of the data is ever the mark.
+/// The position has 32 bits on every platform and wraps, and the data ends one byte before the position that
+/// marks a reader which ran out of data: no position of the data is ever the mark.
 #pragma once
 
 #include <algorithm>
@@ -22,8 +22,8 @@ class ORVA_API stored_buffer : public serialize_buffer {
  public:
   /// The read position of a reader that has passed the end.
   static constexpr types::uint32 past_end = 0xFFFFFFFF;
-  /// The longest data; anything longer throws `std::length_error`, "string too long". No string is longer than a difference
-  /// of pointers, which is less on a machine of 32 bits.
+  /// The longest data; anything longer throws `std::length_error`, "string too long". No string is longer
+  /// than a difference of pointers, which is less on a machine of 32 bits.
   static constexpr std::size_t max_size =
       std::min<std::size_t>(past_end - 1, std::numeric_limits<std::ptrdiff_t>::max());
 
@@ -78,8 +78,8 @@ class ORVA_API stored_buffer : public serialize_buffer {
   }
 
  private:
-  /// In the words in which the string tests for itself: behind this test the compiler drops the string's own, and
-  /// an append of a few bytes is a few instructions.
+  /// In the words in which the string tests for itself: behind this test the compiler drops the string's own,
+  /// and an append of a few bytes is a few instructions.
   bool has_capacity(std::size_t more) const noexcept {
     return data_.size() + more <= data_.capacity() && data_.size() + more <= max_size;
   }

@@ -1,8 +1,9 @@
 /// `code_page`: the bridge between the library's strings and byte strings in legacy encodings.
 ///
 /// An object is a value that names one encoding, four bytes large, copied freely; it owns nothing and shares
-/// nothing, so threads need no care. `encode` gives a byte string of that encoding, `as_utf8` and its siblings read
-/// one. The conversion is that of the platform which defined the code pages, everywhere and to the last best fit.
+/// nothing, so threads need no care. `encode` gives a byte string of that encoding, `as_utf8` and its
+/// siblings read one. The conversion is that of the platform which defined the code pages, everywhere and to
+/// the last best fit.
 ///
 ///     code_page(code_page::cp_1252).encode("\xE2\x82\xAC")  =>  "\x80"
 ///     code_page(code_page::cp_1252).as_utf8("\x80")         =>  "\xE2\x82\xAC"
@@ -21,8 +22,8 @@
 /// A text ends at its first zero unit, and a byte string at its first zero byte, whatever the size says.
 ///
 /// An invalid type fails when something is first converted, an empty text included, and not before: it raises
-/// `exceptions::invalid_argument_value` with "Not valid code_page type". A conversion that fails, which is one of two
-/// thousand million units or more, throws `std::length_error` with "string too long".
+/// `exceptions::invalid_argument_value` with "Not valid code_page type". A conversion that fails, which is
+/// one of two thousand million units or more, throws `std::length_error` with "string too long".
 #pragma once
 
 #include <string>
@@ -37,9 +38,11 @@ namespace ORVA_NAMESPACE::strings {
 
 class ORVA_API code_page {
  public:
-  /// Any other value is invalid: 0, which is the default, negative ones, and those in the gap below `iso_8859_15`.
+  /// Any other value is invalid: 0, which is the default, negative ones, and those in the gap below
+  /// `iso_8859_15`.
   enum encoding_type : types::int32 {
-    /// What bytes of files and windows mean where nobody says. On Windows the system's setting; elsewhere UTF-8, which
+    /// What bytes of files and windows mean where nobody says. On Windows the system's setting; elsewhere
+    /// UTF-8, which
     /// files, terminals and names hold there and which loses nothing. No setting is read there.
     ansi = 1,
     /// The same for terminals: elsewhere UTF-8, too.
@@ -99,9 +102,9 @@ class ORVA_API code_page {
   /// Sets the type and returns it.
   encoding_type& type(const encoding_type& type) noexcept { return type_ = type; }
 
-  /// The byte string of a text. UTF-8 and UTF-32 go through the transforms of `strings/unicode.hpp` and their rules
-  /// for bad text first: invalid UTF-8 is encoded as the text "-1", and UTF-32 beyond the basic plane loses its
-  /// characters.
+  /// The byte string of a text. UTF-8 and UTF-32 go through the transforms of `strings/unicode.hpp` and their
+  /// rules for bad text first: invalid UTF-8 is encoded as the text "-1", and UTF-32 beyond the basic plane
+  /// loses its characters.
   ///
   /// Inverse: `as_utf8`, `as_utf16`, `as_utf32`, as far as the page has the characters.
   std::string encode(const ustring8& text) const;
@@ -115,8 +118,8 @@ class ORVA_API code_page {
   wide_string as_ustring(const std::string& bytes) const;
 
  protected:
-  /// The system's number for a type: 0 for `ansi`, 1 for `oem` and `oem_alternate`, 65001 for `utf8`, the value itself
-  /// for all others. An invalid type raises `exceptions::invalid_argument_value`.
+  /// The system's number for a type: 0 for `ansi`, 1 for `oem` and `oem_alternate`, 65001 for `utf8`, the
+  /// value itself for all others. An invalid type raises `exceptions::invalid_argument_value`.
   int to_system_type(encoding_type type) const;
 
  private:

@@ -1,9 +1,9 @@
 /// The code units of the library's strings, on each platform.
 ///
-/// What decides are the widths of `wchar_t` and `long`, not the name of the system. Where `wchar_t` has 16 bits, as
-/// on the platform that the library was designed for, wide characters are UTF-16 code units and `ustring16` is interchangeable
-/// with `std::wstring`. Where it has 32 bits, `wchar_t` text is UTF-32 and crosses into the library's strings
-/// only through `from_wchar` and `to_wchar`; nothing takes it silently.
+/// What decides are the widths of `wchar_t` and `long`, not the name of the system. Where `wchar_t` has 16
+/// bits, as on the platform that the library was designed for, wide characters are UTF-16 code units and
+/// `ustring16` is interchangeable with `std::wstring`. Where it has 32 bits, `wchar_t` text is UTF-32 and
+/// crosses into the library's strings only through `from_wchar` and `to_wchar`; nothing takes it silently.
 #pragma once
 
 #include <climits>

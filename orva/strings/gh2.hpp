@@ -1,8 +1,9 @@
-/// `gh2`: helpers for wide strings and raw buffers, kept for programs that were written before the string classes.
+/// `gh2`: helpers for wide strings and raw buffers, kept for programs that were written before the string
+/// classes.
 ///
-/// New code finds the same jobs in `strings/case_mapping.hpp`, `strings/replace.hpp`, `strings/code_page.hpp` and, for
-/// whole texts, in `strings/unicode.hpp`. Nothing here keeps anything of its arguments; any thread may call, as long as none
-/// changes the locale meanwhile. The streams are the process's own.
+/// New code finds the same jobs in `strings/case_mapping.hpp`, `strings/replace.hpp`, `strings/code_page.hpp`
+/// and, for whole texts, in `strings/unicode.hpp`. Nothing here keeps anything of its arguments; any thread
+/// may call, as long as none changes the locale meanwhile. The streams are the process's own.
 ///
 ///     lead byte       get_utf8_length
 ///     0x00 to 0x7F    =>  1
@@ -31,18 +32,19 @@ ORVA_API types::int32 replace_all(wide_string& text, const wide_string& from, co
 
 /// The byte string of a text in the `code_page` of type `ansi`, as `code_page::encode`. Inverse: `from_ansi`.
 ORVA_API std::string to_ansi(const wide_string& text);
-/// The text of a byte string in the `code_page` of type `ansi`, as `code_page::as_ustring`. Inverse: `to_ansi`.
+/// The text of a byte string in the `code_page` of type `ansi`, as `code_page::as_ustring`. Inverse:
+/// `to_ansi`.
 ORVA_API wide_string from_ansi(const std::string& bytes);
 
-/// How many bytes the sequence that starts at `text` should have, by its first byte alone. 0 for a byte that starts
-/// no sequence, for no text and for a `length` of 0; `length` is not otherwise looked at, so the result may be
-/// greater than it.
+/// How many bytes the sequence that starts at `text` should have, by its first byte alone. 0 for a byte that
+/// starts no sequence, for no text and for a `length` of 0; `length` is not otherwise looked at, so the
+/// result may be greater than it.
 ORVA_API unsigned int get_utf8_length(const char* text, unsigned int length);
 ORVA_API unsigned int get_utf8_length(const unsigned char* text, unsigned int length);
 
-/// Whether the first sequence at `text` is whole: all its bytes within `length`, the later ones continuation bytes.
-/// What follows it is not looked at, and overlong forms, surrogates and values above U+10FFFF pass. False for no
-/// text and for a `length` of 0.
+/// Whether the first sequence at `text` is whole: all its bytes within `length`, the later ones continuation
+/// bytes. What follows it is not looked at, and overlong forms, surrogates and values above U+10FFFF pass.
+/// False for no text and for a `length` of 0.
 ORVA_API bool validate_utf8(const char* text, unsigned int length);
 ORVA_API bool validate_utf8(const unsigned char* text, unsigned int length);
 

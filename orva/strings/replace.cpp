@@ -25,8 +25,8 @@ struct rewritten {
   std::size_t count;
 };
 
-/// Writes the text with its replacements from the front of `units`, reading the old text from `read` to the end.
-/// REQUIRES: what is written never overtakes what is read.
+/// Writes the text with its replacements from the front of `units`, reading the old text from `read` to the
+/// end. REQUIRES: what is written never overtakes what is read.
 template <typename Unit>
 rewritten rewrite(std::basic_string<Unit>& units, std::size_t read, _private::searcher<Unit>& matches,
                   std::size_t from_size, view<Unit> to) {

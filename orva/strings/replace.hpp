@@ -1,8 +1,8 @@
 /// `replace_all`: every occurrence of one text in a string replaced by another, in place.
 ///
-/// Works on code units of the three widths. Occurrences are found from the front and do not overlap, and what has
-/// been put in is not searched again. Takes time linear to the text before and after; the string grows at most
-/// once. Any thread may call it on a string of its own.
+/// Works on code units of the three widths. Occurrences are found from the front and do not overlap, and what
+/// has been put in is not searched again. Takes time linear to the text before and after; the string grows at
+/// most once. Any thread may call it on a string of its own.
 ///
 ///     text    from   to
 ///     "aaa"   "a"    "aa"   =>  "aaaaaa", 3
@@ -20,11 +20,12 @@
 
 namespace ORVA_NAMESPACE::strings {
 
-/// Gives the number of replacements made. `from` and `to` may be parts of `text`: they are taken as they are before
-/// the first replacement. A result longer than a string can be throws `std::length_error`, "string too long", and
-/// leaves `text` as it was.
+/// Gives the number of replacements made. `from` and `to` may be parts of `text`: they are taken as they are
+/// before the first replacement. A result longer than a string can be throws `std::length_error`, "string too
+/// long", and leaves `text` as it was.
 ///
-/// `Unit` is deduced from `text`, a `ustring8`, `ustring16`, `ustring32` or the standard string of one of their units.
+/// `Unit` is deduced from `text`, a `ustring8`, `ustring16`, `ustring32` or the standard string of one of
+/// their units.
 template <code_unit Unit>
 ORVA_API types::int32 replace_all(std::basic_string<Unit>& text,
                                   std::type_identity_t<std::basic_string_view<Unit>> from,

@@ -1,7 +1,7 @@
 /// `split_string`: a text cut at each place where a delimiter stands.
 ///
-/// Works on code units: nothing is decoded, and a delimiter of several units is compared unit by unit. The result
-/// owns its pieces. Any thread may call it.
+/// Works on code units: nothing is decoded, and a delimiter of several units is compared unit by unit. The
+/// result owns its pieces. Any thread may call it.
 ///
 ///     text     delimiter  max
 ///     "a,b"    ","        0    =>  "a", "b"

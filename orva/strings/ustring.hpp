@@ -2,13 +2,13 @@
 ///
 /// Each is the standard string of its code unit under a type of its own, with nothing stored beside it, and
 /// converts to and from that string implicitly. The encoding is the caller's promise: nothing here validates,
-/// and text of any bytes is stored, compared, sorted and joined without complaint. Order is by code unit value,
-/// so it is case-sensitive and knows no locale; a `ustring8` works as a key of maps and sets.
+/// and text of any bytes is stored, compared, sorted and joined without complaint. Order is by code unit
+/// value, so it is case-sensitive and knows no locale; a `ustring8` works as a key of maps and sets.
 ///
 /// There is no conversion between the three: crossing widths always goes through `strings/unicode.hpp`.
 ///
-/// Failures are the standard string's own (`std::out_of_range`, `std::length_error`). Values are as safe to share
-/// between threads as standard strings are.
+/// Failures are the standard string's own (`std::out_of_range`, `std::length_error`). Values are as safe to
+/// share between threads as standard strings are.
 #pragma once
 
 #include <concepts>
@@ -85,7 +85,8 @@ template <typename Ustring, typename Left, typename Right>
 Ustring sum(Left&& left, const Right& right) {
   Ustring result;
   if constexpr (std::same_as<Left, Ustring>) {
-    // The left side is a temporary: a sum of many pieces grows one string instead of copying it at every step.
+    // The left side is a temporary: a sum of many pieces grows one string instead of copying it at every
+    // step.
     result = std::forward<Left>(left);
   } else {
     const auto begin = view_of<Ustring>(left);
@@ -98,8 +99,8 @@ Ustring sum(Left&& left, const Right& right) {
 
 }  // namespace _private
 
-/// Joining keeps the class: a `ustring8` and anything of its width give a `ustring8`. Both sides are taken as they
-/// come, so that these are a better match than the standard string's own operators.
+/// Joining keeps the class: a `ustring8` and anything of its width give a `ustring8`. Both sides are taken as
+/// they come, so that these are a better match than the standard string's own operators.
 template <_private::ustring Left, _private::addend_to<Left> Right>
 std::remove_cvref_t<Left> operator+(Left&& left, Right&& right) {
   return _private::sum<std::remove_cvref_t<Left>>(std::forward<Left>(left), right);

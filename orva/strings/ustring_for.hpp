@@ -1,5 +1,5 @@
-/// `ustring_for<Text>`: the library's string of the same width as some text, for operations whose result has the
-/// class of their argument.
+/// `ustring_for<Text>`: the library's string of the same width as some text, for operations whose result has
+/// the class of their argument.
 ///
 ///     const char*, char[N], std::string, ustring8            =>  ustring8
 ///     const code_unit16*, wide_string, ustring16             =>  ustring16

@@ -47,8 +47,8 @@ struct walked_directory {
   std::size_t next = 0;
 };
 
-/// The native path of an entry, empty if its path in the width of the result names something else: such a directory is
-/// not entered. It would be another one, or the same one again and again.
+/// The native path of an entry, empty if its path in the width of the result names something else: such a
+/// directory is not entered. It would be another one, or the same one again and again.
 template <typename Ustring>
 native_string path_to_enter(const walked_directory<Ustring>& directory, native_view name) {
   const auto native = platform::to_native(path_argument(directory.join(name)).get());
@@ -63,8 +63,8 @@ std::vector<Ustring> list(const Ustring& path) {
   if (listing.size() == 0) return paths;
   paths.reserve(listing.size());
   const path_joiner<Ustring> join(native);
-  // The first entry goes unseen: it is "." wherever there is one, and where there is none callers expect what is
-  // first to be missing.
+  // The first entry goes unseen: it is "." wherever there is one, and where there is none callers expect what
+  // is first to be missing.
   for (std::size_t i = 1; i < listing.size(); ++i)
     if (!is_dots(listing.name(i))) paths.push_back(join(listing.name(i)));
   return paths;

@@ -1,8 +1,8 @@
 /// Single file system calls by a path of any width.
 ///
-/// Paths are text of any of the three widths, as `path_argument` tells; symbolic links are followed, except by
-/// `remove_file` and `move`, which act on the link. A path that holds a zero unit names nothing. Nothing throws but for want of
-/// memory, and nothing is shared, so any thread may call.
+/// Paths are text of any of the three widths, as `path_argument` tells; symbolic links are followed, except
+/// by `remove_file` and `move`, which act on the link. A path that holds a zero unit names nothing. Nothing
+/// throws but for want of memory, and nothing is shared, so any thread may call.
 #pragma once
 
 #include "orva/export.hpp"
@@ -19,7 +19,8 @@ ORVA_API bool is_directory(const path_argument& path);
 /// Whether it is a regular file: no directory, pipe, socket or device.
 ORVA_API bool is_file(const path_argument& path);
 
-// The following four report nothing, neither success nor failure. Ask with `exists` afterwards where it matters.
+// The following four report nothing, neither success nor failure. Ask with `exists` afterwards where it
+// matters.
 
 /// Makes one directory, whose parent must exist. `system::create_directory` makes parents too.
 ORVA_API void mkdir(const path_argument& path);

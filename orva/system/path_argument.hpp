@@ -1,8 +1,9 @@
-/// `path_argument`: the parameter of an operation that takes a path of any width and works on the 16-bit path.
+/// `path_argument`: the parameter of an operation that takes a path of any width and works on the 16-bit
+/// path.
 ///
-/// It is made implicitly from whatever the caller has. A `ustring16` is borrowed, not copied, and must live as long as
-/// the argument does, which the end of the call's full expression grants; everything else is converted into a
-/// path that the argument owns. Bytes are taken as UTF-8.
+/// It is made implicitly from whatever the caller has. A `ustring16` is borrowed, not copied, and must live
+/// as long as the argument does, which the end of the call's full expression grants; everything else is
+/// converted into a path that the argument owns. Bytes are taken as UTF-8.
 ///
 ///     from ustring8    utf8_to_utf16     invalid text is the path "-1"
 ///     from ustring16   as it stands

@@ -1,12 +1,13 @@
 /// `absolute_unit`: a physical length, whatever unit it is told in.
 ///
-/// The length is kept as a `double` in md, a hundred-thousandth of an inch. `absolute_unit` is what lengths of all units
-/// have in common, and `basic_absolute_impl<N>` is a length that speaks unit N. Plain values, usable in constant
-/// expressions; any thread may read one that nobody changes. `generic/convert/units.hpp` makes lengths of numbers, and
-/// pixels of lengths.
+/// The length is kept as a `double` in md, a hundred-thousandth of an inch. `absolute_unit` is what lengths
+/// of all units have in common, and `basic_absolute_impl<N>` is a length that speaks unit N. Plain values,
+/// usable in constant expressions; any thread may read one that nobody changes. `generic/convert/units.hpp`
+/// makes lengths of numbers, and pixels of lengths.
 ///
-/// All of it is compiled into the caller, by the caller's rules: on 32-bit x86 a number now and then comes out one md
-/// off where the compiler computes in the x87's 80 bits. `-msse2 -mfpmath=sse` gives the results of all other machines.
+/// All of it is compiled into the caller, by the caller's rules: on 32-bit x86 a number now and then comes
+/// out one md off where the compiler computes in the x87's 80 bits. `-msse2 -mfpmath=sse` gives the results
+/// of all other machines.
 #pragma once
 
 #include <concepts>

@@ -1,8 +1,8 @@
 /// `basic_absolute_impl<N>`: a physical length that is told in the unit N of `absolute_unit::unit_types`.
 ///
-/// A plain value, usable in constant expressions. Lengths of all units convert into each other: the length stays, and
-/// the unit of its words changes. Note that a plain number is md whatever the unit; `generic::convert::to_md` takes
-/// numbers in a unit.
+/// A plain value, usable in constant expressions. Lengths of all units convert into each other: the length
+/// stays, and the unit of its words changes. Note that a plain number is md whatever the unit;
+/// `generic::convert::to_md` takes numbers in a unit.
 ///
 ///     basic_absolute_impl<absolute_unit::inch> width(254000);      md, so 2.54 inches
 ///     width.as_int32()                 =>  3

@@ -1,7 +1,7 @@
 /// `color_t`: a colour of four bytes.
 ///
-/// In memory red, green, blue, alpha, and as a number red is the lowest byte, on every platform. A plain value of 32 bits,
-/// usable in constant expressions; any thread may read one that nobody changes.
+/// In memory red, green, blue, alpha, and as a number red is the lowest byte, on every platform. A plain
+/// value of 32 bits, usable in constant expressions; any thread may read one that nobody changes.
 ///
 ///     color_t(1, 2, 3).as_int32()              =>  0xFF030201      alpha is 255
 ///     color_t(1, 2, 3).as_rgb()                =>  0x030201

@@ -1,7 +1,8 @@
 /// `device_unit`: a whole number of pixels of some device.
 ///
-/// A plain value of 32 bits, made from any number without a cast and usable in constant expressions; any thread may read
-/// one that nobody changes. `generic/convert/units.hpp` makes physical lengths of pixels, and back.
+/// A plain value of 32 bits, made from any number without a cast and usable in constant expressions; any
+/// thread may read one that nobody changes. `generic/convert/units.hpp` makes physical lengths of pixels, and
+/// back.
 ///
 ///     device_unit(1.9).as_int32()                =>  1       toward zero
 ///     device_unit(-1.9).as_int32()               =>  -1

@@ -1,12 +1,13 @@
-/// `variant`, the tagged value: holds a value of one of twenty types and answers for it in any requested type.
+/// `variant`, the tagged value: holds a value of one of twenty types and answers for it in any requested
+/// type.
 ///
 /// A variant is one pointer to an immutable payload that counts its owners. Making one costs one allocation;
 /// copying one shares the payload and costs one atomic increment, whatever the value. Since no payload ever
-/// changes, variants that share one may be read, copied and destroyed on different threads without a lock. One
-/// variant object that is being assigned belongs to one thread.
+/// changes, variants that share one may be read, copied and destroyed on different threads without a lock.
+/// One variant object that is being assigned belongs to one thread.
 ///
-/// No conversion fails. A number that does not fit is cut to its low bits, text is read for the number that it
-/// begins with and saturates, text that is no number is 0:
+/// No conversion fails. A number that does not fit is cut to its low bits, text is read for the number that
+/// it begins with and saturates, text that is no number is 0:
 ///
 ///     variant("0x1F").as_int32()             =>  31        the prefix chooses the radix
 ///     variant("12abc").as_int32()            =>  12
@@ -57,8 +58,8 @@ class ORVA_API variant {
   variant(variant&& other) noexcept = default;
   ~variant() = default;
 
-  /// Each number keeps its own type. Whatever the language promotes to one of these (`char` and other character
-  /// types, unscoped enumerations) is stored as that number: `variant('a')` holds the int 97.
+  /// Each number keeps its own type. Whatever the language promotes to one of these (`char` and other
+  /// character types, unscoped enumerations) is stored as that number: `variant('a')` holds the int 97.
   variant(bool value);
   variant(signed char value);
   variant(unsigned char value);
@@ -74,13 +75,14 @@ class ORVA_API variant {
   variant(double value);
   variant(long double value);
 
-  /// Text up to its terminator, stored as `ustring8`, `ustring16` or `ustring32`. A null pointer is empty text.
+  /// Text up to its terminator, stored as `ustring8`, `ustring16` or `ustring32`. A null pointer is empty
+  /// text.
   variant(const char* text);
   variant(const strings::code_unit16* text);
   variant(const strings::code_unit32* text);
 
-  /// Text of any content. The class is kept: `type()` tells a byte string, taken for UTF-8, from a `ustring8`, and
-  /// a wide string, taken for UTF-16, from a `ustring16`.
+  /// Text of any content. The class is kept: `type()` tells a byte string, taken for UTF-8, from a
+  /// `ustring8`, and a wide string, taken for UTF-16, from a `ustring16`.
   variant(std::string text);
   variant(strings::wide_string text);
   variant(strings::ustring8 text);
@@ -109,7 +111,8 @@ class ORVA_API variant {
   /// The stored type: `nil_t`, `bool`, a number's own, or one of the five string classes.
   const std::type_info& type() const noexcept { return payload().type(); }
 
-  /// Writes the value. Text comes as UTF-8, up to the first zero byte except for a byte string, which comes whole.
+  /// Writes the value. Text comes as UTF-8, up to the first zero byte except for a byte string, which comes
+  /// whole.
   ///
   ///     nil                               =>  0
   ///     true                              =>  1      or as the stream's flags say
@@ -117,10 +120,11 @@ class ORVA_API variant {
   ///     wide string                       =>  "< name instance at address >", with the name of its `type()`
   std::ostream& ostream(std::ostream& stream) const { return payload().ostream(stream); }
 
-  // Numbers. From integers the low bits are taken, after a signed value is extended by its sign. From `bool` 0 or
-  // 1. From text the number that it begins with, in the radix that its prefix tells, saturated to the range of the
-  // type read; floating values as an input stream reads them, 0.0 where that fails. From floating values what
-  // truncation toward zero leaves; beyond the range the results are those of x86:
+  // Numbers. From integers the low bits are taken, after a signed value is extended by its sign. From `bool`
+  // 0 or
+  // 1. From text the number that it begins with, in the radix that its prefix tells, saturated to the range
+  // of the type read; floating values as an input stream reads them, 0.0 where that fails. From floating
+  // values what truncation toward zero leaves; beyond the range the results are those of x86:
   //
   //     as_int, as_long, as_int32      the most negative number, -2147483648, also for NaN
   //     as_int64                       the same, -9223372036854775808
@@ -141,8 +145,8 @@ class ORVA_API variant {
   uint32 as_uint32() const { return payload().as_uint32(); }
   unsigned long long as_uint64() const { return payload().as_uint64(); }
 
-  /// The signed accessor of that width with its result read as unsigned. Text and floating values therefore end
-  /// at the signed range, which `as_uint32` and `as_uint16` do not:
+  /// The signed accessor of that width with its result read as unsigned. Text and floating values therefore
+  /// end at the signed range, which `as_uint32` and `as_uint16` do not:
   ///
   ///     variant("4000000000").as_uint()    =>  2147483647
   ///     variant("4000000000").as_uint32()  =>  4000000000
@@ -155,8 +159,8 @@ class ORVA_API variant {
   /// The same as `as_int`.
   int as_signed() const { return as_int(); }
 
-  /// Whether a number is not zero; NaN is not. Of text: whether it is "yes", "on" or "true" in any case, or begins
-  /// with a number that is not zero. There is no list of false words.
+  /// Whether a number is not zero; NaN is not. Of text: whether it is "yes", "on" or "true" in any case, or
+  /// begins with a number that is not zero. There is no list of false words.
   bool as_bool() const { return payload().as_bool(); }
 
   float as_float() const { return payload().as_float(); }
@@ -164,10 +168,11 @@ class ORVA_API variant {
   /// As wide as the platform's `long double`.
   long double as_long_double() const { return payload().as_long_double(); }
 
-  // Text: empty for nil, "1" or "0" for `bool`, decimal digits for integers. Floating values come as an output
-  // stream writes them: six significant digits, with the signs of the global C++ locale. Text crosses widths by the
-  // transforms of strings/unicode.hpp, whose failure text "-1" stands for text that is not what it promises to be.
-  // UTF-16 that begins with 0xFFFE is converted like any other: a value must give a result.
+  // Text: empty for nil, "1" or "0" for `bool`, decimal digits for integers. Floating values come as an
+  // output stream writes them: six significant digits, with the signs of the global C++ locale. Text crosses
+  // widths by the transforms of strings/unicode.hpp, whose failure text "-1" stands for text that is not what
+  // it promises to be. UTF-16 that begins with 0xFFFE is converted like any other: a value must give a
+  // result.
 
   strings::ustring8 as_string() const;
   strings::wide_string as_wstring() const;

@@ -1,8 +1,8 @@
 /// The payload of a `variant`: one immutable value with the whole conversion matrix of its type.
 ///
-/// Programs hold a `types::variant` and never see a payload; it is declared so that copying a `variant` costs no
-/// call. A payload counts the variants that share it and goes with the last of them; as it never changes, threads
-/// may share it.
+/// Programs hold a `types::variant` and never see a payload; it is declared so that copying a `variant` costs
+/// no call. A payload counts the variants that share it and goes with the last of them; as it never changes,
+/// threads may share it.
 #pragma once
 
 #include <iosfwd>
@@ -17,8 +17,8 @@
 
 namespace ORVA_NAMESPACE::types {
 
-/// What each operation answers is told by the accessor of `variant` that has its name. The order of the operations
-/// is part of the binary interface.
+/// What each operation answers is told by the accessor of `variant` that has its name. The order of the
+/// operations is part of the binary interface.
 class ORVA_API variant_type : public generic::abilities::clone_ability,
                               public generic::abilities::reference_count_pointer_ability<variant_type> {
  public:

@@ -46,7 +46,8 @@ class command_line {
   commandline_item item;
 };
 
-/// What the words give, without the keys of the program's name, each node as "name=value" or "name[]" for an array's header.
+/// What the words give, without the keys of the program's name, each node as "name=value" or "name[]" for an
+/// array's header.
 std::string keys_of(const std::vector<std::string>& words) {
   command_line line(words);
   EXPECT_EQ(line.load(), "");

@@ -1,5 +1,5 @@
-// Configuration files as people write them, in `files/` with the expected keys and what saving them gives beside them; files that
-// are made at random from known keys; and files that are cut and damaged.
+// Configuration files as people write them, in `files/` with the expected keys and what saving them gives
+// beside them; files that are made at random from known keys; and files that are cut and damaged.
 #include <gtest/gtest.h>
 
 #include <algorithm>

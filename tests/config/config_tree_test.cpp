@@ -347,7 +347,8 @@ std::string deep_key(std::size_t depth) {
   return key;
 }
 
-/// Counts what is written to it and keeps nothing: the dump of a deep tree is as long as the square of its depth.
+/// Counts what is written to it and keeps nothing: the dump of a deep tree is as long as the square of its
+/// depth.
 class counting_buffer : public std::streambuf {
  public:
   std::uint64_t count = 0;

@@ -22,7 +22,8 @@ struct report {
   unsigned int line;
 };
 
-/// Collects what it is called with, for all copies of one hook together, and counts the copies that are alive.
+/// Collects what it is called with, for all copies of one hook together, and counts the copies that are
+/// alive.
 class recording_hook : public functor::function_type_interface<debug::assert_hook> {
  public:
   struct record_t {
@@ -224,8 +225,8 @@ TEST_F(assert_hook, percent_signs_in_the_expression_are_text) {
   EXPECT_EQ(record.reports.at(0).text, "a % s == 0 && %n : context");
 }
 
-/// "expression : context" as the hook gets it: 255 characters at most, and no context behind an expression that
-/// fills the buffer.
+/// "expression : context" as the hook gets it: 255 characters at most, and no context behind an expression
+/// that fills the buffer.
 std::string expected_context(const std::string& expression, const std::string& context) {
   const std::string start = expression + " : ";
   return (start.size() < 256 ? start + context : start).substr(0, 255);

@@ -53,8 +53,8 @@ inline message_t read_message(std::string_view content) {
   return result.message("m");
 }
 
-/// The pieces of a message, a letter for the kind of each: text "T[...]", any placeholder "P[...]", with the byte
-/// 0x01 as "|".
+/// The pieces of a message, a letter for the kind of each: text "T[...]", any placeholder "P[...]", with the
+/// byte 0x01 as "|".
 ///
 ///     Free: <arg name="n" type="mem"/> left  =>  "T[Free: ]P[n]T[ left]"
 inline std::string pieces(const message_t& message) {

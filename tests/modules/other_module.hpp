@@ -1,5 +1,5 @@
-/// A module beside the test program, as an application's loadable module is: built on its own, with everything
-/// hidden that it does not export.
+/// A module beside the test program, as an application's loadable module is: built on its own, with
+/// everything hidden that it does not export.
 #pragma once
 
 #include <string>

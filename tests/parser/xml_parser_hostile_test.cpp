@@ -32,8 +32,8 @@ void expect_as_reference(const std::string& text) {
   ASSERT_EQ(parse_xml(text), reference_xml().parse(text)) << "text: " << text;
 }
 
-/// A string's terminator hides a read of one byte behind the end from a sanitizer, so each character that could
-/// change the outcome is put there.
+/// A string's terminator hides a read of one byte behind the end from a sanitizer, so each character that
+/// could change the outcome is put there.
 void expect_nothing_read_behind(std::string text) {
   const auto expected = reference_xml().parse(text);
   const auto length = text.size();

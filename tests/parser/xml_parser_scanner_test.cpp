@@ -1,4 +1,5 @@
-// The scanners that a parser derived from xml_parser can use: what they take, and where they leave the position.
+// The scanners that a parser derived from xml_parser can use: what they take, and where they leave the
+// position.
 #include <gtest/gtest.h>
 
 #include <string>

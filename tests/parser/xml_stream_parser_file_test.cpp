@@ -145,7 +145,8 @@ TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_erro
   xml_stream_parser parser(longer.path(), 1);
   EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
   ASSERT_TRUE(longer.swap_for_link());
-  // What is in the queue can be taken, and what one more round finds in the window; then the next read is refused.
+  // What is in the queue can be taken, and what one more round finds in the window; then the next read is
+  // refused.
   EXPECT_EQ(count_nodes(parser), 202u);
   EXPECT_EQ(parser.error(), xml_stream_parser::fatal_error);
   EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);

@@ -1,5 +1,6 @@
-// Files that nobody would write, and callers that nobody expects: truncations, mutations and random documents under random
-// calls, all held against the plain reference parser; and sizes and depths that must cost no more than their length.
+// Files that nobody would write, and callers that nobody expects: truncations, mutations and random documents
+// under random calls, all held against the plain reference parser; and sizes and depths that must cost no
+// more than their length.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -85,8 +86,8 @@ TEST_P(xml_stream_parser_at_depth, every_tail_of_a_document_is_as_the_reference_
   }
 }
 
-/// Of the runs over all texts, which each write a file. Windows' files cost ten times as much, more so where they are emulated,
-/// and the code that reads the texts is the same.
+/// Of the runs over all texts, which each write a file. Windows' files cost ten times as much, more so where
+/// they are emulated, and the code that reads the texts is the same.
 constexpr int each_nth = orva_test::on_windows ? 11 : 1;
 
 TEST_P(xml_stream_parser_at_depth, every_byte_in_every_place_is_as_the_reference_says) {

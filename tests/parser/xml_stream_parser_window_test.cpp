@@ -1,5 +1,5 @@
-// The edge of the window, which never shows: documents are shifted so that it falls into each byte of each construct, and
-// must give the nodes that they give in one piece.
+// The edge of the window, which never shows: documents are shifted so that it falls into each byte of each
+// construct, and must give the nodes that they give in one piece.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -89,7 +89,8 @@ TEST_P(xml_stream_parser_window, edge_in_each_byte_gives_the_errors_and_recoveri
   }
 }
 
-// Records of many lengths, so that the edges of many windows fall everywhere, with queues that fill and pause on the way.
+// Records of many lengths, so that the edges of many windows fall everywhere, with queues that fill and pause
+// on the way.
 TEST_P(xml_stream_parser_window, edges_within_many_records_give_the_nodes_of_one_piece) {
   std::string document = std::string(header) + "<r>";
   // At depth 0 all of it is one subtree, in which the reference searches for each node.
@@ -113,7 +114,8 @@ TEST_P(xml_stream_parser_window, edges_within_many_records_give_the_nodes_of_one
   for (std::size_t i = 0; i < seen.size(); ++i) ASSERT_EQ(seen[i], expected[i]) << i;
 }
 
-// Big records: a hundred nodes do not fit into one window, and the edge falls into the open levels' own tags and text.
+// Big records: a hundred nodes do not fit into one window, and the edge falls into the open levels' own tags
+// and text.
 TEST(xml_stream_parser_window, open_level_cut_with_a_full_queue_is_told_with_all_its_attributes) {
   for (std::size_t shift = 0; shift < 160; ++shift) {
     std::string document = std::string(header) + "<r>";
@@ -146,7 +148,8 @@ TEST(xml_stream_parser_window, white_space_in_front_of_the_header_may_be_longer_
 }
 
 TEST(xml_stream_parser_window, token_that_fills_it_is_parsed_and_a_longer_one_stays_incomplete) {
-  // What must be in the window at once is the opener, the filling and the closer, which shows that the token is over.
+  // What must be in the window at once is the opener, the filling and the closer, which shows that the token
+  // is over.
   struct token {
     std::string before, opener, closer, behind;
   };

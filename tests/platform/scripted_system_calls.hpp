@@ -1,7 +1,7 @@
 /// The system calls of the platform layer, as a test scripts them.
 ///
-/// A call whose function is set goes there; any other goes to the system. What was opened and not closed is counted. One
-/// script for the process: `scripted_calls` starts and ends it.
+/// A call whose function is set goes there; any other goes to the system. What was opened and not closed is
+/// counted. One script for the process: `scripted_calls` starts and ends it.
 #pragma once
 
 #include <functional>

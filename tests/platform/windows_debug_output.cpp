@@ -1,4 +1,5 @@
-// The system tells a debugger of its debug output by an exception, which a handler in front of all others sees too.
+// The system tells a debugger of its debug output by an exception, which a handler in front of all others
+// sees too.
 #include <windows.h>
 
 #include "tests/support/debug_output.hpp"

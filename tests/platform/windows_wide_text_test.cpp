@@ -1,4 +1,5 @@
-// Where wchar_t has 16 bits, std::wstring and wide literals serve wherever a ustring16 does, and the other way.
+// Where wchar_t has 16 bits, std::wstring and wide literals serve wherever a ustring16 does, and the other
+// way.
 #include <gtest/gtest.h>
 
 #include <cerrno>

@@ -1,5 +1,5 @@
-// Texts that nobody would write, held against the plain recursive reader, and depths and sizes that must cost no more
-// than their length.
+// Texts that nobody would write, held against the plain recursive reader, and depths and sizes that must cost
+// no more than their length.
 #include <gtest/gtest.h>
 
 #include <array>

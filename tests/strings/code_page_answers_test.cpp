@@ -1,4 +1,5 @@
-// The library's conversions held against the platform's own answers: every unit, every byte, every pair of bytes.
+// The library's conversions held against the platform's own answers: every unit, every byte, every pair of
+// bytes.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -44,8 +45,8 @@ TEST_P(platform_answers, every_byte_and_every_pair_decodes_as_the_platform_does)
   }
 }
 
-// Each unit behind each other would be four thousand million texts; but one behind itself, in one text, passes the
-// fast ways that a text of one unit does not.
+// Each unit behind each other would be four thousand million texts; but one behind itself, in one text,
+// passes the fast ways that a text of one unit does not.
 TEST_P(platform_answers, all_units_in_one_text_encode_as_each_does_alone) {
   ustring16 text;
   for (unsigned value = 1; value < 0x10000; ++value) {

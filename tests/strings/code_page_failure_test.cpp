@@ -1,4 +1,5 @@
-// The class above a platform that fails, which the real one does for texts of two thousand million units only.
+// The class above a platform that fails, which the real one does for texts of two thousand million units
+// only.
 #include <gtest/gtest.h>
 
 #include <stdexcept>

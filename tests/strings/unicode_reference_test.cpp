@@ -226,8 +226,8 @@ TEST(unicode_reference, text_cut_at_every_length) {
   for (std::size_t size = 0; size <= text32.size(); ++size) ASSERT_TRUE(agrees(text32.substr(0, size)));
 }
 
-/// Runs of characters of one kind, of random lengths. Never with the swapped mark in front: from such a text in UTF-16 the
-/// transforms do not return.
+/// Runs of characters of one kind, of random lengths. Never with the swapped mark in front: from such a text
+/// in UTF-16 the transforms do not return.
 ustring32 random_characters(std::mt19937& random) {
   constexpr std::array<std::array<std::uint32_t, 2>, 6> kinds = {
       {{0, 0x7F}, {0x80, 0x7FF}, {0x800, 0xD7FF}, {0xE000, 0xFFFF}, {0x10000, 0x10FFFF}, {' ', ' '}}};

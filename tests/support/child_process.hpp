@@ -1,5 +1,5 @@
-/// `run_child`: runs a program with arguments and an environment of its own, and collects what it writes. For the
-/// systems that have `posix_spawn`.
+/// `run_child`: runs a program with arguments and an environment of its own, and collects what it writes. For
+/// the systems that have `posix_spawn`.
 #pragma once
 
 #include <spawn.h>

@@ -1,5 +1,5 @@
-/// What the platform that defined the code pages answers, for every unit and for every pair of bytes: written down by
-/// tools/code_page_tables, whose ask.cpp tells the form.
+/// What the platform that defined the code pages answers, for every unit and for every pair of bytes: written
+/// down by tools/code_page_tables, whose ask.cpp tells the form.
 ///
 /// The reading of a text is put together from the answers byte by byte, without a table of the library's.
 #pragma once

@@ -1,4 +1,5 @@
-/// Entries of a directory that not every system can make. A test that needs one says why it is skipped where there is none.
+/// Entries of a directory that not every system can make. A test that needs one says why it is skipped where
+/// there is none.
 #pragma once
 
 #include <filesystem>

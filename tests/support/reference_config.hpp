@@ -1,5 +1,6 @@
-/// The configuration language read in the plainest way, to hold the library's readers against: tokens come from a list of
-/// texts that is tried from the longest on, a file is a list of all its tokens, and a tree is a map of whole paths. Slow.
+/// The configuration language read in the plainest way, to hold the library's readers against: tokens come
+/// from a list of texts that is tried from the longest on, a file is a list of all its tokens, and a tree is
+/// a map of whole paths. Slow.
 #pragma once
 
 #include <cctype>
@@ -22,7 +23,8 @@ struct reference_token {
   friend bool operator==(const reference_token&, const reference_token&) = default;
 };
 
-/// All tokens of a text. A blank has the text of the token before it; in front of the first that is `text_before`.
+/// All tokens of a text. A blank has the text of the token before it; in front of the first that is
+/// `text_before`.
 inline std::vector<reference_token> reference_tokens(const std::string& source,
                                                      std::string text_before = {}) {
   static const std::vector<std::pair<std::string, int>> fixed{
@@ -74,7 +76,8 @@ inline std::vector<reference_token> reference_tokens(const std::string& source,
   return tokens;
 }
 
-/// A tree as the paths of all its nodes. A path sorts before those that go on from it, so that the order is that of a walk.
+/// A tree as the paths of all its nodes. A path sorts before those that go on from it, so that the order is
+/// that of a walk.
 class reference_tree {
  public:
   using path = std::vector<std::string>;

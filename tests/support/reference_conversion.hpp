@@ -1,4 +1,5 @@
-/// The conversion matrix of `variant` once more, slowly and in wide arithmetic: what its accessors are held against.
+/// The conversion matrix of `variant` once more, slowly and in wide arithmetic: what its accessors are held
+/// against.
 #pragma once
 
 #include <boost/multiprecision/cpp_int.hpp>

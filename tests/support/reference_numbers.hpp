@@ -1,7 +1,7 @@
 /// Number readers and writers in the plainest words, to hold the library's against.
 ///
-/// A number is kept as long as its text is, in a list of its digits in base 65536, and compared with the bounds of the
-/// type at the very end: nothing here can overflow, and nothing is tested early. Slow.
+/// A number is kept as long as its text is, in a list of its digits in base 65536, and compared with the
+/// bounds of the type at the very end: nothing here can overflow, and nothing is tested early. Slow.
 #pragma once
 
 #include <algorithm>
@@ -75,8 +75,8 @@ inline std::uint32_t reference_digit(std::uint32_t unit) {
                                   : 99;
 }
 
-/// Reads in the C locale. `units` holds at least one unit; where a reader is given a length of 0, it is the one
-/// unit at the pointer.
+/// Reads in the C locale. `units` holds at least one unit; where a reader is given a length of 0, it is the
+/// one unit at the pointer.
 template <typename Integer>
 read_result<Integer> reference_read(const std::vector<std::uint32_t>& units, std::uint32_t radix) {
   const auto is_one_of = [&](std::size_t i, std::string_view set) {

@@ -1,5 +1,5 @@
-/// The readers of the serialization forms, as plainly as they can be told: copies instead of views, recursion instead of a
-/// stack, arithmetic instead of memory.
+/// The readers of the serialization forms, as plainly as they can be told: copies instead of views, recursion
+/// instead of a stack, arithmetic instead of memory.
 #pragma once
 
 #include <cstddef>

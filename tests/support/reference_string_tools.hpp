@@ -1,5 +1,5 @@
-/// Splitting and replacing step by step, to hold the library's against: the text is walked once for each match and
-/// moved at each replacement. Slow.
+/// Splitting and replacing step by step, to hold the library's against: the text is walked once for each
+/// match and moved at each replacement. Slow.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-/// UTF-8 as a code page, written a second time: slowly and by arithmetic. What RFC 3629 allows is read as it says; for
-/// the rest the longest beginning that the platform takes for one fault is one U+FFFD.
+/// UTF-8 as a code page, written a second time: slowly and by arithmetic. What RFC 3629 allows is read as it
+/// says; for the rest the longest beginning that the platform takes for one fault is one U+FFFD.
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,5 @@
-/// The event parser once more, slow and plain: one character at a time, a rule a line, nothing shared with the
-/// library. The library's parser is held against it.
+/// The event parser once more, slow and plain: one character at a time, a rule a line, nothing shared with
+/// the library. The library's parser is held against it.
 #pragma once
 
 #include <cctype>

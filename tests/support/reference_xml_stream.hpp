@@ -1,6 +1,6 @@
-/// The streaming parser once more, slow and plain: the whole document in one piece, a character at a time, a rule a
-/// line, nodes found again by a number each time. Nothing is shared with the library, and there is no window whose edge
-/// could show. The library's parser is held against it.
+/// The streaming parser once more, slow and plain: the whole document in one piece, a character at a time, a
+/// rule a line, nodes found again by a number each time. Nothing is shared with the library, and there is no
+/// window whose edge could show. The library's parser is held against it.
 #pragma once
 
 #include <cctype>

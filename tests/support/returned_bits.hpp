@@ -1,7 +1,7 @@
 /// `has_bits`: whether a floating value that a function returned has the bits that it should have.
 ///
-/// On 32-bit x86 a function may return it by a register that makes every NaN a quiet one, which is not the function's
-/// to prevent: the bits of the value or the bits that any call would make of them are right.
+/// On 32-bit x86 a function may return it by a register that makes every NaN a quiet one, which is not the
+/// function's to prevent: the bits of the value or the bits that any call would make of them are right.
 #pragma once
 
 #include <bit>

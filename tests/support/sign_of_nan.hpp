@@ -1,4 +1,5 @@
-/// `with_sign_of_nan`: what a C runtime prints of a floating value, with the sign of a nan, which some runtimes leave out.
+/// `with_sign_of_nan`: what a C runtime prints of a floating value, with the sign of a nan, which some
+/// runtimes leave out.
 #pragma once
 
 #include <cmath>

@@ -1,9 +1,9 @@
-/// `single_byte_locale`: a locale with one byte a character, made for one test and current in the C runtime as long
-/// as the object lives.
+/// `single_byte_locale`: a locale with one byte a character, made for one test and current in the C runtime
+/// as long as the object lives.
 ///
-/// Few systems have such a locale installed, so it is built into a temporary directory by the system's `localedef`.
-/// Where that cannot be done the object says so, and the test is skipped. It changes the process's locale: tests that
-/// use it do not run beside others in one process.
+/// Few systems have such a locale installed, so it is built into a temporary directory by the system's
+/// `localedef`. Where that cannot be done the object says so, and the test is skipped. It changes the
+/// process's locale: tests that use it do not run beside others in one process.
 #pragma once
 
 #include <clocale>

@@ -1,7 +1,8 @@
-/// `temporary_directory`: a new, empty directory for one test, gone with all that is in it when the object is.
+/// `temporary_directory`: a new, empty directory for one test, gone with all that is in it when the object
+/// is.
 ///
-/// Paths come out as UTF-8 in a `std::string`, which every file operation of the library takes. Tests that run at the
-/// same time get different directories.
+/// Paths come out as UTF-8 in a `std::string`, which every file operation of the library takes. Tests that
+/// run at the same time get different directories.
 #pragma once
 
 #include <cstddef>

@@ -11,7 +11,8 @@
 
 namespace orva_test {
 
-/// The events as they came, each as its kind and its text: `start a`, `attribute b=1`; then how the parse ended.
+/// The events as they came, each as its kind and its text: `start a`, `attribute b=1`; then how the parse
+/// ended.
 struct xml_outcome {
   using error_type = ORVA_NAMESPACE::parser::xml_parser::parse_error::error_type;
 

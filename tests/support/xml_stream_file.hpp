@@ -21,8 +21,8 @@ class xml_stream_file {
 
   const std::string& path() const { return path_; }
 
-  /// Makes the contents the whole file. It stays open and is not emptied first, which some file systems answer by writing to the
-  /// disk at once: a test rewrites its file thousands of times.
+  /// Makes the contents the whole file. It stays open and is not emptied first, which some file systems
+  /// answer by writing to the disk at once: a test rewrites its file thousands of times.
   void write(std::string_view contents) const {
     if (!stream_.is_open()) open();
     put(contents, 0);

@@ -1,5 +1,5 @@
-/// What a caller of a streaming parser gets to see, as text: the same calls made to the library's parser and to the plain
-/// one give two transcripts to compare.
+/// What a caller of a streaming parser gets to see, as text: the same calls made to the library's parser and
+/// to the plain one give two transcripts to compare.
 #pragma once
 
 #include <cstddef>

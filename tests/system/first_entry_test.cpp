@@ -1,4 +1,5 @@
-// Directory listings above a search that this test makes up. On the systems that the tests run on, every search reports
+// Directory listings above a search that this test makes up. On the systems that the tests run on, every
+// search reports
 // "." first, so no real directory shows what becomes of another first entry.
 #include <gtest/gtest.h>
 

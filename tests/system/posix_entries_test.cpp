@@ -1,5 +1,5 @@
-// Entries, names and failures that only POSIX systems have: pipes, sockets and devices, names of any bytes, open files that can
-// be counted, directories that may not be searched, limits.
+// Entries, names and failures that only POSIX systems have: pipes, sockets and devices, names of any bytes,
+// open files that can be counted, directories that may not be searched, limits.
 #include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/resource.h>

@@ -6,8 +6,8 @@
 //     65536 x 2   each pair of bytes decoded, the first byte the high one of the index: one unit and 0, or two units.
 //                 A second byte of 0 stands for the end of the text.
 //
-// and, for sequences that a pair cannot tell, 65001.sequences: four bytes and the four units of their answer, 0 where
-// there are fewer. Nothing is asked about 0, which ends every text.
+// and, for sequences that a pair cannot tell, 65001.sequences: four bytes and the four units of their answer,
+// 0 where there are fewer. Nothing is asked about 0, which ends every text.
 #include <windows.h>
 
 #include <array>
@@ -30,8 +30,8 @@ constexpr std::array pages = {932u,   936u,   949u,   950u,   1250u,  1251u,  12
 constexpr std::string_view kinds_of_bytes =
     "\x41\x80\x8F\x90\x9F\xA0\xBF\xC1\xC2\xDF\xE0\xE1\xED\xEE\xEF\xF0\xF1\xF4\xF5\xFF";
 
-// The platform lets a cut sequence swallow the terminator and letters in front of it. That is no answer about the
-// sequence, so it is always asked with letters behind it, as in the middle of a text.
+// The platform lets a cut sequence swallow the terminator and letters in front of it. That is no answer about
+// the sequence, so it is always asked with letters behind it, as in the middle of a text.
 constexpr std::string_view behind = "AAA";
 
 void require(bool holds, const char* what) {

@@ -1,6 +1,7 @@
 /// The reader behind `file_item`: the text of a configuration file into a tree.
 ///
-/// Internal: not installed. One pass; a section's node is walked to once, so that long names cost their length once.
+/// Internal: not installed. One pass; a section's node is walked to once, so that long names cost their
+/// length once.
 #pragma once
 
 #include <string_view>

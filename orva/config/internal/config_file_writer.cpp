@@ -17,7 +17,8 @@ constexpr std::string_view line_end = "\r\n";
 
 unsigned int flags_of(const value_entry& entry) { return entry.second.first; }
 
-/// What stands behind the last dot that has anything behind it, up to the next dot: an empty part at the end counts for nothing.
+/// What stands behind the last dot that has anything behind it, up to the next dot: an empty part at the end
+/// counts for nothing.
 std::string_view last_part(std::string_view name) {
   if (name.ends_with('.')) name.remove_suffix(1);
   return name.substr(name.rfind('.') + 1);
@@ -44,8 +45,8 @@ class writer {
   }
 
  private:
-  /// An entry is written in every section whose name has the length of what stands before the entry's last part. Readers
-  /// of written files count on keys under all of these sections.
+  /// An entry is written in every section whose name has the length of what stands before the entry's last
+  /// part. Readers of written files count on keys under all of these sections.
   void sort_by_place(std::size_t index) {
     const value_entry& entry = entries_[index];
     const std::string_view name = entry.first;

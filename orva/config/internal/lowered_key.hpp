@@ -29,7 +29,8 @@ inline void write_lower(std::string_view text, char* lower) {
   for (std::size_t i = 0; i < text.size(); ++i) lower[i] = internal::character_class::tolower(text[i]);
 }
 
-/// A key in lower case. Lowers once for any number of lookups, and allocates only for keys longer than any in use.
+/// A key in lower case. Lowers once for any number of lookups, and allocates only for keys longer than any in
+/// use.
 class lowered_key {
  public:
   explicit lowered_key(std::string_view key) {
@@ -52,8 +53,8 @@ class lowered_key {
   std::string_view text_;
 };
 
-/// Cuts the first segment off `rest`, which holds what stands behind its separator afterwards. False if there was no
-/// separator: `rest` is then empty, and the segment the last one.
+/// Cuts the first segment off `rest`, which holds what stands behind its separator afterwards. False if there
+/// was no separator: `rest` is then empty, and the segment the last one.
 inline bool next_segment(std::string_view& rest, std::string_view& segment) {
   std::size_t end = 0;
   while (end < rest.size() && !is_separator(rest[end])) ++end;

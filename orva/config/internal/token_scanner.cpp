@@ -29,8 +29,8 @@ match with_equals(char next, tok_types single, tok_types pair) {
   return single_or_pair(next, '=', single, pair);
 }
 
-/// What the bytes that stand for themselves begin; `next` is 0 at the end of the source. A slash and a star are never one
-/// token: there are no comments between marks.
+/// What the bytes that stand for themselves begin; `next` is 0 at the end of the source. A slash and a star
+/// are never one token: there are no comments between marks.
 match fixed_token(char first, char next) {
   switch (first) {
     case '=':
@@ -78,8 +78,8 @@ unsigned int run_length(std::string_view source, unsigned int start, Test belong
   return static_cast<unsigned int>(end - start);
 }
 
-/// The place of the quote that ends the text beginning at `start`, or the end of the source. A backslash and the character
-/// behind it both stay in the text.
+/// The place of the quote that ends the text beginning at `start`, or the end of the source. A backslash and
+/// the character behind it both stay in the text.
 std::size_t closing_quote(std::string_view source, std::size_t start) {
   std::size_t at = start;
   while (at < source.size() && source[at] != '"') at += source[at] == '\\' ? 2 : 1;

@@ -22,8 +22,8 @@ struct scanned_token {
 
 /// Scans the token at `position` and moves `position` behind it.
 ///
-/// The result and `token.type` are the same but for `*/`: its type is T_ENDCOMMENT and the result T_FSFS, so that those who
-/// ask the result see something like a comment, and those who ask the type see what it is.
+/// The result and `token.type` are the same but for `*/`: its type is T_ENDCOMMENT and the result T_FSFS, so
+/// that those who ask the result see something like a comment, and those who ask the type see what it is.
 ///
 /// Positions have 32 bits: what lies behind 4 GiB of a source is not read.
 config_token::tok_types scan_token(std::string_view source, unsigned int& position, scanned_token& token);
@@ -40,11 +40,11 @@ class byte_set {
   std::array<bool, 256> contains_{};
 };
 
-/// The bytes from `position` up to the first that is in `stops`, to which it is moved: many tokens in one step, where a
-/// reader joins their texts again and no token that it looks at begins with another byte.
+/// The bytes from `position` up to the first that is in `stops`, to which it is moved: many tokens in one
+/// step, where a reader joins their texts again and no token that it looks at begins with another byte.
 ///
-/// REQUIRES: `stops` holds the double quote and the line ends; blank and tab, if the text is used; and the first byte of each pair that
-/// ends in a byte of `stops`.
+/// REQUIRES: `stops` holds the double quote and the line ends; blank and tab, if the text is used; and the
+/// first byte of each pair that ends in a byte of `stops`.
 inline std::string_view scan_plain(std::string_view source, unsigned int& position, const byte_set& stops) {
   const std::size_t start = position;
   std::size_t end = start;

@@ -27,9 +27,9 @@ class alloc_detection_ability {
   bool created_dynamic_ = false;
 };
 
-/// Makes a T on the heap, marked so that the last counted pointer to it deletes it. The count is still 0: hand
-/// the result to a counted pointer. This is the only way to set the mark, and what every `clone` and `create`
-/// of a counted class returns.
+/// Makes a T on the heap, marked so that the last counted pointer to it deletes it. The count is still 0:
+/// hand the result to a counted pointer. This is the only way to set the mark, and what every `clone` and
+/// `create` of a counted class returns.
 template <typename T, typename... Args>
 T* create_dynamic(Args&&... args) {
   T* object = new T(std::forward<Args>(args)...);

@@ -1,7 +1,7 @@
 /// Marks a class that has `clone() const`: a heap copy of the object, of its dynamic type.
 ///
-/// Each hierarchy declares `clone` itself, with its own result type; `generic::clone_interface` is the form for
-/// code that knows nothing more of a class.
+/// Each hierarchy declares `clone` itself, with its own result type; `generic::clone_interface` is the form
+/// for code that knows nothing more of a class.
 #pragma once
 
 #include "orva/export.hpp"

@@ -9,8 +9,9 @@ namespace ORVA_NAMESPACE::generic::abilities {
 
 class id_ability {
  public:
-  /// The object's own address, so that default ids of live objects differ. Where an address is wider than an id
-  /// its low 32 bits are taken: objects less than 4 GiB apart, and so all of one heap arena or stack, still differ.
+  /// The object's own address, so that default ids of live objects differ. Where an address is wider than an
+  /// id its low 32 bits are taken: objects less than 4 GiB apart, and so all of one heap arena or stack,
+  /// still differ.
   id_ability() noexcept : id_(static_cast<types::uint32>(reinterpret_cast<std::uintptr_t>(this))) {}
   explicit id_ability(types::uint32 id) noexcept : id_(id) {}
   // Copies take the id over: a copy is known by the same number as its source.

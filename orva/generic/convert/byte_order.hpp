@@ -1,11 +1,11 @@
 /// Numbers as bytes of a fixed width, for binary records of either byte order.
 ///
-/// Three namespaces hold the same sixteen operations: `big_endian`, `little_endian`, and `generic::convert` itself
-/// for the order of the host. `int16_to_bin_str` and its siblings write a number as a byte string of exactly its
-/// width; `bin_str_to_int16` and its siblings are their inverse. Nothing marks the order or the type: reader and
-/// writer agree on both. Floating values are their IEEE 754 bit patterns, so that every NaN comes through; but on
-/// 32-bit x86, where functions return them by a register that makes a signalling NaN a quiet one, a reader may do that
-/// too. All of it is pure, and any thread may call it.
+/// Three namespaces hold the same sixteen operations: `big_endian`, `little_endian`, and `generic::convert`
+/// itself for the order of the host. `int16_to_bin_str` and its siblings write a number as a byte string of
+/// exactly its width; `bin_str_to_int16` and its siblings are their inverse. Nothing marks the order or the
+/// type: reader and writer agree on both. Floating values are their IEEE 754 bit patterns, so that every NaN
+/// comes through; but on 32-bit x86, where functions return them by a register that makes a signalling NaN a
+/// quiet one, a reader may do that too. All of it is pure, and any thread may call it.
 ///
 ///     big_endian::uint32_to_bin_str(0x01020304)       =>  01 02 03 04
 ///     little_endian::uint32_to_bin_str(0x01020304)    =>  04 03 02 01
@@ -29,8 +29,8 @@
 
 namespace ORVA_NAMESPACE::generic::convert {
 
-/// What a reader takes: a byte string, which is tested for the width and reads as 0 if it is shorter; or a pointer,
-/// which is not tested.
+/// What a reader takes: a byte string, which is tested for the width and reads as 0 if it is shorter; or a
+/// pointer, which is not tested.
 ///
 /// REQUIRES: a pointer has the width's bytes behind it, terminator or not.
 class bin_str_argument {
@@ -91,8 +91,8 @@ std::string to_bin_str(const Number& value) {
   return std::string(bytes.data(), bytes.size());
 }
 
-/// The reader of every type and order. A string of less than `required` bytes reads as 0; of one that is as long but
-/// shorter than the type, the missing bytes are zero.
+/// The reader of every type and order. A string of less than `required` bytes reads as 0; of one that is as
+/// long but shorter than the type, the missing bytes are zero.
 template <typename Number, std::endian order = std::endian::native, std::size_t required = sizeof(Number)>
 Number from_bin_str(const bin_str_argument& bytes) noexcept {
   if (bytes.size() < required) return 0;
@@ -125,8 +125,8 @@ inline unsigned long long bin_str_to_uint64(const bin_str_argument& bytes) {
   return from_bin_str<unsigned long long>(bytes);
 }
 
-// Here a `float` wants a string of 8 bytes and a `double` takes one of 4: programs that probe with short strings
-// depend on what they get. A pointer is read as everywhere.
+// Here a `float` wants a string of 8 bytes and a `double` takes one of 4: programs that probe with short
+// strings depend on what they get. A pointer is read as everywhere.
 //
 //     bin_str_to_float(00 00 80 3F)       =>  0.0     1.0 by little_endian::bin_str_to_float
 //     bin_str_to_double(00 00 F0 3F)      =>  the bits 00 00 F0 3F 00 00 00 00

@@ -25,8 +25,9 @@ Floating read_from_stream(std::string_view text, const std::locale& place) {
   return stream.fail() ? Floating{0} : value;
 }
 
-// In the classic locale the stream's rules are fixed, and the number is read where it stands. A stream collects the
-// longest run of units that might still become a number, and fails if the run as a whole is none: "12e" is no 12.
+// In the classic locale the stream's rules are fixed, and the number is read where it stands. A stream
+// collects the longest run of units that might still become a number, and fails if the run as a whole is
+// none: "12e" is no 12.
 
 constexpr bool is_space(char unit) { return unit == ' ' || (unit >= '\t' && unit <= '\r'); }
 constexpr bool is_figure(char unit) { return unit >= '0' && unit <= '9'; }
@@ -57,8 +58,8 @@ const char* end_of_run(const char* at, const char* end) {
   return skip_figures(at, end);
 }
 
-/// Whether whole numbers of 64 bits and the powers of ten below are exact in a `long double`. Then their product or
-/// quotient is rounded once, as the number itself is, and is the number.
+/// Whether whole numbers of 64 bits and the powers of ten below are exact in a `long double`. Then their
+/// product or quotient is rounded once, as the number itself is, and is the number.
 constexpr bool has_exact_numbers = std::numeric_limits<long double>::digits == 64;
 
 constexpr auto exact_powers = [] {
@@ -101,13 +102,14 @@ bool from_chars_reads_long_double() {
   return reads;
 }
 
-/// The figures of a number without the zeros in front, and the power of ten that they are to be multiplied with.
+/// The figures of a number without the zeros in front, and the power of ten that they are to be multiplied
+/// with.
 struct scaled_figures {
   std::string figures;
   std::int64_t power = 0;
 
-  /// Takes no more figures than can bear on the value: what is behind them counts only by not being zero, as the last one kept
-  /// tells then. Some runtimes take time by the square of the number of figures.
+  /// Takes no more figures than can bear on the value: what is behind them counts only by not being zero, as
+  /// the last one kept tells then. Some runtimes take time by the square of the number of figures.
   void take(char figure) {
     // More than any number of a `long double`, or the middle between two, has.
     constexpr std::size_t enough = 12'000;
@@ -149,8 +151,8 @@ std::string shortened(const char* at, const char* end) {
   return number.text();
 }
 
-/// The value that a stream extracts from a whole run, which begins behind the sign. A run that ends in its exponent's letter or
-/// sign, or has no figures, is none.
+/// The value that a stream extracts from a whole run, which begins behind the sign. A run that ends in its
+/// exponent's letter or sign, or has no figures, is none.
 template <typename Floating>
 Floating read_run_from_stream(const char* at, const char* end, bool is_negative) {
   const bool is_number = at != end && (is_figure(end[-1]) || (end[-1] == '.' && end - at > 1));

@@ -82,8 +82,8 @@ struct magnitude {
   bool in_range = true;
 };
 
-/// Walks over a text. The unit at the position can always be read as long as no step has answered that the text
-/// ends; the first unit is there before any test of the length.
+/// Walks over a text. The unit at the position can always be read as long as no step has answered that the
+/// text ends; the first unit is there before any test of the length.
 template <strings::code_unit Unit>
 class number_text {
  public:
@@ -180,8 +180,8 @@ number<Unsigned> read(const Unit* text, std::size_t length, unsigned int radix, 
 template <typename Integer>
 using accumulator = std::conditional_t<sizeof(Integer) <= 4, std::uint32_t, std::uint64_t>;
 
-/// Reads the number that most texts are: a sign at most, then decimal digits, so few that any of them fit. False: it
-/// is another one. Says nothing that the steps in full would not say; it is here to be quick.
+/// Reads the number that most texts are: a sign at most, then decimal digits, so few that any of them fit.
+/// False: it is another one. Says nothing that the steps in full would not say; it is here to be quick.
 template <typename Integer, strings::code_unit Unit>
 bool read_short_decimal(const Unit* text, std::size_t length, types::radix_t::base radix, Integer& result) {
   if ((radix != types::radix_t::decimal && radix != types::radix_t::prefix) || length == 0) return false;

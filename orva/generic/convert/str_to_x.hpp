@@ -1,8 +1,8 @@
 /// Number readers: text of the three widths into integers of every size, and bytes into floating values.
 ///
 /// The integer readers take a pointer and a length, so that a part of a text is read without a copy or a
-/// terminator; they know no locale but for the white space from 128 to 255, allocate nothing, and either saturate
-/// or throw when the number does not fit. Any thread may call them. The inverse operations stand in
+/// terminator; they know no locale but for the white space from 128 to 255, allocate nothing, and either
+/// saturate or throw when the number does not fit. Any thread may call them. The inverse operations stand in
 /// `generic/convert/x_to_str.hpp`.
 ///
 ///     text         radix        str_to_int32
@@ -30,9 +30,10 @@ namespace ORVA_NAMESPACE::generic::convert {
 
 /// Reads a signed integer: `signed char`, `short`, `int`, `long` or `long long`.
 ///
-/// With `length` 0 the text is measured up to its terminator; a null pointer reads as 0. An empty part of a longer text
-/// is therefore the caller's to look out for: there the length 0 means everything from here on. White space, then one sign, then the digits of
-/// `radix` are read; the first other unit ends the number. No digit at all reads as 0.
+/// With `length` 0 the text is measured up to its terminator; a null pointer reads as 0. An empty part of a
+/// longer text is therefore the caller's to look out for: there the length 0 means everything from here on.
+/// White space, then one sign, then the digits of `radix` are read; the first other unit ends the number. No
+/// digit at all reads as 0.
 ///
 ///     radix 1 or above 36             throws exceptions::invalid_argument_value, unless the text ends before its
 ///                                     first digit, as white space alone does
@@ -129,9 +130,9 @@ unsigned long long str_to_uint64(const Unit* text, std::size_t length, types::ra
   return strtouintx<unsigned long long>(text, length, radix, throw_on_range);
 }
 
-/// Reads a floating value as an input stream with `place` does: leading white space is skipped, what follows the
-/// number is ignored. Where the stream would fail, also for a number out of range, the result is 0.0. Nothing is
-/// thrown. Without a locale the global one is taken.
+/// Reads a floating value as an input stream with `place` does: leading white space is skipped, what follows
+/// the number is ignored. Where the stream would fail, also for a number out of range, the result is 0.0.
+/// Nothing is thrown. Without a locale the global one is taken.
 ///
 ///     "1e3"    =>  1000.0
 ///     "12abc"  =>  12.0

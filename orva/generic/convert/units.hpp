@@ -1,7 +1,7 @@
 /// Physical lengths and device pixels: numbers into lengths, lengths into pixels, and back.
 ///
-/// Everything is computed by value in the call, usable in constant expressions, and open to any thread. A resolution is
-/// told in pixels per inch; one of 0 gives 0.
+/// Everything is computed by value in the call, usable in constant expressions, and open to any thread. A
+/// resolution is told in pixels per inch; one of 0 gives 0.
 ///
 ///     to_md(2.54, absolute_unit::centimetre)                =>  100000 md
 ///     to_device_unit(1, absolute_unit::inch, 300)           =>  300 pixels
@@ -78,8 +78,8 @@ constexpr types::device_unit to_device_unit(const types::device_unit& pixels,
   return pixels;
 }
 
-/// A length into pixels: whole md times `dpi`, which wraps at 32 bits, divided by the md of an inch toward zero.
-/// At 300 pixels per inch that is right up to 71 inches.
+/// A length into pixels: whole md times `dpi`, which wraps at 32 bits, divided by the md of an inch toward
+/// zero. At 300 pixels per inch that is right up to 71 inches.
 constexpr types::device_unit to_device_unit(const types::absolute_unit& length, types::int32 dpi) {
   return internal::wrapping_multiply<types::int32>(length.as_md(), dpi) / types::absolute_unit::m_md_per_inch;
 }

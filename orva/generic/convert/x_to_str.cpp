@@ -26,8 +26,8 @@ constexpr auto common_digits = [] {
   return digits;
 }();
 
-// Decimal numbers are written from the front, two digits at a time: the divisions do not wait for each other, and
-// nothing needs to know the length before.
+// Decimal numbers are written from the front, two digits at a time: the divisions do not wait for each other,
+// and nothing needs to know the length before.
 
 /// The numbers 00 to 99.
 template <typename Unit>
@@ -63,7 +63,8 @@ Unit* write_first(std::uint32_t value, Unit* at) {
   return at + 1;
 }
 
-/// How many pairs of digits a number has, without a branch. The one jump by the result is hard enough to foresee.
+/// How many pairs of digits a number has, without a branch. The one jump by the result is hard enough to
+/// foresee.
 inline unsigned int count_pairs(std::uint32_t value) {
   return 1u + (value >= 100) + (value >= 10000) + (value >= 1000000) + (value >= 100000000);
 }

@@ -1,8 +1,8 @@
 /// Number writers: integers into a caller's buffer, in any radix and any of the three widths.
 ///
-/// They write the digits and a terminator, allocate nothing and know no locale. The caller owns the buffer and
-/// keeps it large enough: `number_buffer_size` units are enough for every value in every radix. Any thread may
-/// call them. The inverse operations stand in `generic/convert/str_to_x.hpp`.
+/// They write the digits and a terminator, allocate nothing and know no locale. The caller owns the buffer
+/// and keeps it large enough: `number_buffer_size` units are enough for every value in every radix. Any
+/// thread may call them. The inverse operations stand in `generic/convert/str_to_x.hpp`.
 ///
 ///     ltoa(-2147483648, buffer, 10)   =>  "-2147483648"
 ///     ltoa(255, buffer, 16)           =>  "ff"           letters are lower case
@@ -22,8 +22,8 @@ inline constexpr std::size_t number_buffer_size = 1 + 64 + 1;
 
 // Digits are 0 to 9, then a to z. A radix above 36 goes on with the units behind z.
 //
-// REQUIRES: `radix` is 2 or greater. No number can be written in radix 0 or 1: an assertion fails, and the buffer
-// gets an empty text.
+// REQUIRES: `radix` is 2 or greater. No number can be written in radix 0 or 1: an assertion fails, and the
+// buffer gets an empty text.
 
 template <strings::code_unit Unit>
 ORVA_API void lltoa(long long value, Unit* buffer, unsigned int radix);

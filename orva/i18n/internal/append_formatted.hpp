@@ -11,7 +11,8 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-// What is added is what the formatter of that name returns. False: the attributes are refused, and nothing is added.
+// What is added is what the formatter of that name returns. False: the attributes are refused, and nothing is
+// added.
 
 bool append_int(std::string& text, std::int64_t value, std::string_view attrs);
 bool append_double(std::string& text, double value, std::string_view attrs);

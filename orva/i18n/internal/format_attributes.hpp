@@ -27,8 +27,8 @@ inline int to_number(std::string_view text) {
   return generic::convert::str_to_int(text.data(), text.size(), types::radix_t::decimal, false);
 }
 
-/// Takes the first field off `fields`, which is left empty behind the last one: a separator at the end is followed
-/// by no field.
+/// Takes the first field off `fields`, which is left empty behind the last one: a separator at the end is
+/// followed by no field.
 constexpr std::string_view cut_field(std::string_view& fields) {
   const std::size_t length = fields.find(field_separator);
   const std::string_view field = fields.substr(0, length);
@@ -48,7 +48,8 @@ bool read_attributes(std::string_view fields, Attributes& attributes) {
   return true;
 }
 
-/// The rule of the on-off attributes: everything is true but the beginnings of "false", the empty text among them.
+/// The rule of the on-off attributes: everything is true but the beginnings of "false", the empty text among
+/// them.
 constexpr bool to_flag(std::string_view text) { return !selects(text, "false"); }
 
 }  // namespace ORVA_NAMESPACE::i18n::_private

@@ -14,8 +14,8 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// A value in the unit that it is shown in. Number and unit are made into text separately, since a placeholder shows
-/// one of the two.
+/// A value in the unit that it is shown in. Number and unit are made into text separately, since a
+/// placeholder shows one of the two.
 struct scaled_value {
   /// With decimals in this form, or without any.
   std::optional<double_attributes> form;
@@ -88,7 +88,8 @@ Number times_1000(Number value) {
   }
 }
 
-/// Brings the value to the target unit, or below 1000 but no further than `last_unit`. Returns the unit reached.
+/// Brings the value to the target unit, or below 1000 but no further than `last_unit`. Returns the unit
+/// reached.
 template <typename Number>
 int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   int unit = attributes.base_unit;
@@ -101,8 +102,8 @@ int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   return unit;
 }
 
-/// Scales a value, all but the unit's text. `as_integer` reads it where no decimals are asked for, and the type of what
-/// it reads decides how large and small values behave.
+/// Scales a value, all but the unit's text. `as_integer` reads it where no decimals are asked for, and the
+/// type of what it reads decides how large and small values behave.
 template <typename Read>
 std::optional<scaled_value> scale_by(const types::variant& value, const scaled_attributes& attributes,
                                      int last_unit, Read as_integer) {

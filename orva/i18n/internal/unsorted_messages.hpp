@@ -30,8 +30,8 @@ class unsorted_messages {
     names_.push_back(name);
   }
 
-  /// The nodes in the order of their names, those of one name as they came. They belong to this object until they are
-  /// moved into a map.
+  /// The nodes in the order of their names, those of one name as they came. They belong to this object until
+  /// they are moved into a map.
   std::vector<node*> sorted() {
     std::vector<place> places;
     places.reserve(names_.size());
@@ -49,7 +49,8 @@ class unsorted_messages {
   }
 
  private:
-  /// The names of a catalog begin alike as a rule. The bytes behind that, as a number, decide most comparisons.
+  /// The names of a catalog begin alike as a rule. The bytes behind that, as a number, decide most
+  /// comparisons.
   struct place {
     std::uint64_t first_bytes;
     std::size_t index;

@@ -56,8 +56,8 @@ void skip_comments(Iterator& it, Iterator end) {
   while (is_type(it, end, token::comment)) ++it;
 }
 
-/// Reads attributes from `it` on, up to and with the mark that ends the start tag. `take(name, value)` gets each of
-/// them and answers whether the element has an attribute of that name.
+/// Reads attributes from `it` on, up to and with the mark that ends the start tag. `take(name, value)` gets
+/// each of them and answers whether the element has an attribute of that name.
 template <typename Iterator, typename Take>
 void read_attributes(Iterator& it, Iterator end, Take take) {
   for (;; ++it) {

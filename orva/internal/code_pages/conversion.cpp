@@ -35,8 +35,8 @@ view16 up_to_zero(view16 text) {
   return text.substr(0, static_cast<std::size_t>(from - text.data()));
 }
 
-/// Lets `write` put at most `most` units into `result`. The size of a short one is found out before anything is
-/// allocated.
+/// Lets `write` put at most `most` units into `result`. The size of a short one is found out before anything
+/// is allocated.
 template <typename Page, typename Unit, typename Write>
 void fill(std::basic_string<Unit>& result, std::size_t most, Write write) {
   constexpr std::size_t short_text = 256;

@@ -1,8 +1,8 @@
 /// Conversion between UTF-16 and the byte strings of code pages, by tables that every system can use.
 ///
 /// The results are those of the platform that defined the code pages: what a page lacks becomes the nearest
-/// character that it has, or its default character, and no text is refused for its content. A text ends at its first
-/// zero unit.
+/// character that it has, or its default character, and no text is refused for its content. A text ends at
+/// its first zero unit.
 ///
 /// Internal: not installed.
 #pragma once
@@ -17,12 +17,12 @@ namespace ORVA_NAMESPACE::internal::code_pages {
 
 inline constexpr int utf8_number = 65001;
 
-/// Texts and results of this many units or bytes are refused: the original platform counts them, with a terminator, in
-/// 32 bits with a sign.
+/// Texts and results of this many units or bytes are refused: the original platform counts them, with a
+/// terminator, in 32 bits with a sign.
 inline constexpr std::size_t length_limit = 0x7FFFFFFF;
 
-/// Converts `text` into the code page of that number. False for an unknown page and for a text or a result that
-/// reaches `length_limit`; `bytes` is then unspecified.
+/// Converts `text` into the code page of that number. False for an unknown page and for a text or a result
+/// that reaches `length_limit`; `bytes` is then unspecified.
 bool encode_into(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes);
 
 /// The inverse, where there is one.

@@ -36,8 +36,8 @@ struct double_byte_page {
   }
 };
 
-/// Writes `text` in `page` and returns the end. The byte behind it may be overwritten, within the room for two
-/// bytes a unit.
+/// Writes `text` in `page` and returns the end. The byte behind it may be overwritten, within the room for
+/// two bytes a unit.
 inline char* encode(const double_byte_page& page, std::basic_string_view<strings::code_unit16> text,
                     char* to) {
   // Copied out of the page: bytes written through a `char*` could be the page, for all that a compiler knows.

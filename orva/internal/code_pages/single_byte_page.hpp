@@ -26,8 +26,8 @@ struct single_byte_page {
   static constexpr std::size_t most_bytes_of_unit = 1;
 };
 
-/// Converts eight units. Wide ones are stored by fours, as machines load faster than they store; bytes take longer to
-/// put together than that is worth.
+/// Converts eight units. Wide ones are stored by fours, as machines load faster than they store; bytes take
+/// longer to put together than that is worth.
 template <typename From, typename To, typename Convert>
 void convert_eight(const From* from, To* to, Convert convert) {
   constexpr std::size_t together = sizeof(To) == 1 ? 1 : 4;

@@ -1,5 +1,5 @@
-/// UTF-8 as a code page: not the reading of `strings/unicode.hpp`, which takes bytes by their layout and refuses a
-/// whole text, but one that puts U+FFFD for whatever no standard allows, and goes on.
+/// UTF-8 as a code page: not the reading of `strings/unicode.hpp`, which takes bytes by their layout and
+/// refuses a whole text, but one that puts U+FFFD for whatever no standard allows, and goes on.
 ///
 /// Internal: not installed.
 #pragma once
@@ -21,8 +21,8 @@ struct utf8_page {
   static constexpr std::uint32_t replacement = 0xFFFD;
 };
 
-/// Whether a sequence can go on so: not where its value would have a shorter form, be a surrogate or lie above
-/// 0x10FFFF.
+/// Whether a sequence can go on so: not where its value would have a shorter form, be a surrogate or lie
+/// above 0x10FFFF.
 constexpr bool can_be_second(unsigned char second, unsigned char lead) {
   if (lead == 0xE0) return second >= 0xA0;
   if (lead == 0xED) return second < 0xA0;
@@ -31,8 +31,8 @@ constexpr bool can_be_second(unsigned char second, unsigned char lead) {
   return true;
 }
 
-/// The character at `at`. A sequence at fault is the replacement, for the lead byte and the continuation bytes up to
-/// the fault, of which one that the lead byte does not allow is the last.
+/// The character at `at`. A sequence at fault is the replacement, for the lead byte and the continuation
+/// bytes up to the fault, of which one that the lead byte does not allow is the last.
 ///
 /// REQUIRES: remaining > 0.
 constexpr text::character decode_or_replace(const char* at, std::size_t remaining) {
@@ -70,8 +70,8 @@ text::cursor<char, strings::code_unit16> fast_path_standard(text::cursor<char, s
   return at;
 }
 
-/// Writes `text` and returns the end. An unpaired surrogate becomes the replacement. Needs room for four bytes a
-/// unit, of which those behind the end may be overwritten.
+/// Writes `text` and returns the end. An unpaired surrogate becomes the replacement. Needs room for four
+/// bytes a unit, of which those behind the end may be overwritten.
 inline char* encode(const utf8_page&, std::basic_string_view<strings::code_unit16> text, char* to) {
   text::cursor<strings::code_unit16, char> at{text.data(), to};
   const auto* const end = text.data() + text.size();

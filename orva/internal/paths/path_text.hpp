@@ -1,8 +1,8 @@
 /// Path text across widths.
 ///
-/// The library works on 16-bit paths. A system that takes bytes gets UTF-8, in which an unpaired surrogate is the three
-/// bytes of its value. The conversions never fail, and each 16-bit path has a UTF-8 text of its own; the transforms of
-/// `strings/unicode.hpp` do neither.
+/// The library works on 16-bit paths. A system that takes bytes gets UTF-8, in which an unpaired surrogate is
+/// the three bytes of its value. The conversions never fail, and each 16-bit path has a UTF-8 text of its
+/// own; the transforms of `strings/unicode.hpp` do neither.
 ///
 ///     u"a/\u00E4"      =>  "a/\xC3\xA4"
 ///     { 0xD800 }       =>  "\xED\xA0\x80"
@@ -25,8 +25,8 @@ namespace ORVA_NAMESPACE::internal::paths {
 using strings::code_unit;
 using strings::code_unit16;
 
-/// Calls `take` with each code point of `text`. A unit that is part of no sequence counts as its value: an unpaired
-/// surrogate, or a byte that no nameable text has.
+/// Calls `take` with each code point of `text`. A unit that is part of no sequence counts as its value: an
+/// unpaired surrogate, or a byte that no nameable text has.
 template <code_unit Unit, typename Take>
 void each_code_point(std::basic_string_view<Unit> text, Take take) {
   for (std::size_t i = 0; i < text.size();) {

@@ -6,8 +6,8 @@
 ///     128 to 255    the C runtime is asked, so that a single-byte locale has its letters
 ///     above 255     in no class, and its own lower and upper case; never reaches the C runtime
 ///
-/// A `char` is taken as the byte it is, so that no negative value reaches the C runtime. Any thread may ask; what
-/// must not happen meanwhile is a change of the locale, as with the C runtime itself.
+/// A `char` is taken as the byte it is, so that no negative value reaches the C runtime. Any thread may ask;
+/// what must not happen meanwhile is a change of the locale, as with the C runtime itself.
 #pragma once
 
 #include <array>

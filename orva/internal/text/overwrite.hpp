@@ -1,4 +1,5 @@
-/// Strings whose units are written in place, without being cleared first where the standard library offers that.
+/// Strings whose units are written in place, without being cleared first where the standard library offers
+/// that.
 ///
 /// Internal: not installed.
 #pragma once

@@ -1,7 +1,8 @@
 /// Eight bytes of text looked at in one step, for scanners that skip what is of no interest to them.
 ///
-/// Internal: not installed. A question is answered by a set of places in the block; sets are joined with |, and the
-/// first place of a set is exact. Behind a place that is in a set, the next may be in it without reason.
+/// Internal: not installed. A question is answered by a set of places in the block; sets are joined with |,
+/// and the first place of a set is exact. Behind a place that is in a set, the next may be in it without
+/// reason.
 #pragma once
 
 #include <bit>

@@ -1,7 +1,8 @@
 /// The scanners of the grammar that `xml_parser` reads, each under the name of its construct.
 ///
-/// Internal: not installed. A scanner stands on a position of the text and moves behind what it took. It never reads
-/// at the end of the text: where a construct is cut off there, it fails with no character to show.
+/// Internal: not installed. A scanner stands on a position of the text and moves behind what it took. It
+/// never reads at the end of the text: where a construct is cut off there, it fails with no character to
+/// show.
 #pragma once
 
 #include <algorithm>

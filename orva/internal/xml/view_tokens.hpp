@@ -1,7 +1,7 @@
 /// `xml_view_tokens`: the tokens that `xml_token_stream` makes of a text, as views into the text.
 ///
-/// Internal: not installed. For a reader that keeps the text for as long as it walks the tokens: a token is two words
-/// here, and nothing is copied but what entities are expanded in. One object reads one text.
+/// Internal: not installed. For a reader that keeps the text for as long as it walks the tokens: a token is
+/// two words here, and nothing is copied but what entities are expanded in. One object reads one text.
 #pragma once
 
 #include <cstddef>
@@ -45,8 +45,8 @@ class xml_view_tokens {
  public:
   using iterator = std::vector<view_token>::const_iterator;
 
-  /// The tokens of `text`, which must outlive them, up to its end or the first error. What `xml_parser::parse` throws
-  /// passes through.
+  /// The tokens of `text`, which must outlive them, up to its end or the first error. What
+  /// `xml_parser::parse` throws passes through.
   xml_parser::parse_error parse(std::string_view text) {
     text_ = text;
     tokens_.reserve(text.size() / likely_distance);

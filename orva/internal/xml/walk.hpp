@@ -12,8 +12,9 @@
 
 namespace ORVA_NAMESPACE::parser::_private {
 
-/// One walk over a document: the scanners, and what they find told to `Events`, which has a member function for each
-/// event. The texts given to them stand in the document, or are gone with the next event if entities were expanded.
+/// One walk over a document: the scanners, and what they find told to `Events`, which has a member function
+/// for each event. The texts given to them stand in the document, or are gone with the next event if entities
+/// were expanded.
 template <typename Name, typename Events>
 class xml_walk : public xml_scanner {
  public:

@@ -7,8 +7,8 @@
 
 namespace ORVA_NAMESPACE::memory::pointers {
 
-/// Tells a counted pointer that it is the first of an object which was just made, so that counting it needs no atomic
-/// step. REQUIRES: there is such an object, and no other thread has heard of it.
+/// Tells a counted pointer that it is the first of an object which was just made, so that counting it needs
+/// no atomic step. REQUIRES: there is such an object, and no other thread has heard of it.
 struct just_made_t {};
 inline constexpr just_made_t just_made;
 
@@ -59,12 +59,14 @@ class counted_pointer {
 
   static void release(T* target) noexcept {
     if (target == nullptr) return;
-    // With its only pointer nobody else can be counting, and an object that goes with it need not be counted down.
+    // With its only pointer nobody else can be counting, and an object that goes with it need not be counted
+    // down.
     const bool goes = static_cast<ability*>(target)->is_only_pointer_ref() && target->is_created_dynamic();
     if (!goes && static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wfree-nonheap-object"
-    // Where a compiler sees an automatic object beside this `delete` it warns of what the condition rules out.
+    // Where a compiler sees an automatic object beside this `delete` it warns of what the condition rules
+    // out.
     if (target->is_created_dynamic()) delete target;
 #pragma GCC diagnostic pop
   }

@@ -1,8 +1,9 @@
 /// A counted pointer for the polymorphic classes of the library.
 ///
-/// One word; copying it costs one atomic increment. The object counts its pointers, and the last one to let go
-/// deletes it if it was made by `generic::abilities::create_dynamic`; an object that lives anywhere else is left
-/// where it is. Several threads may hold pointers to one object; one pointer object belongs to one thread.
+/// One word; copying it costs one atomic increment. The object counts its pointers, and the last one to let
+/// go deletes it if it was made by `generic::abilities::create_dynamic`; an object that lives anywhere else
+/// is left where it is. Several threads may hold pointers to one object; one pointer object belongs to one
+/// thread.
 #pragma once
 
 #include "orva/memory/pointers/counted_pointer.hpp"

@@ -6,7 +6,8 @@ namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
-// Files, terminals and names are in UTF-8 here, so that is what the two system encodings are. No setting is read.
+// Files, terminals and names are in UTF-8 here, so that is what the two system encodings are. No setting is
+// read.
 int page_number(int page) { return page == ansi_code_page || page == oem_code_page ? utf8_code_page : page; }
 
 }  // namespace

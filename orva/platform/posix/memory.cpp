@@ -9,7 +9,8 @@ namespace ORVA_NAMESPACE::platform {
 #ifdef MADV_HUGEPAGE
 
 void expect_filling(char* begin, std::size_t size) noexcept {
-  // Only whole large pages inside the memory are touched by the advice, so that nothing is spent on its neighbours.
+  // Only whole large pages inside the memory are touched by the advice, so that nothing is spent on its
+  // neighbours.
   constexpr std::uintptr_t large_page = 0x200000;
   const auto address = reinterpret_cast<std::uintptr_t>(begin);
   const auto first = (address + large_page - 1) / large_page * large_page;

@@ -1,7 +1,7 @@
 /// Every system call that the files beside this one make, one function each.
 ///
-/// The functions do what their namesakes do, `errno` included. They stand behind this header so that a test can link
-/// others in their place: a full disk, a short read and an interrupted call are tests and not hopes.
+/// The functions do what their namesakes do, `errno` included. They stand behind this header so that a test
+/// can link others in their place: a full disk, a short read and an interrupted call are tests and not hopes.
 #pragma once
 
 #include <dirent.h>

@@ -5,8 +5,8 @@
 
 namespace ORVA_NAMESPACE::platform::windows {
 
-/// The terminated units of `path`. A path that holds a zero unit gives the empty path, which names nothing: the system
-/// would stop reading at that unit and act on another file.
+/// The terminated units of `path`. A path that holds a zero unit gives the empty path, which names nothing:
+/// the system would stop reading at that unit and act on another file.
 inline const wchar_t* c_path(const native_string& path) {
   return path.find(L'\0') == path.npos ? path.c_str() : L"";
 }

@@ -6,8 +6,8 @@ namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
-/// The text without its terminator, which the system would otherwise take for the second byte of a cut sequence. Nothing at all is
-/// an error to it, and has to be kept from it.
+/// The text without its terminator, which the system would otherwise take for the second byte of a cut
+/// sequence. Nothing at all is an error to it, and has to be kept from it.
 template <typename View>
 View up_to_zero(View text) {
   return text.substr(0, text.find(typename View::value_type{}));

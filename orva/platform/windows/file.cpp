@@ -16,7 +16,8 @@ constexpr std::size_t largest_transfer = 0x40000000;
 /// An open file, other readers and writers let in.
 class open_file {
  public:
-  /// The flag for links keeps one that takes the file's place after someone looked for links from being followed.
+  /// The flag for links keeps one that takes the file's place after someone looked for links from being
+  /// followed.
   open_file(const native_string& path, DWORD access, DWORD creation)
       : file_(::CreateFileW(windows::c_path(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
                             creation, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)) {}

@@ -1,4 +1,5 @@
-/// The system's own header, without the parts that get in the way: its macros `min` and `max`, and what few need.
+/// The system's own header, without the parts that get in the way: its macros `min` and `max`, and what few
+/// need.
 #pragma once
 
 #ifndef NOMINMAX

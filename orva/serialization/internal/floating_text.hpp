@@ -1,8 +1,9 @@
-/// The text of everyday floating values in general notation, in a third of the time that `std::to_chars` takes.
+/// The text of everyday floating values in general notation, in a third of the time that `std::to_chars`
+/// takes.
 ///
-/// Internal: not installed. Values from 0.001 up to 1e15, with at most 17 digits, are a whole number times a power of two
-/// that is not too small: times the power of ten that brings all digits in front of the point, they fit into 128 bits,
-/// and are rounded once, exactly.
+/// Internal: not installed. Values from 0.001 up to 1e15, with at most 17 digits, are a whole number times a
+/// power of two that is not too small: times the power of ten that brings all digits in front of the point,
+/// they fit into 128 bits, and are rounded once, exactly.
 #pragma once
 
 #include <array>
@@ -47,8 +48,8 @@ constexpr std::uint64_t divide_by_power_of_two(const wide_number& number, unsign
   return quotient + (is_up ? 1 : 0);
 }
 
-/// How many places the first digit stands in front of the point's first, from -3 to 14. The small powers of ten are
-/// the least doubles that are not below them, so that the comparison is exact.
+/// How many places the first digit stands in front of the point's first, from -3 to 14. The small powers of
+/// ten are the least doubles that are not below them, so that the comparison is exact.
 inline int decimal_exponent(double magnitude) {
   if (magnitude < 1) return magnitude >= 0.1 ? -1 : magnitude >= 0.01 ? -2 : -3;
   const auto whole = static_cast<std::uint64_t>(magnitude);
@@ -57,8 +58,8 @@ inline int decimal_exponent(double magnitude) {
   return static_cast<int>(exponent);
 }
 
-/// Writes the value at `begin`, which has room for 24 units, and returns the end; null for a value that is not an everyday
-/// one, with what was written to be overwritten.
+/// Writes the value at `begin`, which has room for 24 units, and returns the end; null for a value that is
+/// not an everyday one, with what was written to be overwritten.
 inline char* write_everyday_value(double value, std::uint32_t precision, char* begin) {
   const double magnitude = std::abs(value);
   if (!(magnitude >= 0.001 && magnitude < 1e15) || precision == 0 || precision > 17) return nullptr;

@@ -27,8 +27,8 @@ class level_reader {
     return has_ended_ ? std::string_view() : label;
   }
 
-  /// A length below 0, or none at the end of the text, leads the reader back to what was read before, which it would
-  /// read for ever: such a string is the last of its level.
+  /// A length below 0, or none at the end of the text, leads the reader back to what was read before, which
+  /// it would read for ever: such a string is the last of its level.
   std::string_view read_string() {
     if (position_ == stored_buffer::past_end) return {};
     const std::string_view number = take_number(text_, position_);

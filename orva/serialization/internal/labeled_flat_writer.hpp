@@ -14,8 +14,8 @@
 
 namespace ORVA_NAMESPACE::serialization {
 
-/// Writes from the last entry to the first: the length of a group is then known when its turn comes, and every byte is
-/// written once, however deep it is nested.
+/// Writes from the last entry to the first: the length of a group is then known when its turn comes, and
+/// every byte is written once, however deep it is nested.
 class labeled_text_buffer::flat_writer {
  public:
   explicit flat_writer(std::string& text) : text_(text) {}

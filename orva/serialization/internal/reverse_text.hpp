@@ -19,7 +19,8 @@ namespace ORVA_NAMESPACE::serialization::_private {
 
 class reverse_text {
  public:
-  /// Writes into `target`, whose content goes. It holds the text after `finish`, and keeps its memory for the next one.
+  /// Writes into `target`, whose content goes. It holds the text after `finish`, and keeps its memory for the
+  /// next one.
   explicit reverse_text(std::string& target) : units_(target), begin_(target.size()) {}
 
   std::size_t size() const { return units_.size() - begin_; }

@@ -1,7 +1,7 @@
 /// Where the items of the text form begin and end.
 ///
-/// Internal: not installed. `serialize_text_buf` and the parser of labeled buffers read by these rules, each with a
-/// position of its own.
+/// Internal: not installed. `serialize_text_buf` and the parser of labeled buffers read by these rules, each
+/// with a position of its own.
 #pragma once
 
 #include <cstddef>
@@ -33,9 +33,10 @@ inline std::string_view take_number(std::string_view data, types::uint32& positi
   return rest_of(data, begin).substr(0, closed ? end - begin : end);
 }
 
-/// The bytes of a string or buffer whose length was read before, cut at the end of the data. The position goes over
-/// them and the closing separator by the length as it was read, wrapping: behind a length that had no separator, it
-/// stands at the mark, and an empty text takes it to the beginning. Callers rely on this to read a buffer again.
+/// The bytes of a string or buffer whose length was read before, cut at the end of the data. The position
+/// goes over them and the closing separator by the length as it was read, wrapping: behind a length that had
+/// no separator, it stands at the mark, and an empty text takes it to the beginning. Callers rely on this to
+/// read a buffer again.
 inline std::string_view take_bytes(std::string_view data, types::uint32& position, types::int32 length) {
   const types::uint32 begin = position;
   const auto count = static_cast<types::uint32>(length);

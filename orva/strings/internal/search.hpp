@@ -1,7 +1,8 @@
 /// A text to look for, prepared once for many searches.
 ///
-/// Internal: not installed. Finds as the standard string does, in time linear to what is searched even where both
-/// texts repeat themselves. Refers to the pattern, which the caller keeps; a searcher belongs to one thread.
+/// Internal: not installed. Finds as the standard string does, in time linear to what is searched even where
+/// both texts repeat themselves. Refers to the pattern, which the caller keeps; a searcher belongs to one
+/// thread.
 #pragma once
 
 #include <cstddef>

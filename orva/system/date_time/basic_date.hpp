@@ -1,7 +1,7 @@
 /// `basic_date`: year, month and day as three plain numbers, none of them checked.
 ///
-/// A plain value of twelve bytes: copies are independent, and any thread may read one that nobody changes. `date` is the
-/// class that knows the calendar.
+/// A plain value of twelve bytes: copies are independent, and any thread may read one that nobody changes.
+/// `date` is the class that knows the calendar.
 #pragma once
 
 #include "orva/version.hpp"

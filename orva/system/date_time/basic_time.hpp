@@ -1,7 +1,7 @@
 /// `basic_time`: hour, minute, second and millisecond as four plain numbers, none of them checked.
 ///
-/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes. `time` is the
-/// class that knows what a day is.
+/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes.
+/// `time` is the class that knows what a day is.
 #pragma once
 
 #include "orva/version.hpp"

@@ -1,8 +1,8 @@
 /// `date`: a day of the Gregorian calendar, extended backward without end.
 ///
-/// A plain value of twelve bytes: copies are independent, and any thread may read one that nobody changes. Everything but
-/// the two clock readings is usable in constant expressions. There is no comparison, no text and no difference of
-/// two dates.
+/// A plain value of twelve bytes: copies are independent, and any thread may read one that nobody changes.
+/// Everything but the two clock readings is usable in constant expressions. There is no comparison, no text
+/// and no difference of two dates.
 ///
 ///     date d(28, 2, 2000);          day, month, year
 ///     d += 1;                       March 1, 2000
@@ -15,8 +15,8 @@
 ///     end.is_day_constrained()      =>  true
 ///     end.month(3); end.day()       =>  31
 ///
-/// A move never lands on February 29, but on March 1 in its place. It begins at the day that is stored, so that
-/// February 31, 2001 plus 1 is March 4.
+/// A move never lands on February 29, but on March 1 in its place. It begins at the day that is stored, so
+/// that February 31, 2001 plus 1 is March 4.
 ///
 /// A value that no calendar has raises `exceptions::out_of_range` and leaves the field as it was.
 #pragma once
@@ -44,8 +44,8 @@ class date {
     this->year(year);
   }
 
-  /// The day by the clock, in the time zone of the process or in UTC. Outside Windows the zone is the one that `TZ` named
-  /// when the process first asked for a local time, or last called `tzset`.
+  /// The day by the clock, in the time zone of the process or in UTC. Outside Windows the zone is the one
+  /// that `TZ` named when the process first asked for a local time, or last called `tzset`.
   ORVA_API static date local_date();
   ORVA_API static date UTC_date();
 
@@ -82,8 +82,8 @@ class date {
   }
   constexpr date& operator+=(const date_duration& duration) { return plus_assign(duration); }
 
-  /// Moves back, or forward by a negative duration. Raises where that leads before March 1 of year 0, and leaves the
-  /// date as it was.
+  /// Moves back, or forward by a negative duration. Raises where that leads before March 1 of year 0, and
+  /// leaves the date as it was.
   constexpr date& minus_assign(const date_duration& duration) {
     const unsigned int number = pJulian_day_number();
     if (static_cast<int>(number) <= duration.days()) refuse_move();

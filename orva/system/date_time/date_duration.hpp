@@ -1,6 +1,7 @@
 /// `date_duration`: a signed number of days, to move a `date` by.
 ///
-/// A plain value, made from an `int` without a cast: `d += 30`. Sums wrap at 32 bits. Usable in constant expressions.
+/// A plain value, made from an `int` without a cast: `d += 30`. Sums wrap at 32 bits. Usable in constant
+/// expressions.
 #pragma once
 
 #include "orva/internal/wrapping.hpp"

@@ -1,14 +1,14 @@
 /// `date_time_t`: a date and a time of day.
 ///
-/// A plain value: copies are independent, and any thread may read one that nobody changes. It forwards to its two parts,
-/// which tell what each operation does and what it raises.
+/// A plain value: copies are independent, and any thread may read one that nobody changes. It forwards to its
+/// two parts, which tell what each operation does and what it raises.
 ///
 ///     date_time_t t(date(17, 5, 2024), time(8, 30, 0, 0));
 ///     t += date_duration(30);             June 16, 2024, 08:30
 ///     t += time_duration(20, 0, 0, 0);    June 16, 2024, 04:30     the date stays
 ///
-/// A duration of less than a day leaves the date alone, and the time wraps. A longer one overwrites the day of the month;
-/// see `plus_assign`. To move by days, take a `date_duration`.
+/// A duration of less than a day leaves the date alone, and the time wraps. A longer one overwrites the day
+/// of the month; see `plus_assign`. To move by days, take a `date_duration`.
 #pragma once
 
 #include "orva/export.hpp"
@@ -37,8 +37,8 @@ class date_time_t {
   constexpr date_time_t(const date_time::date& day, const date_time::time& time_of_day)
       : date_(day), time_(time_of_day) {}
 
-  /// One reading of the clock for both parts, so that they belong together at midnight too. Time zone as told at
-  /// `date::local_date`.
+  /// One reading of the clock for both parts, so that they belong together at midnight too. Time zone as told
+  /// at `date::local_date`.
   ORVA_API static date_time_t local_date_time();
   ORVA_API static date_time_t UTC_date_time();
 
@@ -95,8 +95,8 @@ class date_time_t {
   }
   constexpr date_time_t& operator-=(const date_duration& duration) { return minus_assign(duration); }
 
-  /// Moves the time, which wraps within the day. From 24 whole hours on, forward or back, the hours beyond whole days are
-  /// first made the day of the month, and the date then moves by as many days:
+  /// Moves the time, which wraps within the day. From 24 whole hours on, forward or back, the hours beyond
+  /// whole days are first made the day of the month, and the date then moves by as many days:
   ///
   ///     May 17, 2024, 08:30 += 20 hours    =>  May 17, 2024, 04:30
   ///     May 17, 2024, 08:30 += 25 hours    =>  May 2, 2024, 09:30      day 1, and one on
@@ -126,7 +126,8 @@ class date_time_t {
     return hours >= 24 || hours <= -24;
   }
 
-  /// The remainder of the hours and not the quotient, which overwrites the day: stored schedules are moved by this rule.
+  /// The remainder of the hours and not the quotient, which overwrites the day: stored schedules are moved by
+  /// this rule.
   constexpr date_duration put_hours_into_day(const time_duration& duration) {
     const auto hours = static_cast<unsigned int>(duration.total_complete_hours() % 24);
     return static_cast<int>(date_.day(hours));

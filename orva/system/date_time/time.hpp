@@ -1,15 +1,16 @@
 /// `time`: a time of day, to the millisecond.
 ///
-/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes. Everything
-/// but the two clock readings is usable in constant expressions. There is no comparison and no text.
+/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes.
+/// Everything but the two clock readings is usable in constant expressions. There is no comparison and no
+/// text.
 ///
 ///     time(23, 59, 59, 999) + milliseconds(1)              =>  00:00:00.000    the day that ends is not told
 ///     time(0, 0, 0, 0) - milliseconds(1)                   =>  23:59:59.999
 ///     time(18, 0, 0, 0) - time(8, 30, 0, 0)                =>  a duration of 9 hours 30 minutes
 ///     time(8, 30, 0, 0) - time(18, 0, 0, 0)                =>  one of -9 hours -30 minutes
 ///
-/// Forward any distance will do. Back, only what ends in the day or in the one before: further back raises, but for
-/// a whole number of days.
+/// Forward any distance will do. Back, only what ends in the day or in the one before: further back raises,
+/// but for a whole number of days.
 ///
 /// A value that no clock shows raises `exceptions::out_of_range` and leaves its field as it was.
 #pragma once
@@ -40,8 +41,8 @@ class time {
     store(hour, minute, second, millisecond);
   }
 
-  /// The time by the clock, in the time zone of the process or in UTC. Outside Windows the zone is the one that `TZ`
-  /// named when the process first asked for a local time, or last called `tzset`.
+  /// The time by the clock, in the time zone of the process or in UTC. Outside Windows the zone is the one
+  /// that `TZ` named when the process first asked for a local time, or last called `tzset`.
   ORVA_API static time local_time();
   ORVA_API static time UTC_time();
 
@@ -77,8 +78,8 @@ class time {
 
   constexpr time& assign(const time& other) { return *this = other; }
 
-  /// Moves forward, or back by a negative duration, and wraps within the day. Where a sum below minus one day raises, the
-  /// message names the first part that is negative; the parts before it are stored already.
+  /// Moves forward, or back by a negative duration, and wraps within the day. Where a sum below minus one day
+  /// raises, the message names the first part that is negative; the parts before it are stored already.
   constexpr time& plus_assign(const time_duration& duration) {
     using internal::wrapping_add;
     constexpr long long day = 86400000;

@@ -1,6 +1,7 @@
 /// `time_duration` and `milliseconds`: a signed span of time, counted in milliseconds.
 ///
-/// Plain values of 64 bits, usable in constant expressions. Sums and differences wrap at 64 bits and never fail.
+/// Plain values of 64 bits, usable in constant expressions. Sums and differences wrap at 64 bits and never
+/// fail.
 ///
 ///     const time_duration d(1, 30, 0, 0);
 ///     d.hour()                      =>  1
@@ -24,8 +25,9 @@ class time_duration {
  public:
   constexpr time_duration() = default;
 
-  /// The first three make a number of milliseconds in 32 bits, which wraps: from 596 hours 31 minutes 23.648 seconds on, the
-  /// result is another one. The milliseconds are added to it in 64 bits, so that long durations are made of them.
+  /// The first three make a number of milliseconds in 32 bits, which wraps: from 596 hours 31 minutes 23.648
+  /// seconds on, the result is another one. The milliseconds are added to it in 64 bits, so that long
+  /// durations are made of them.
   constexpr time_duration(int hours, int minutes, int seconds, long long milliseconds)
       : count_(internal::wrapping_add<long long>(in_32_bits(hours, minutes, seconds), milliseconds)) {}
 

@@ -66,7 +66,8 @@ unsigned long long timer::windows_timer_frequency() const {
 
 TimerOverheadTester::TimerOverheadTester() {
   if (timer::overhead_microseconds() != 0) return;
-  // Copies of one timer, so that the frequency is asked for once and nothing but the clock between the readings.
+  // Copies of one timer, so that the frequency is asked for once and nothing but the clock between the
+  // readings.
   const timer fresh;
   timer warm_up = fresh;
   timer first = fresh;

@@ -1,8 +1,8 @@
 /// `timer`: a stopwatch with three resolutions, the finest of which leaves out its own cost.
 ///
-/// Intervals between `start` and `stop` add up until `reset`. An object belongs to one thread at a time. The cost that is
-/// left out is one number for the process, measured while the library is loaded; set it, if at all, before
-/// other threads use timers.
+/// Intervals between `start` and `stop` add up until `reset`. An object belongs to one thread at a time. The
+/// cost that is left out is one number for the process, measured while the library is loaded; set it, if at
+/// all, before other threads use timers.
 ///
 ///     timer t;                             microseconds; stopped, nothing added up
 ///     t.start();  work();  t.stop();
@@ -12,8 +12,9 @@
 ///     t.restart();  work();
 ///     t.elapsed_time()                     =>  the time since restart(), the timer running on
 ///
-/// Nothing here fails. The coarse resolutions count in 32 bits: an interval in which their clock begins again, once in 49
-/// days, reads as a huge one. A timer that starts in the moment when its clock reads 0 counts as stopped.
+/// Nothing here fails. The coarse resolutions count in 32 bits: an interval in which their clock begins
+/// again, once in 49 days, reads as a huge one. A timer that starts in the moment when its clock reads 0
+/// counts as stopped.
 #pragma once
 
 #include "orva/export.hpp"
@@ -34,23 +35,24 @@ class ORVA_API timer {
 
   /// Begins an interval. One that was running is lost; what was added up before stays.
   void start();
-  /// Ends the interval and adds it up; a stopped timer stays as it is. An interval of microseconds is counted without
-  /// the overhead, and as 0 where it is no longer than that.
+  /// Ends the interval and adds it up; a stopped timer stays as it is. An interval of microseconds is counted
+  /// without the overhead, and as 0 where it is no longer than that.
   void stop();
   /// Stops, and forgets what was added up.
   void reset();
   /// Forgets what was added up, and begins an interval.
   void restart();
 
-  /// The time so far in the unit of the resolution. While the timer runs, the overhead is left out once and not once an
-  /// interval.
+  /// The time so far in the unit of the resolution. While the timer runs, the overhead is left out once and
+  /// not once an interval.
   unsigned long long elapsed_time() const;
   bool is_timer_running() const { return m_start_time != 0; }
 
   timer_resolution resolution() const { return m_resolution; }
-  /// Takes another resolution, which also stops the timer and forgets what was added up; the present one changes
-  /// nothing. Returns the value that it was given. A timer that leaves microseconds goes on dividing by the frequency of
-  /// their clock, so that it counts far less than it should: make a new timer for another unit.
+  /// Takes another resolution, which also stops the timer and forgets what was added up; the present one
+  /// changes nothing. Returns the value that it was given. A timer that leaves microseconds goes on dividing
+  /// by the frequency of their clock, so that it counts far less than it should: make a new timer for another
+  /// unit.
   timer_resolution resolution(timer_resolution value);
 
   /// The cost of a start and a stop, which the timers of microseconds leave out.

@@ -1,7 +1,8 @@
-/// The conversion matrix of `variant`: from each group of stored types to numbers, to `bool`, to text, to a stream.
+/// The conversion matrix of `variant`: from each group of stored types to numbers, to `bool`, to text, to a
+/// stream.
 ///
-/// Internal: not installed. Each of `to_number`, `to_bool`, `to_text` and `write` stands once for a group of stored
-/// types: nil, `bool`, integers, floating values, text.
+/// Internal: not installed. Each of `to_number`, `to_bool`, `to_text` and `write` stands once for a group of
+/// stored types: nil, `bool`, integers, floating values, text.
 #pragma once
 
 #include <charconv>
@@ -117,7 +118,8 @@ std::string stream_text(Floating value) {
   return stream.str();
 }
 
-/// What a string stream with default flags writes, without one where the global locale adds nothing of its own.
+/// What a string stream with default flags writes, without one where the global locale adds nothing of its
+/// own.
 template <std::floating_point Floating>
 std::string floating_text(Floating value) {
   if constexpr (std::same_as<Floating, long double>) {

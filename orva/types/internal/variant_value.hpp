@@ -21,8 +21,8 @@ template <typename T>
 struct stored_as {
   using type = T;
 };
-/// A byte string and a wide string are kept in the library's class of their width, which holds the same units, so
-/// that they cross to other widths without a copy.
+/// A byte string and a wide string are kept in the library's class of their width, which holds the same
+/// units, so that they cross to other widths without a copy.
 template <strings::code_unit Unit>
 struct stored_as<std::basic_string<Unit>> {
   using type = strings::basic_ustring<Unit>;
@@ -58,8 +58,8 @@ class variant_value_t final : public variant_type {
   }
 
   std::ostream& ostream(std::ostream& stream) const override {
-    // Byte strings alone are written whole, and wide strings not as text at all: programs tell by this form that
-    // a wide string has reached a narrow stream.
+    // Byte strings alone are written whole, and wide strings not as text at all: programs tell by this form
+    // that a wide string has reached a narrow stream.
     if constexpr (std::same_as<T, std::string>) {
       return stream << value_;
     } else if constexpr (std::same_as<T, strings::wide_string>) {

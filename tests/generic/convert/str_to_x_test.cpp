@@ -75,8 +75,8 @@ reading outcome_of(Read read) {
   return reading::number;
 }
 
-/// Reads with the library, saturating and throwing, and compares both with what the reference says. `length` may be
-/// 0 for the signed and unsigned rules about it; `visible` is what the reader is then to see.
+/// Reads with the library, saturating and throwing, and compares both with what the reference says. `length`
+/// may be 0 for the signed and unsigned rules about it; `visible` is what the reader is then to see.
 template <typename Integer, typename Unit>
 bool reads_as_reference(const Unit* text, std::size_t length, const std::vector<std::uint32_t>& visible,
                         unsigned int base) {

@@ -221,7 +221,8 @@ TYPED_TEST(counted_pointer, stands_in_containers) {
   EXPECT_EQ(kept->get_ref_count(), 1u);
 }
 
-/// A pointer inside the object that it keeps alive: when the head moves on, the old head goes and the new one stays.
+/// A pointer inside the object that it keeps alive: when the head moves on, the old head goes and the new one
+/// stays.
 TYPED_TEST(counted_pointer, moves_along_a_chain_that_only_the_head_keeps_alive) {
   using target = target_of<TypeParam>;
   TypeParam head;
@@ -260,8 +261,8 @@ TYPED_TEST(counted_pointer, copy_of_a_counted_object_belongs_to_nobody) {
   EXPECT_FALSE(copy.is_created_dynamic());
 }
 
-/// Random copies, moves and assignments between a handful of pointers; the counts must be what a count by hand
-/// gives.
+/// Random copies, moves and assignments between a handful of pointers; the counts must be what a count by
+/// hand gives.
 TYPED_TEST(counted_pointer, counts_agree_with_a_count_by_hand) {
   using target = target_of<TypeParam>;
   const unsigned int seed = std::random_device{}();
@@ -323,7 +324,8 @@ TYPED_TEST(counted_pointer, is_shared_between_threads) {
   EXPECT_EQ(alive, 1);
 }
 
-/// The last reference may go on any thread; what others wrote before they let go is visible to the destructor.
+/// The last reference may go on any thread; what others wrote before they let go is visible to the
+/// destructor.
 TYPED_TEST(counted_pointer, is_destroyed_once_by_whichever_thread_is_last) {
   using target = target_of<TypeParam>;
   for (int round = 0; round < 200; ++round) {

@@ -20,8 +20,8 @@ struct fake_clock {
   int frequency_readings = 0;
 };
 
-/// One for the process. Clocks are read while the program is loaded, so it needs no construction; each reading of
-/// the counter then takes 30 microseconds.
+/// One for the process. Clocks are read while the program is loaded, so it needs no construction; each
+/// reading of the counter then takes 30 microseconds.
 inline constinit fake_clock clock = {.ticks_of_a_reading = 300};
 
 }  // namespace orva_test

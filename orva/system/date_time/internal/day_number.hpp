@@ -1,8 +1,8 @@
 /// Days of the Gregorian calendar by number, and numbers by day: what moves a `date`.
 ///
-/// Day 1 is March 1 of year 0, and years count from March, so that the day of a leap year is the last of its year.
-/// Everything is unsigned arithmetic of 32 bits and wraps. Installed because `date` is usable in constant
-/// expressions; it promises nothing to callers.
+/// Day 1 is March 1 of year 0, and years count from March, so that the day of a leap year is the last of its
+/// year. Everything is unsigned arithmetic of 32 bits and wraps. Installed because `date` is usable in
+/// constant expressions; it promises nothing to callers.
 #pragma once
 
 #include <cstdint>
@@ -23,12 +23,12 @@ constexpr unsigned int day_number(unsigned int year, unsigned int month, unsigne
   return year * 365 + leap_days + days_before_month + day;
 }
 
-/// The inverse, but for one day a leap year: the number of a February 29 gives March 1, as stored numbers are read back
-/// like that.
+/// The inverse, but for one day a leap year: the number of a February 29 gives March 1, as stored numbers are
+/// read back like that.
 ///
-/// Each division is one of a linear function, which gives quotient and remainder without correction; the constants
-/// are those of C. Neri and L. Schneider, "Euclidean affine functions and their application to calendar
-/// algorithms", 2022. A quarter of a day is the unit of the first two, as a year has 365.2425 days.
+/// Each division is one of a linear function, which gives quotient and remainder without correction; the
+/// constants are those of C. Neri and L. Schneider, "Euclidean affine functions and their application to
+/// calendar algorithms", 2022. A quarter of a day is the unit of the first two, as a year has 365.2425 days.
 constexpr basic_date day_of_number(unsigned int number) {
   const std::uint64_t quarters = std::uint64_t{4} * (number - 1) + 3;
   const auto century = static_cast<unsigned int>(quarters / 146097);
