@@ -147,9 +147,15 @@ class turns {
   std::size_t next_ = 0;
 };
 
-void look_up_and_render_message(benchmark::State& state) {
+message_catalogs loaded_catalogs() {
   message_catalogs catalogs;
-  catalogs.load(file().path(), "en");
+  if (catalogs.load(file().path(), "en") != message_catalogs::no_error)
+    throw std::runtime_error("not loaded");
+  return catalogs;
+}
+
+void look_up_and_render_message(benchmark::State& state) {
+  const message_catalogs catalogs = loaded_catalogs();
   const std::vector<ustring8> keys(names().begin(), names().end());
   const ustring8 catalog = "app";
   turns next(state);
@@ -163,8 +169,7 @@ void look_up_and_render_message(benchmark::State& state) {
 BENCHMARK(look_up_and_render_message)->Arg(16)->Arg(message_count);
 
 void look_up_message(benchmark::State& state) {
-  message_catalogs catalogs;
-  catalogs.load(file().path(), "en");
+  const message_catalogs catalogs = loaded_catalogs();
   const std::vector<ustring8> keys(names().begin(), names().end());
   const ustring8 catalog = "app";
   turns next(state);

@@ -1,16 +1,22 @@
-/// `catalog_t`: one named set of messages, after the choice of language was made.
+/// `catalog_t`: a named set of messages, each in the best language that was loaded for it.
 ///
-/// Each name holds one message, which remembers in `_orginal_locale` the language that it came from. The
-/// catalog owns its messages; what it hands out stays valid until the message is replaced or the catalog
-/// goes. Catalogs are counted objects, held by `memory::pointers::shared_pointer` in `message_catalogs`.
+///     const i18n::catalog_t& catalog = catalogs.catalog("app");
+///     catalog.message("disk_free").as_utf8(args)         =>  "Free: 1.5 KB"
+///     catalog.message("unknown").as_utf8()               =>  ""         no check is needed before rendering
+///     catalog.message("unknown") == types::nil           =>  true
+///     catalog.is_language_loaded("de")                   =>  true
 ///
-/// Many threads may read a filled catalog, with one exception: the first question about languages fills a
-/// cache behind the const interface. Call `gen_lang_set` once before a catalog is shared.
+/// A catalog holds one message per name. The message keeps the language that it came from in
+/// `_orginal_locale`. References to a message stay valid until the message is replaced or the catalog is
+/// destroyed. Catalogs are counted objects; `message_catalogs` holds them by
+/// `memory::pointers::shared_pointer`.
 ///
-///     catalog.message("disk_free").as_utf8(args);
-///     catalog.message("unknown") == types::nil;          // nothing to check before rendering: the text is empty
+/// Threads: any number of threads may call the const functions of a catalog while none changes it.
+///
+/// Edge cases: docs/edges.md#messages.
 #pragma once
 
+#include <mutex>
 #include <set>
 #include <vector>
 
@@ -40,13 +46,14 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   static const message_t m_nil_message;
 
   catalog_t() = default;
-  /// `languages` is taken as it stands; an empty one is filled from the messages when it is first asked for.
+  /// `languages` is stored unchanged. An empty one is filled from the messages by the first lookup of a
+  /// language.
   catalog_t(const strings::ustring8& name, const std::vector<strings::ustring8>& languages,
             message_map messages);
-  /// A copy of the name, the languages and the messages. It is a counted object of its own.
+  /// Copies name, languages and messages. The copy has a count of its own.
   catalog_t(const catalog_t& other);
 
-  /// Takes over name, languages and messages. Whoever points at this catalog goes on pointing at it.
+  /// Copies name, languages and messages. Pointers to this catalog stay valid.
   catalog_t& assign(const catalog_t& other);
   /// Empties the catalog.
   catalog_t& assign(const types::nil_t&);
@@ -59,8 +66,8 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   bool has_message(const strings::text_argument& name) const;
   /// The message, or `m_nil_message`.
   const message_t& message(const strings::text_argument& name) const;
-  /// Stores `value` under `name` in place of any message of that name, and returns the stored one. A language
-  /// that is new with it does not show once the languages have been asked for.
+  /// Stores `value` under `name`, in place of any message of that name, and returns the stored message. Once
+  /// the set of languages is filled, the language of `value` is not added to it.
   const message_t& message(const strings::text_argument& name, const message_t& value);
 
   /// The number of messages.
@@ -69,15 +76,19 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   const_iterator begin() const noexcept { return messages_.begin(); }
   const_iterator end() const noexcept { return messages_.end(); }
 
-  /// The languages of the messages, sorted, as the files spell them.
+  // The set of languages is filled from the messages by the first of these calls that finds it empty, and is
+  // never refreshed.
+
+  /// The languages of the messages, sorted, in the spelling of the files.
   language_iterator languages_begin() const;
   language_iterator languages_end() const;
-  /// Whether a message came from exactly this language: `.` and `-` count as `_`, and no parent is tried.
+  /// Whether the set holds exactly this language. `.` and `-` count as `_`, and parents are not tried.
   ///
   ///     messages of "de_DE"   is_language_loaded("de-DE")  =>  true
   ///     messages of "de"      is_language_loaded("de-DE")  =>  false
   bool is_language_loaded(const strings::text_argument& language) const;
-  /// Adds the language of each message to the languages.
+  /// Adds the language of each message to the set. Adding one that is not in the set yet is a change of the
+  /// catalog: other threads must not use it meanwhile.
   void gen_lang_set() const;
 
   /// Without name, languages and messages.
@@ -88,9 +99,14 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
  private:
   friend class _private::xmc_file_loader;  // merges whole maps of messages
 
-  void need_languages() const;
+  const language_set& filled_languages() const;
+  language_set copy_of_languages() const;
+  /// REQUIRES: `languages_mutex_` is locked.
+  void add_languages() const;
 
   strings::ustring8 name_;
+  // The set is filled in const functions, which several threads may call.
+  mutable std::mutex languages_mutex_;
   mutable language_set languages_;
   _private::message_table messages_;
 };

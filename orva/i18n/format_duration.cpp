@@ -10,6 +10,7 @@
 #include "orva/i18n/internal/append_formatted.hpp"
 #include "orva/i18n/internal/double_attributes.hpp"
 #include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
@@ -52,20 +53,28 @@ double fraction_of(double seconds) {
   return std::modf(seconds, &whole);
 }
 
-/// The seconds are shown as `format_double` shows them under this precision alone: a negative one is refused,
-/// and an empty one would be the missing value of an attribute string.
-bool is_precision(std::string_view text) { return !text.empty() && to_number(text) >= 0; }
+/// Adds what `format_double` returns for the attribute "precision" alone. It refuses a negative precision,
+/// and an empty one, which would be the last field of its attribute string and so a missing value.
+void append_seconds(std::string& text, double seconds, std::string_view precision) {
+  const double_attributes attributes{.precision = to_number(precision)};
+  if (precision.empty() || !attributes.is_valid()) {
+    text.append(refused_value);
+  } else {
+    append_double_text(text, seconds, attributes);
+  }
+}
 
-/// Adds the parts from the largest down.
+/// Adds days, hours and minutes, in this order.
 class part_writer {
  public:
   explicit part_writer(std::string& text) : text_(text), begin_(text.size()) {}
 
-  /// A part that is zero is left out as long as nothing stands before it.
+  /// A part that is zero is left out unless a larger part was added. The number shown has 32 bits: days
+  /// beyond them wrap.
   void add(std::int64_t value, std::string_view label) {
     if (value == 0 && text_.size() == begin_) return;
     char buffer[generic::convert::number_buffer_size];
-    generic::convert::lltoa(value, buffer, 10);
+    generic::convert::lltoa(static_cast<types::int32>(value), buffer, 10);
     text_.append(buffer).append(label);
   }
 
@@ -78,7 +87,7 @@ class part_writer {
 
 bool append_duration(std::string& text, double seconds, std::string_view attrs) {
   duration_attributes attributes;
-  if (!read_attributes(attrs, attributes) || !is_precision(attributes.precision)) return false;
+  if (!read_attributes(attrs, attributes)) return false;
   const std::int64_t whole = whole_seconds(seconds);
   const double rest = static_cast<double>(whole % minute) + fraction_of(seconds);
   const duration_labels& labels = attributes.short_form ? short_labels : long_labels;
@@ -87,7 +96,7 @@ bool append_duration(std::string& text, double seconds, std::string_view attrs) 
   writer.add(whole / day, labels.days);
   writer.add(whole % day / hour, labels.hours);
   writer.add(whole % hour / minute, labels.minutes);
-  append_double_text(text, rest, {.precision = to_number(attributes.precision)});
+  append_seconds(text, rest, attributes.precision);
   text.append(labels.seconds);
   return true;
 }

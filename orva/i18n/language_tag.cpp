@@ -26,7 +26,7 @@ ustring8 normalized_language_tag(std::string_view tag) {
 }
 
 accepted_languages::accepted_languages(std::string_view language)
-    : language_(normalized_language_tag(language)) {
+    : accepts_fixed_tags_(true), language_(normalized_language_tag(language)) {
   if (language_.empty()) return;
   std::size_t size = 0;
   for (const ustring8& part : strings::split_string(language_, "_", 0)) {
@@ -43,6 +43,7 @@ uint32 accepted_languages::weight(std::string_view tag) const {
 }
 
 uint32 accepted_languages::position(std::string_view tag) const {
+  if (!accepts_fixed_tags_) return 0;
   if (tag == neutral) return 1;
   if (tag == english) return 2;
   // No two prefixes have one length.

@@ -28,9 +28,9 @@ strings::ustring8 normalized_language_tag(std::string_view tag);
 ///     "de__CH"       =>  "."  "en"  "de"  "de_"  "de__CH"
 class accepted_languages {
  public:
-  /// The neutral tag and English.
+  /// Accepts nothing.
   accepted_languages() = default;
-  /// In any spelling that `normalized_language_tag` takes.
+  /// Takes a language in any spelling that `normalized_language_tag` takes.
   explicit accepted_languages(std::string_view language);
 
   /// The place of `tag` in the list, counted from 1; 0 if it is not accepted. The bigger, the better the
@@ -40,6 +40,7 @@ class accepted_languages {
  private:
   types::uint32 position(std::string_view tag) const;
 
+  bool accepts_fixed_tags_ = false;
   strings::ustring8 language_;
   // The prefixes are kept by their lengths: written out, those of a long tag would take its length squared.
   std::vector<std::size_t> prefix_sizes_;

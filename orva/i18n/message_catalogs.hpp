@@ -1,4 +1,4 @@
-/// `message_catalogs`: all the messages of an application, loaded from XMC files and looked up by catalog and
+/// `message_catalogs`: the messages of an application, loaded from XMC files and looked up by catalog and
 /// name.
 ///
 ///     i18n::message_catalogs catalogs;
@@ -6,16 +6,22 @@
 ///     if (result != i18n::message_catalogs::no_error) std::cerr << result << '\n';
 ///     catalogs.message("app", "disk_free").as_utf8(args);
 ///
-/// Several loads build up one set, and of two messages with one name the one in the more specific language
-/// stays. Copies share their catalogs until one of them drops a catalog: a load into one copy is seen through
-/// all.
+/// Each load adds to the set. Where a loaded message has the name of one in the set, it replaces that one,
+/// unless the one in the set is in a language that this load prefers. A load for another language therefore
+/// replaces messages, too.
 ///
-/// No lookup fails: what is not there comes back as a nil message, which renders as empty text. References
-/// and iterators stay valid until the next load or `erase`. Lookups on a loaded set may run on many threads;
-/// loading must be done before they start.
+/// Copies of a set share its catalogs. A load into one copy that adds messages to a shared catalog shows in
+/// all copies; a catalog that is new, or is dropped, is so in the one copy alone.
+///
+/// No lookup fails: an unknown message is the nil message, which renders as empty text. References and
+/// iterators stay valid until the next load or `erase`.
+///
+/// Threads: any number of threads may look up messages, catalogs and languages while none loads or erases.
+///
+/// Edge cases: docs/edges.md#messages.
 #pragma once
 
-#include <initializer_list>
+#include <concepts>
 #include <iosfwd>
 #include <map>
 #include <vector>
@@ -59,6 +65,10 @@ class ORVA_API message_catalogs {
 
     error_type type() const noexcept { return type_; }
     operator error_type() const noexcept { return type_; }
+    /// `if (catalogs.load(...))` would be true on failure. Compare with `no_error` instead, and use `type()`
+    /// in a `switch`.
+    template <std::same_as<bool> Bool>
+    operator Bool() const = delete;
     const strings::ustring8& message() const noexcept { return message_; }
 
    protected:
@@ -94,22 +104,24 @@ class ORVA_API message_catalogs {
   /// A failure leaves all earlier loads as they were, and nothing of the failing file is kept. An empty
   /// language gives `no_default_locale`. A directory that leaves the set without any catalog gives
   /// `no_catalog`.
-  result_type load(const strings::text_argument& path, const strings::text_argument& language,
-                   const strings::text_argument& catalog = "");
+  [[nodiscard]] result_type load(const strings::text_argument& path, const strings::text_argument& language,
+                                 const strings::text_argument& catalog = "");
   /// Takes files and directories in their order and stops at the first failure, which is the result. The ones
   /// before it stay loaded. Here directories without any catalog are no failure.
-  result_type load(const path_list& paths, const strings::text_argument& language,
-                   const strings::text_argument& catalog = "");
+  [[nodiscard]] result_type load(const path_list& paths, const strings::text_argument& language,
+                                 const strings::text_argument& catalog = "");
 
   /// Loads a file. One that does not exist gives `file_not_found`.
-  result_type load_file(const strings::text_argument& file, const strings::text_argument& language,
-                        const strings::text_argument& catalog = "");
+  [[nodiscard]] result_type load_file(const strings::text_argument& file,
+                                      const strings::text_argument& language,
+                                      const strings::text_argument& catalog = "");
 
   /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml"
   /// in letters of either case, in the order of `system::list_directory`. Ends at the first file that fails;
   /// a file without a catalog for the language is such a failure.
-  result_type load_directory(const strings::text_argument& directory, const strings::text_argument& language,
-                             const strings::text_argument& catalog = "");
+  [[nodiscard]] result_type load_directory(const strings::text_argument& directory,
+                                           const strings::text_argument& language,
+                                           const strings::text_argument& catalog = "");
 
   /// Drops all catalogs.
   void erase() { catalogs_.clear(); }

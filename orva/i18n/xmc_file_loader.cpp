@@ -49,13 +49,17 @@ load_error xmc_file_loader::parse(const text_argument& file) {
   return parse_file(file);
 }
 
-load_error xmc_file_loader::parse(const text_argument& file, const text_argument& language,
-                                  const text_argument& catalog) {
+load_error xmc_file_loader::parse(const text_argument& file, const text_argument& language) {
   if (language.get().empty()) return {no_default_locale, ""};
   handle_language(language);
-  catalog_id_ = catalog;
   included_files_ = 0;
   return parse_file(file);
+}
+
+load_error xmc_file_loader::parse(const text_argument& file, const text_argument& language,
+                                  const text_argument& catalog) {
+  if (!language.get().empty()) catalog_id_ = catalog;
+  return parse(file, language);
 }
 
 load_error xmc_file_loader::parse_file(const ustring8& file) {

@@ -51,18 +51,20 @@ class ORVA_API xmc_file_loader {
   static constexpr types::uint32 max_included_files = 10000;
 
   /// Reads a file for the neutral languages "." and "en" only.
-  load_error parse(const strings::text_argument& file);
-  /// Reads a file for a language, its parents and the neutral ones, keeping only `catalog` unless that is
-  /// empty. An empty language gives `no_default_locale` without a look at the file.
-  load_error parse(const strings::text_argument& file, const strings::text_argument& language,
-                   const strings::text_argument& catalog = "");
+  [[nodiscard]] load_error parse(const strings::text_argument& file);
+  /// Reads a file for a language, its parents, English and the neutral language. An empty language gives
+  /// `no_default_locale`, and the file is not read.
+  [[nodiscard]] load_error parse(const strings::text_argument& file, const strings::text_argument& language);
+  /// The same, but from now on only the catalog of that name is read. An empty name stands for all catalogs.
+  [[nodiscard]] load_error parse(const strings::text_argument& file, const strings::text_argument& language,
+                                 const strings::text_argument& catalog);
 
-  /// Reads a file for the languages set before. A file that cannot be opened although it is there reads as
-  /// empty, and so as one without XML header.
-  load_error parse_file(const strings::ustring8& file);
-  /// Reads the text of a file. `file` is named in errors; paths of includes start from the file read last by
-  /// `parse_file`.
-  load_error parse_string(const strings::ustring8& text, const strings::ustring8& file);
+  /// Reads a file for the languages set before; without any, no catalog is wanted. A file that exists but
+  /// cannot be opened reads as empty, which is a file without XML header.
+  [[nodiscard]] load_error parse_file(const strings::ustring8& file);
+  /// Reads the text of a file. Errors name it `file`. Relative paths of includes start from the directory of
+  /// the last file that `parse_file` read.
+  [[nodiscard]] load_error parse_string(const strings::ustring8& text, const strings::ustring8& file);
 
   /// Merges what was read into `target`, making the catalogs that it lacks, and returns the number of
   /// messages stored, new or in place of another. A message that `target` holds stays only if its language
@@ -79,7 +81,7 @@ class ORVA_API xmc_file_loader {
   /// Forgets what was read, but not the languages.
   void reset();
 
-  /// Sets the accepted languages; see `accepted_languages`.
+  /// Sets the accepted languages; see `accepted_languages`. A new loader accepts none.
   void handle_language(const strings::text_argument& language);
   /// The place of a language among the accepted ones, counted from 1. The bigger, the better; 0 is not
   /// wanted.

@@ -2,8 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <barrier>
 #include <functional>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include "orva/memory/pointers/shared_pointer.hpp"
@@ -105,6 +108,42 @@ TEST(catalog, keeps_the_languages_that_the_first_question_found) {
   EXPECT_FALSE(catalog.is_language_loaded("fr"));
   catalog.gen_lang_set();
   EXPECT_TRUE(catalog.is_language_loaded("fr"));
+}
+
+/// Runs `read` on several threads at once.
+template <typename Read>
+void on_many_threads(Read read) {
+  constexpr int count = 4;
+  std::barrier start(count);
+  std::vector<std::thread> threads;
+  for (int i = 0; i < count; ++i) {
+    threads.emplace_back([&] {
+      start.arrive_and_wait();
+      read();
+    });
+  }
+  for (std::thread& thread : threads) thread.join();
+}
+
+TEST(catalog, first_lookups_of_a_language_may_run_on_many_threads) {
+  std::atomic<int> wrong = 0;
+  for (int round = 0; round < 200; ++round) {
+    catalog_t filled;
+    for (int i = 0; i < 20; ++i) {
+      const ustring8 number = std::to_string(i);
+      filled.message("m" + number, message_of("m" + number, "text", "l" + number));
+    }
+    const catalog_t& catalog = filled;
+    on_many_threads([&] {
+      bool right = catalog.is_language_loaded("l7") && !catalog.is_language_loaded("l20");
+      right = right && languages_of(catalog).size() == 20 && !(catalog == nil);
+      const catalog_t copy(catalog);
+      right = right && copy.is_language_loaded("l19") && catalog.has_message("m3");
+      catalog.gen_lang_set();
+      if (!right) ++wrong;
+    });
+  }
+  EXPECT_EQ(wrong, 0);
 }
 
 TEST(catalog, keeps_a_language_whose_messages_were_replaced) {

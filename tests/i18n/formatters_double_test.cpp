@@ -5,11 +5,11 @@
 #include <cstdint>
 #include <initializer_list>
 #include <limits>
-#include <random>
 #include <string>
 
 #include "orva/i18n/formatters.hpp"
 #include "tests/support/attribute_string.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_formatters.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
@@ -191,9 +191,7 @@ TEST(format_double, special_values_are_printed_as_the_c_runtime_does) {
 }
 
 TEST(format_double, random_values_are_printed_as_the_c_runtime_does) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   std::uniform_real_distribution<double> everyday(-1e9, 1e9);
   for (int i = 0; i < 50000; ++i) {
     const auto precision = static_cast<int>(random() % (i % 8 == 0 ? 70 : 6));

@@ -5,11 +5,11 @@
 #include <initializer_list>
 #include <iterator>
 #include <limits>
-#include <random>
 #include <string>
 
 #include "orva/i18n/formatters.hpp"
 #include "tests/support/attribute_string.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_formatters.hpp"
 
 namespace {
@@ -311,9 +311,7 @@ TEST(format_int, values_around_powers_are_those_of_the_reference) {
 }
 
 TEST(format_int, random_values_are_those_of_the_reference) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for (int fieldsize = 0; fieldsize < 90; ++fieldsize) {
     const styles_in_field field(fieldsize);
     for (int i = 0; i < 300; ++i) {

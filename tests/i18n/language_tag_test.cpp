@@ -54,6 +54,14 @@ TEST(language_tag, list_grows_from_neutral_to_specific) {
   }
 }
 
+TEST(language_tag, none_is_accepted_before_one_was_set) {
+  const xmc_file_loader loader;
+  for (const char* tag : {".", "en", "", "de"}) {
+    EXPECT_EQ(loader.get_locale_weight(tag), 0u) << tag;
+    EXPECT_FALSE(loader.is_lang_id_good(tag)) << tag;
+  }
+}
+
 TEST(language_tag, neutral_tag_asked_for_counts_at_its_first_place) {
   xmc_file_loader loader;
   loader.handle_language(".");

@@ -95,6 +95,34 @@ TEST(message_catalogs_result, is_its_code) {
   EXPECT_TRUE(result == message_catalogs::entity_not_found);
 }
 
+template <typename Result>
+concept has_truth = requires(Result result) {
+  result ? 1 : 0;
+};
+template <typename Result>
+concept has_negation = requires(Result result) {
+  !result;
+};
+
+// A condition on a result would be true for a failure. No form of one compiles.
+static_assert(!std::is_convertible_v<result_type, bool>);
+static_assert(!std::is_constructible_v<bool, result_type>);
+static_assert(!std::is_constructible_v<bool, const result_type&>);
+static_assert(!has_truth<result_type> && !has_negation<result_type>);
+static_assert(std::is_convertible_v<result_type, message_catalogs::error_type>);
+static_assert(std::is_convertible_v<result_type, int>);
+
+TEST(message_catalogs_result, is_compared_and_converted_as_its_code) {
+  const result_type result(message_catalogs::file_not_found, "x");
+  EXPECT_TRUE(result == message_catalogs::file_not_found);
+  EXPECT_TRUE(result != message_catalogs::no_error);
+  EXPECT_TRUE(message_catalogs::no_error != result);
+  EXPECT_TRUE(result == 3);
+  EXPECT_TRUE(result == result_type(message_catalogs::file_not_found, "y"));
+  const int number = result;
+  EXPECT_EQ(number, 3);
+}
+
 TEST(message_catalogs_result, copies_and_moves) {
   result_type first(message_catalogs::entity_not_found, "x");
   const result_type copy = first;

@@ -6,6 +6,7 @@
 #include <iterator>
 
 #include "tests/i18n/xmc_reading.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace {
 
@@ -274,6 +275,35 @@ TEST(xmc_file_loader, restricts_a_load_to_one_catalog) {
   xmc_file_loader::catalog_map catalogs;
   EXPECT_EQ(loader.combine_data(catalogs), 1u);
   EXPECT_EQ(catalogs.count("other"), 0u);
+}
+
+TEST(xmc_file_loader, finds_no_catalog_before_a_language_was_set) {
+  const temporary_directory directory;
+  const ustring8 text =
+      xmc(app("en", "<msg name='m'>1</msg>") + app(".", "<msg name='m'>2</msg>") + app("", ""));
+  const std::string file = directory.write("a.xmc", text);
+  xmc_file_loader loader;
+  EXPECT_EQ(loader.parse_string(text, "a").type(), load_error::no_catalog);
+  EXPECT_EQ(loader.parse_file(file).type(), load_error::no_catalog);
+  EXPECT_EQ(loader.parse(file).type(), load_error::no_error);
+  EXPECT_EQ(loader.get_locale_weight("en"), 2u);
+}
+
+TEST(xmc_file_loader, load_without_a_catalog_name_keeps_the_one_before) {
+  const temporary_directory directory;
+  const std::string file =
+      directory.write("a.xmc", xmc("<catalog name='other' lang='de'/>" + app("de", "<msg name='m'>1</msg>")));
+  xmc_file_loader loader;
+  EXPECT_EQ(loader.parse(file, "de", "other").type(), load_error::no_error);
+  loader.reset();
+  EXPECT_EQ(loader.parse(file, "de").type(), load_error::no_error);
+  EXPECT_TRUE(loader.is_catalog_matched("other"));
+  EXPECT_FALSE(loader.is_catalog_matched("app"));
+  xmc_file_loader::catalog_map catalogs;
+  EXPECT_EQ(loader.combine_data(catalogs), 0u);
+  EXPECT_EQ(catalogs.count("app"), 0u);
+  EXPECT_EQ(loader.parse(file, "de", "").type(), load_error::no_error);
+  EXPECT_FALSE(loader.is_cat_id_set());
 }
 
 TEST(xmc_file_loader, refuses_an_empty_language_before_looking_at_the_file) {

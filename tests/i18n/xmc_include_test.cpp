@@ -62,7 +62,7 @@ TEST(xmc_include, forms_of_absolute_paths) {
   for (const auto& row : rows) {
     xmc_file_loader loader;
     loader.handle_language("de");
-    loader.parse_file("no_such_file");
+    EXPECT_EQ(loader.parse_file("no_such_file").type(), load_error::file_not_found);
     const temporary_directory empty;
     const load_error error = loader.parse_string(xmc(include(row.path)), "test.xmc");
     EXPECT_EQ(error.type(), load_error::file_not_found) << row.path;

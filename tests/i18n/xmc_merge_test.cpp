@@ -3,11 +3,11 @@
 
 #include <algorithm>
 #include <map>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "tests/i18n/xmc_reading.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -31,7 +31,7 @@ int weight(std::string language) {
 
 using model = std::map<std::string, std::map<std::string, entry>>;
 
-std::vector<entry> random_entries(std::mt19937& random) {
+std::vector<entry> random_entries(random_engine& random) {
   const std::vector<std::string> languages = {".", "en", "de", "de_DE", "de-DE", "fr", "", "de_AT"};
   std::vector<entry> entries(random() % 40);
   for (std::size_t i = 0; i < entries.size(); ++i) {
@@ -42,7 +42,7 @@ std::vector<entry> random_entries(std::mt19937& random) {
 }
 
 /// Neighbours of one catalog and language share an element, at times.
-ustring8 document_of(const std::vector<entry>& entries, std::mt19937& random) {
+ustring8 document_of(const std::vector<entry>& entries, random_engine& random) {
   ustring8 content;
   const entry* open = nullptr;
   for (const entry& next : entries) {
@@ -100,9 +100,7 @@ void expect_same(const xmc_file_loader::catalog_map& catalogs, const model& expe
 }
 
 TEST(xmc_merge, random_loads_leave_what_the_model_leaves) {
-  const unsigned seed = std::random_device()();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   for (int round = 0; round < 300; ++round) {
     xmc_file_loader::catalog_map catalogs;
     model expected;
