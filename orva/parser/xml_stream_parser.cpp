@@ -15,7 +15,7 @@ namespace ORVA_NAMESPACE::parser {
 
 namespace {
 
-constexpr std::size_t window_size = 0x10000;
+constexpr std::ptrdiff_t window_size = 0x10000;
 constexpr long long smallest_file = 50;
 constexpr std::size_t shortest_header = 6;
 
@@ -54,7 +54,7 @@ void xml_stream_parser::init(const strings::ustring16& file) {
   in_tag_ = awaiting_close_ = in_comment_ = header_done_ = root_closed_ = false;
   bytes_read_ = 0;
   root_.clear();
-  buffer_.resize(window_size);
+  buffer_.resize(2 * window_size);
   cursor_ = mark_ = data_end_ = buffer_.data();
   node_queue_.clear();
   counted_ = 0;
@@ -70,11 +70,7 @@ void xml_stream_parser::init(const strings::ustring16& file) {
   id_stack_.assign(1, 0);
 }
 
-std::size_t xml_stream_parser::load() { return load_if_free(0); }
-
-/// Reads only if that much of the window is free: to move a full window for a few bytes is dear. The file is
-/// looked at all the same.
-std::size_t xml_stream_parser::load_if_free(std::size_t wanted) {
+std::size_t xml_stream_parser::load() {
   if (finished()) return 0;
   const auto path = platform::to_native(file_name_);
   error_ = refusal(path);
@@ -84,28 +80,28 @@ std::size_t xml_stream_parser::load_if_free(std::size_t wanted) {
     error_ = cannot_open_file;
     return 0;
   }
-  const long long size = file.size();
-  if (size <= bytes_read_ || data_end_ - mark_ > static_cast<std::ptrdiff_t>(window_size - wanted)) return 0;
-  slide_window();
-  const auto room = static_cast<std::size_t>(buffer_.data() + buffer_.size() - data_end_);
-  const auto count = static_cast<std::size_t>(std::min(static_cast<long long>(room), size - bytes_read_));
+  const long long end_of_window = parse_offset() + static_cast<long long>(window_size);
+  const long long end = std::min<long long>(file.size(), end_of_window);
+  if (end <= bytes_read_) return 0;
+  const auto count = static_cast<std::size_t>(end - bytes_read_);
+  make_room(count);
   if (file.read(bytes_read_, data_end_, count) < count) throw stream_failure("ios_base::failbit set");
   bytes_read_ += static_cast<long long>(count);
   data_end_ += count;
   return count;
 }
 
-void xml_stream_parser::slide_window() noexcept {
-  if (mark_ == buffer_.data()) return;
+/// The buffer holds two windows, so that the window moves through it, and is copied back to its start only
+/// once for each window of text.
+void xml_stream_parser::make_room(std::size_t count) noexcept {
+  if (static_cast<std::size_t>(buffer_.data() + buffer_.size() - data_end_) >= count) return;
   const auto kept = static_cast<std::size_t>(data_end_ - mark_);
   std::memmove(buffer_.data(), mark_, kept);
   cursor_ = mark_ = buffer_.data();
   data_end_ = buffer_.data() + kept;
 }
 
-bool xml_stream_parser::window_is_full() const noexcept {
-  return mark_ == buffer_.data() && data_end_ == buffer_.data() + buffer_.size();
-}
+bool xml_stream_parser::window_is_full() const noexcept { return data_end_ - mark_ == window_size; }
 
 const xml_stream_parser::error_type& xml_stream_parser::parse() {
   if (error_ >= fatal_error || finished()) return error_;
@@ -115,57 +111,57 @@ const xml_stream_parser::error_type& xml_stream_parser::parse() {
   return error_;
 }
 
-/// False with `error_` telling if the header is not behind us.
+/// False with the reason in `error_` if the header is not over.
 bool xml_stream_parser::read_header() {
   if (load() == 0 && bytes_read_ == 0) return false;
   if (error_ != no_error) return false;
   if (bytes_read_ < smallest_file) return error_ = incomplete, false;
-  if (parse_offset() == 0 && mark_[3] == '<') mark_ += 3;
-  for (;;) {
-    const error_type found = scan_header();
-    if (found == no_error) return header_done_ = true;
-    if (found == incomplete && load() > 0) continue;
-    if (error_ == no_error) error_ = left() < shortest_header ? bad_header : found;
-    return false;
-  }
+  error_type found = scan_header();
+  while (found == incomplete && load() > 0) found = scan_header();
+  if (error_ == no_error) error_ = found;
+  return header_done_ = error_ == no_error;
 }
 
-/// `incomplete` if more data may show a header.
+/// `incomplete` if the header begins in the window and does not end in it; it is the first token then.
 xml_stream_parser::error_type xml_stream_parser::scan_header() noexcept {
   static constexpr std::string_view opener = "<?xml";
-  skip_blanks_from_mark();
-  if (left() < shortest_header) return incomplete;
-  const std::string_view header(cursor_, left());
-  if (!header.starts_with(opener)) return bad_header;
-  const auto end = header.find_first_of("?>", opener.size());
-  if (end == header.npos) return incomplete;
-  const auto behind = header[end] == '?' ? end + 2 : end + 1;
-  if (behind > header.size()) return incomplete;
-  mark_ += behind;
-  skip_blanks_from_mark();
-  return no_error;
-}
-
-void xml_stream_parser::skip_blanks_from_mark() noexcept {
   cursor_ = mark_;
   line_ = mark_line_;
+  if (parse_offset() == 0 && mark_[3] == '<') cursor_ += 3;
   skip_whitespace();
+  const std::string_view header(cursor_, left());
+  if (header.size() < shortest_header || !header.starts_with(opener)) return bad_header;
+  const auto end = header.find_first_of("?>", opener.size());
+  const auto size = end == header.npos ? end : end + (header[end] == '?' ? 2u : 1u);
+  const bool is_whole = size <= header.size();
+  if (is_whole) {
+    cursor_ += size;
+    skip_whitespace();
+  }
   mark_ = cursor_;
   mark_line_ = line_;
+  return is_whole ? no_error : incomplete;
 }
 
 void xml_stream_parser::do_parse() {
   if (finished() || enough_to_take()) return;
-  // It stops only where the grammar has a place to stop: were it to stop wherever the window's data end, an
-  // open level could be taken with half of its attributes.
   for (bool paused = false; !paused;) {
     paused = parse_next();
     if (finished() || error_ > incomplete) return;
     const error_type stopped_by = error_;
-    if (load_if_free(paused ? window_size / 2 : 0) > 0) continue;
-    if (error_ == no_error) error_ = stopped_by;
-    return;
+    if (load() == 0) {
+      if (error_ == no_error) error_ = stopped_by;
+      return;
+    }
+    if (enough_to_take() && !last_node_is_unfinished()) return;
   }
+}
+
+/// Whether the last node is an open level whose attributes and text may still follow, and which could be
+/// taken without them.
+bool xml_stream_parser::last_node_is_unfinished() const noexcept {
+  const node& last = node_queue_.back();
+  return last.available_ && last.status_ == incomplete;
 }
 
 bool xml_stream_parser::node_queue_empty() const noexcept { return queue_size_less_than(1); }
@@ -194,22 +190,42 @@ xml_stream_parser::node& xml_stream_parser::node_queue_front() {
 
 xml_stream_parser::node xml_stream_parser::node_queue_pop() {
   if (node_queue_.empty()) throw EmptyNodeQueue();
-  const auto front = node_queue_.begin();
-  const bool is_open =
-      open_tags_without_node_ < open_tags_.size() && open_tags_[open_tags_without_node_].position == front;
-  if (is_open) ++open_tags_without_node_;
-  if (counted_ > 0) --counted_;
   node_list taken;
-  taken.splice(taken.begin(), node_queue_, front);
-  if (!front->available_) throw EmptyNodeQueue();
+  taken.splice(taken.begin(), node_queue_, node_queue_.begin());
+  if (counted_ > 0) --counted_;
+  node& front = taken.front();
+  if (!front.available_) {
+    forget_open_tag_of(front);
+    throw EmptyNodeQueue();
+  }
+  if (error_ > incomplete || !node_queue_empty() || finished()) {
+    forget_open_tag_of(front);
+    return std::move(front);
+  }
+  return parse_behind(taken);
+}
+
+/// Parses on while the first node is out of the queue. If that throws, the node goes back, with all that was
+/// read for it meanwhile; the caller gets it as it was before.
+xml_stream_parser::node xml_stream_parser::parse_behind(node_list& taken) {
+  const error_type error_before = error_;
   try {
-    if (error_ <= incomplete && node_queue_empty()) do_parse();
+    node result = taken.front();
+    do_parse();
+    forget_open_tag_of(taken.front());
+    return result;
   } catch (...) {
     node_queue_.splice(node_queue_.begin(), taken);
     counted_ = 0;
+    error_ = error_before;
     throw;
   }
-  return std::move(*front);
+}
+
+/// What comes late for a node that has left is dropped.
+void xml_stream_parser::forget_open_tag_of(const node& taken) noexcept {
+  if (open_tags_without_node_ == open_tags_.size()) return;
+  if (&*open_tags_[open_tags_without_node_].position == &taken) ++open_tags_without_node_;
 }
 
 long long xml_stream_parser::file_length() const {
@@ -237,10 +253,10 @@ const xml_stream_parser::error_type& xml_stream_parser::recover_at(
   if (error_ >= fatal_error) return error_;
   if (tags.empty()) return error_ = not_synchronized;
   give_up_open_records();
-  // Behind the end of the root there is nothing to go on with, whatever stands there.
-  while (finished() || !find_start_tag(tags)) {
+  while (!find_start_tag(tags)) {
     if (load() > 0) continue;
-    if (error_ < fatal_error && error_ != end_of_document) error_ = not_synchronized;
+    // A file that cannot be read now may be back for the next attempt.
+    if (error_ != end_of_document) error_ = not_synchronized;
     return error_;
   }
   synchronized_ = true;

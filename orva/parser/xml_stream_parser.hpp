@@ -230,15 +230,16 @@ class ORVA_API xml_stream_parser {
   bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
   std::size_t left() const noexcept { return static_cast<std::size_t>(data_end_ - cursor_); }
   bool window_is_full() const noexcept;
-  std::size_t load_if_free(std::size_t wanted);
-  void slide_window() noexcept;
+  void make_room(std::size_t count) noexcept;
 
   bool read_header();
   error_type scan_header() noexcept;
-  void skip_blanks_from_mark() noexcept;
   bool enough_to_take() const noexcept {
     return node_queue_.size() >= enough_nodes && !queue_size_less_than(2);
   }
+  bool last_node_is_unfinished() const noexcept;
+  node parse_behind(node_list& taken);
+  void forget_open_tag_of(const node& taken) noexcept;
 
   step next_token();
   step markup();

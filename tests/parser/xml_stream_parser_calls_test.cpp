@@ -100,6 +100,32 @@ TEST(xml_stream_parser_calls, pop_whose_read_fails_leaves_the_node_in_the_queue)
   EXPECT_EQ(seen, expected);
 }
 
+// The node of an open level is taken while half of its attributes, and its text, are not read yet.
+TEST(xml_stream_parser_calls, pop_of_an_open_level_whose_read_fails_loses_none_of_its_attributes_and_text) {
+  const std::string begin = "<?xml version='1.0' encoding='UTF-8'?><r><s first='1'";
+  const xml_stream_file file(begin);
+  const scripted_calls calls;
+  xml_stream_parser parser(file.path(), 2);
+  parser.parse();
+  parser.node_queue_pop();
+  ASSERT_EQ(parser.node_queue_size(), 1u);
+  const auto error_before = parser.error();
+  const auto front = describe_node(parser.node_queue_front());
+
+  file.append(" second='2'>text<a/></s></r>");
+  calls->pread = failing_read;
+  for (int attempt = 0; attempt < 3; ++attempt) {
+    expect_stream_failure([&] { parser.node_queue_pop(); });
+    EXPECT_EQ(parser.error(), error_before);
+    EXPECT_EQ(parser.node_queue_size(), 1u);
+    EXPECT_EQ(describe_node(parser.node_queue_front()), front);
+  }
+  calls->pread = nullptr;
+  parser.parse();
+  EXPECT_EQ(describe_node(parser.node_queue_pop()), "s #2<1 status 1 line 1 first=\"1\" second=\"2\" [text]");
+  EXPECT_EQ(describe_node(parser.node_queue_pop()), "a #3<2 status 0 line 1");
+}
+
 TEST(xml_stream_parser_calls, file_that_shrinks_after_it_was_measured_throws) {
   const xml_stream_file file(large_document());
   const scripted_calls calls;

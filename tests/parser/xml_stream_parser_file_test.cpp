@@ -152,13 +152,33 @@ TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_erro
   EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);
 }
 
-TEST(xml_stream_parser_file, put_behind_a_link_is_not_read_by_recover) {
-  const xml_stream_file file("<?xml version='1.0' encoding='UTF-8'?><r><a></b>" + std::string(70'000, ' ') +
-                             "<a/></r>");
+/// The record that `recover` looks for is not in the first window.
+const std::string damaged_with_a_record_far_away =
+    "<?xml version='1.0' encoding='UTF-8'?><r><a></b>" + std::string(70'000, ' ') + "<a/></r>";
+
+TEST(xml_stream_parser_file, replaced_by_a_link_before_recover_is_not_read_and_can_be_recovered_later) {
+  const xml_stream_file file(damaged_with_a_record_far_away);
   xml_stream_parser parser(file.path(), 1);
   EXPECT_EQ(parser.parse(), xml_stream_parser::mismatched_tag);
   if (!file.swap_for_link()) GTEST_SKIP() << orva_test::no_links;
-  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::fatal_error);
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::not_synchronized);
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::not_synchronized);
+  file.remove();
+  file.write(damaged_with_a_record_far_away);
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::no_error);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
+}
+
+TEST(xml_stream_parser_file, deleted_before_recover_can_be_recovered_when_it_is_back) {
+  const xml_stream_file file(damaged_with_a_record_far_away);
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::mismatched_tag);
+  file.remove();
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::not_synchronized);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::not_synchronized);
+  file.write(damaged_with_a_record_far_away);
+  EXPECT_EQ(parser.recover({"a"}), xml_stream_parser::no_error);
+  EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
 }
 
 TEST(xml_stream_parser_file, deleted_between_two_reads_cannot_be_opened) {

@@ -11,6 +11,7 @@
 
 #include "orva/parser/xml_stream_parser.hpp"
 #include "tests/support/native_path.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_xml_stream.hpp"
 #include "tests/support/xml_stream_file.hpp"
 #include "tests/support/xml_stream_transcript.hpp"
@@ -121,7 +122,7 @@ TEST_P(xml_stream_parser_at_depth, every_short_text_of_the_markup_characters_is_
 /// Documents made of pieces, most of which fit together.
 class random_document {
  public:
-  explicit random_document(std::mt19937& random) : random_(random) {}
+  explicit random_document(orva_test::random_engine& random) : random_(random) {}
 
   std::string make(int elements) {
     text_ = "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>";
@@ -164,15 +165,13 @@ class random_document {
     if (chance(60)) text_ += any({">", "&#300;", "text", "<?pi?>", "<!DOCTYPE x>", "--", "</", "</r>"});
   }
 
-  std::mt19937& random_;
+  orva_test::random_engine& random_;
   std::string text_;
   int budget_ = 0;
 };
 
 TEST(xml_stream_parser_hostile, any_interleaving_of_calls_is_as_the_reference_says) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const auto below = [&random](int limit) {
     return std::uniform_int_distribution<int>(0, limit - 1)(random);
   };
@@ -187,9 +186,7 @@ TEST(xml_stream_parser_hostile, any_interleaving_of_calls_is_as_the_reference_sa
 
 // A file that is written while it is read: each call may find more of it.
 TEST(xml_stream_parser_hostile, file_that_grows_between_any_calls_is_as_the_reference_says) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const auto below = [&random](int limit) {
     return std::uniform_int_distribution<int>(0, limit - 1)(random);
   };

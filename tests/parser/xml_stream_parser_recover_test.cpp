@@ -121,10 +121,34 @@ TEST(xml_stream_parser_recover, keeps_the_open_levels) {
             (transcript{"a #4<0 status 0 line 1", "s #2<0 status 0 line 1", "r #1<0 status 3 line 1"}));
 }
 
-TEST(xml_stream_parser_recover, behind_the_end_of_the_document_leaves_it_at_that) {
-  feed ended("<r></r>");
-  ended.parser.parse();
-  EXPECT_EQ(ended.parser.recover({"a"}), xml_stream_parser::end_of_document);
+TEST(xml_stream_parser_recover, after_the_end_of_the_document_finds_a_start_tag_that_follows) {
+  feed ended("<r><a/></r> <b/><a/>");
+  EXPECT_EQ(ended.parser.parse(), xml_stream_parser::end_of_document);
+  const auto end_of_root = ended.parser.parse_offset();
+  EXPECT_EQ(ended.parser.recover({"a"}), xml_stream_parser::no_error);
+  EXPECT_EQ(ended.parser.error(), xml_stream_parser::no_error);
+  EXPECT_EQ(ended.parser.parse_offset(), end_of_root + 5);
+  EXPECT_TRUE(ended.parser.node_queue_empty());
+  EXPECT_EQ(ended.parser.parse(), xml_stream_parser::no_error) << "the document is over all the same";
+  EXPECT_TRUE(ended.parser.node_queue_empty());
+}
+
+TEST(xml_stream_parser_recover, after_the_end_of_the_document_stays_there_if_nothing_follows) {
+  for (const char* const rest : {"", "<b/>", "<", "</a>", "text"}) {
+    feed ended("<r></r>" + std::string(rest));
+    EXPECT_EQ(ended.parser.parse(), xml_stream_parser::end_of_document);
+    EXPECT_EQ(ended.parser.recover({"a"}), xml_stream_parser::end_of_document) << rest;
+    EXPECT_EQ(ended.parser.recover({"r"}), xml_stream_parser::end_of_document) << rest;
+  }
+}
+
+TEST(xml_stream_parser_recover, in_the_end_tag_of_the_root_finds_a_start_tag_that_follows) {
+  feed damaged_end("<r></r x<a/>");
+  EXPECT_EQ(damaged_end.parser.parse(), xml_stream_parser::unexpected_character);
+  EXPECT_EQ(damaged_end.parser.recover({"b"}), xml_stream_parser::not_synchronized);
+  feed followed("<r></r x<a/>");
+  EXPECT_EQ(followed.parser.parse(), xml_stream_parser::unexpected_character);
+  EXPECT_EQ(followed.parser.recover({"a"}), xml_stream_parser::no_error);
 }
 
 }  // namespace

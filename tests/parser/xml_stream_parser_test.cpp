@@ -343,4 +343,13 @@ TEST(xml_stream_parser, file_of_blanks_is_a_bad_header) {
   EXPECT_EQ(parser.parse(), xml_stream_parser::bad_header);
 }
 
+TEST(xml_stream_parser, offset_after_a_bad_header_is_that_of_the_start) {
+  for (const char* const text : {"", "  \n ", "\xEF\xBB\xBF<?XML?>", " <r>", "ab<?xml?>"}) {
+    xml_stream_file file(text + std::string(60, ' '));
+    xml_stream_parser parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), xml_stream_parser::bad_header) << text;
+    EXPECT_EQ(parser.parse_offset(), 0) << text;
+  }
+}
+
 }  // namespace

@@ -37,7 +37,7 @@ transcript without_state(transcript seen) {
 }
 
 transcript nodes_of_reference(const std::string& document, unsigned depth) {
-  reference_xml_stream reference(document, depth);
+  reference_xml_stream reference(document, depth, reference_xml_stream::in_one_piece);
   return without_state(read_all(reference));
 }
 
@@ -137,13 +137,39 @@ TEST(xml_stream_parser_window, consumed_to_its_last_byte_is_refilled_from_its_st
   EXPECT_EQ(parser.error(), xml_stream_parser::end_of_document);
 }
 
-TEST(xml_stream_parser_window, white_space_in_front_of_the_header_may_be_longer_than_it) {
+TEST(xml_stream_parser_window, header_after_more_blanks_than_one_window_holds_is_a_bad_header) {
   for (std::size_t blanks = window - 60; blanks < window + 5; ++blanks) {
-    const std::string document = std::string(blanks, ' ').append(header).append("<r><a/></r>");
+    const std::string document = std::string(blanks, '\n').append(header).append("<r><a/></r>");
     xml_stream_file file(document);
     xml_stream_parser parser(file.path(), 1);
-    ASSERT_EQ(read_all(parser).size(), 4u) << blanks;
-    ASSERT_EQ(parser.error(), xml_stream_parser::end_of_document) << blanks;
+    const auto nodes = read_all(parser).size() - 1;
+    // Of the header six bytes must be there.
+    const bool begins_in_first_window = blanks + 6 <= window;
+    ASSERT_EQ(parser.error(),
+              begins_in_first_window ? xml_stream_parser::end_of_document : xml_stream_parser::bad_header)
+        << blanks;
+    ASSERT_EQ(nodes, begins_in_first_window ? 3u : 0u) << blanks;
+    if (!begins_in_first_window) {
+      ASSERT_EQ(parser.parse_offset(), 0) << blanks;
+    }
+  }
+}
+
+// A hundred nodes and the header fill the window to its last byte, or to some bytes before it.
+TEST(xml_stream_parser_window, queue_of_a_hundred_nodes_that_end_at_its_edge_grows_no_longer) {
+  for (const std::string_view cut : {"", "<", "<a", "<a x='1"}) {
+    std::string document = std::string(header) + "<r>";
+    for (int i = 0; i < 99; ++i) document += "<a/>";
+    document += std::string(window - cut.size() - document.size(), ' ');
+    document += "<a x='1'/>";
+    for (int i = 0; i < 99; ++i) document += "<a/>";
+    document += "</r>";
+    xml_stream_file file(document);
+    xml_stream_parser parser(file.path(), 1);
+    EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
+    EXPECT_EQ(parser.node_queue_size(), 100u) << cut;
+    reference_xml_stream reference(document, 1);
+    EXPECT_EQ(read_all(parser), read_all(reference)) << cut;
   }
 }
 

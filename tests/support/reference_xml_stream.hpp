@@ -1,6 +1,6 @@
-/// The streaming parser once more, slow and plain: the whole document in one piece, a character at a time, a
-/// rule a line, nodes found again by a number each time. Nothing is shared with the library, and there is no
-/// window whose edge could show. The library's parser is held against it.
+/// A second implementation of the streaming parser, slow and plain, that the library's is compared with. It
+/// holds the whole document, reads a character at a time, and finds each node by its number. The window is a
+/// limit that moves through the document; with a large one the document is read in one piece.
 #pragma once
 
 #include <cctype>
@@ -55,17 +55,13 @@ class reference_xml_stream {
     const char* what() const noexcept override { return "empty node queue"; }
   };
 
-  reference_xml_stream(std::string document, unsigned open_depth)
-      : text_(std::move(document)), open_depth_(open_depth) {}
+  static constexpr std::size_t in_one_piece = static_cast<std::size_t>(-1);
 
-  /// What a file that grows has more of.
+  reference_xml_stream(std::string document, unsigned open_depth, std::size_t window = 65'536)
+      : text_(std::move(document)), window_(window), open_depth_(open_depth) {}
+
+  /// Lets the file grow.
   void append(const std::string& more) { text_ += more; }
-
-  /// The same where a parser has read the file to its end before: what is behind that end, it reads later.
-  void append_behind_edge(const std::string& more) {
-    edge_ = text_.size();
-    append(more);
-  }
 
   int parse() {
     if (error_ >= fatal_error || finished()) return error_;
@@ -86,25 +82,11 @@ class reference_xml_stream {
     queue_.clear();
     ids_ = {0};
     synchronized_ = false;
-    for (; !finished() && !ended(); ++at_) {
-      if (text_[at_] != '<') continue;
-      mark_ = at_;
-      if (at_ + 1 == text_.size()) break;
-      if (text_[at_ + 1] == '/' || text_[at_ + 1] == '!') continue;
-      std::size_t first = at_ + 1;
-      while (first < text_.size() && white(text_[first])) ++first;
-      std::size_t last = first;
-      while (last < text_.size() && name_unit(text_[last])) ++last;
-      if (last == text_.size()) break;
-      for (const auto& tag : tags) {
-        if (tag != text_.substr(first, last - first)) continue;
-        synchronized_ = true;
-        line_ = mark_line_;
-        return error_ = no_error;
-      }
+    line_ = mark_line_;
+    if (find_start_tag(tags)) {
+      synchronized_ = true;
+      return error_ = no_error;
     }
-    if (!finished() && ended()) mark_ = at_;
-    if (!finished()) line_ = mark_line_;
     if (error_ != end_of_document) error_ = not_synchronized;
     return error_;
   }
@@ -137,8 +119,8 @@ class reference_xml_stream {
   struct paused {};
 
   bool finished() const { return root_closed_ && !awaiting_close_; }
-  bool ended() const { return at_ == text_.size(); }
-  std::size_t left() const { return text_.size() - at_; }
+  bool ended() const { return at_ == read_; }
+  std::size_t left() const { return read_ - at_; }
   bool at(const std::string& expected) const { return text_.compare(at_, expected.size(), expected) == 0; }
   static bool white(char c) { return c == ' ' || c == '\t' || c == '\r' || c == '\n'; }
   static bool name_unit(char c) {
@@ -161,40 +143,92 @@ class reference_xml_stream {
     return nullptr;
   }
 
-  void header() {
-    if (text_.empty()) return;
-    if (text_.size() < 50) {
-      error_ = incomplete;
-      return;
-    }
-    at_ = text_[3] == '<' ? 3 : 0;
-    line_ = 1;
-    white_space();
-    mark_ = at_;
-    mark_line_ = line_;
-    if (left() < 6 || !at("<?xml")) {
-      error_ = bad_header;
-      return;
-    }
-    std::size_t end = at_ + 5;
-    while (end < text_.size() && text_[end] != '?' && text_[end] != '>') ++end;
-    if (end < text_.size())
-      end += text_[end] == '?' ? 2 : 1;
-    else
-      end = text_.size() + 1;
-    if (end > text_.size()) {
-      error_ = incomplete;
-      return;
-    }
-    at_ = end;
-    white_space();
-    mark_ = at_;
-    mark_line_ = line_;
-    header_done_ = true;
+  /// Moves the window to the first token that is not consumed. False if that gives no more bytes.
+  bool load() {
+    if (finished()) return false;
+    const std::size_t before = read_;
+    read_ = window_ < text_.size() - mark_ ? mark_ + window_ : text_.size();
+    return read_ > before;
   }
 
+  bool find_start_tag(const std::list<std::string>& tags) {
+    for (;; ++at_) {
+      while (!ended() && text_[at_] != '<') ++at_;
+      mark_ = at_;
+      while (start_tag_is_cut()) {
+        if (!load()) return false;
+        while (!ended() && text_[at_] != '<') ++at_;
+        mark_ = at_;
+      }
+      if (text_[at_ + 1] == '/' || text_[at_ + 1] == '!') continue;
+      const auto found = start_tag_name();
+      for (const auto& tag : tags) {
+        if (found && tag == *found) return true;
+      }
+    }
+  }
+
+  bool start_tag_is_cut() const {
+    if (left() < 2) return true;
+    if (text_[at_ + 1] == '/' || text_[at_ + 1] == '!') return false;
+    return !start_tag_name() && read_ - mark_ < window_;
+  }
+
+  /// None if it may go on behind the window.
+  std::optional<std::string> start_tag_name() const {
+    std::size_t first = at_ + 1;
+    while (first < read_ && white(text_[first])) ++first;
+    std::size_t last = first;
+    while (last < read_ && name_unit(text_[last])) ++last;
+    if (last == read_) return std::nullopt;
+    return text_.substr(first, last - first);
+  }
+
+  void header() {
+    load();
+    if (read_ == 0) return;
+    if (read_ < 50) {
+      error_ = incomplete;
+      return;
+    }
+    do {
+      at_ = mark_ == 0 && text_[3] == '<' ? 3 : mark_;
+      line_ = mark_line_;
+      white_space();
+      if (left() < 6 || !at("<?xml")) {
+        error_ = bad_header;
+        return;
+      }
+      std::size_t end = at_ + 5;
+      while (end < read_ && text_[end] != '?' && text_[end] != '>') ++end;
+      const std::size_t behind = end + (end < read_ && text_[end] == '>' ? 1 : 2);
+      header_done_ = behind <= read_;
+      if (header_done_) {
+        at_ = behind;
+        white_space();
+      }
+      mark_ = at_;
+      mark_line_ = line_;
+    } while (!header_done_ && load());
+    if (!header_done_) error_ = incomplete;
+  }
+
+  bool enough() const { return queue_.size() >= 100 && takeable() >= 2; }
+  /// An open level whose attributes and text may still follow.
+  bool last_is_unfinished() const { return queue_.back().available_ && queue_.back().status_ == incomplete; }
+
   void pump() {
-    if (finished() || (queue_.size() >= 100 && takeable() >= 2)) return;
+    if (finished() || enough()) return;
+    for (bool may_go_on = true; may_go_on;) {
+      may_go_on = parse_window();
+      if (finished() || error_ > incomplete || !load()) return;
+      error_ = no_error;
+      if (enough() && !last_is_unfinished()) return;
+    }
+  }
+
+  /// False at a start tag that is left for later because enough nodes wait.
+  bool parse_window() {
     at_ = mark_;
     line_ = mark_line_;
     error_ = no_error;
@@ -209,7 +243,9 @@ class reference_xml_stream {
       error_ = why.error;
     } catch (const quiet&) {
     } catch (const paused&) {
+      return false;
     }
+    return true;
   }
 
   void token() {
@@ -292,7 +328,6 @@ class reference_xml_stream {
 
   void comment_rest() {
     for (; left() >= 4; ++at_) {
-      if (edge_ != 0 && at_ <= edge_ && at_ + 4 > edge_) pass_edge();
       if (text_[at_] == '\n') ++line_;
       if (!at("--")) continue;
       if (!at("-->")) throw stop{unexpected_character};
@@ -306,14 +341,6 @@ class reference_xml_stream {
     mark_ = at_;
     mark_line_ = line_;
     throw stop{incomplete};
-  }
-
-  /// What is in front of the edge is forgotten when what is behind it is read.
-  void pass_edge() {
-    edge_ = 0;
-    in_comment_ = true;
-    mark_ = at_;
-    mark_line_ = line_;
   }
 
   void slash() {
@@ -391,7 +418,7 @@ class reference_xml_stream {
     std::size_t digit = at_ + opener;
     unsigned value = 0;
     for (;; ++digit) {
-      if (digit == text_.size()) throw stop{incomplete};
+      if (digit == read_) throw stop{incomplete};
       const auto c = static_cast<unsigned char>(text_[digit]);
       if (c >= 128 || (radix == 16 ? std::isxdigit(c) : std::isdigit(c)) == 0) break;
       value = value * radix +
@@ -419,6 +446,9 @@ class reference_xml_stream {
   }
 
   std::string text_;
+  std::size_t window_;
+  // How much of the text was in the window.
+  std::size_t read_ = 0;
   unsigned open_depth_;
   std::size_t at_ = 0;
   std::size_t mark_ = 0;
@@ -427,7 +457,6 @@ class reference_xml_stream {
   int error_ = no_error;
   bool header_done_ = false;
   bool in_tag_ = false;
-  std::size_t edge_ = 0;
   bool in_comment_ = false;
   bool awaiting_close_ = false;
   bool root_closed_ = false;
