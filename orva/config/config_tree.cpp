@@ -39,7 +39,9 @@ class element_name {
 config_tree::config_tree() : node_(passed_through()) {}
 
 config_tree::config_tree(const config_tree& other)
-    : generic::abilities::reference_count_pointer_ability<config_tree>(other), node_(other.node_) {
+    : generic::abilities::clone_ability(other),
+      generic::abilities::reference_count_pointer_ability<config_tree>(other),
+      node_(other.node_) {
   copy_children(other);
 }
 

@@ -19,6 +19,7 @@
 #include <vector>
 
 #include "orva/export.hpp"
+#include "orva/generic/abilities/clone_ability.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/strings/ustring.hpp"
@@ -35,7 +36,8 @@ class config_file_reader;
 class lowered_key;
 }  // namespace _private
 
-class ORVA_API config_tree : public generic::abilities::reference_count_pointer_ability<config_tree> {
+class ORVA_API config_tree : public generic::abilities::clone_ability,
+                             public generic::abilities::reference_count_pointer_ability<config_tree> {
  public:
   /// The flags of a node. The other bits are the caller's: they are kept as they come.
   enum node_flags : unsigned int {
@@ -55,7 +57,7 @@ class ORVA_API config_tree : public generic::abilities::reference_count_pointer_
   /// The flags, the value and the children of `other` in place of its own. Who points at this tree goes on
   /// pointing at it.
   config_tree& operator=(const config_tree& other);
-  virtual ~config_tree();
+  ~config_tree() override;
 
   /// A copy on the heap, which is the caller's: hand it to an `rc_pointer`.
   config_tree* clone() const;

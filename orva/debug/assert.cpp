@@ -15,16 +15,42 @@ using hook_interface = functor::function_type_interface<assert_hook>;
 /// file's own still finds an empty slot and no dead object.
 constinit hook_interface* hook_slot = nullptr;
 
+/// The hook that this thread is calling; null if it is calling none.
+constinit thread_local hook_interface* running_hook = nullptr;
+
 /// The old hook has left the slot when it is destroyed, so that an assertion in its destructor cannot reach
-/// it.
-void replace_hook(hook_interface* hook) { delete std::exchange(hook_slot, hook); }
+/// it. A hook that replaces itself is destroyed when it returns.
+void replace_hook(hook_interface* hook) {
+  hook_interface* const old_hook = std::exchange(hook_slot, hook);
+  if (old_hook != running_hook) delete old_hook;
+}
 
 struct remove_hook_at_unload {
   ~remove_hook_at_unload() { replace_hook(nullptr); }
 } at_unload;
 
+/// Keeps the installed hook alive for one call.
+class hook_call {
+ public:
+  hook_call() : hook_(*hook_slot) { running_hook = &hook_; }
+  hook_call(const hook_call&) = delete;
+  hook_call& operator=(const hook_call&) = delete;
+  ~hook_call() {
+    running_hook = nullptr;
+    if (hook_slot != &hook_) delete &hook_;
+  }
+
+  hook_interface& hook() const { return hook_; }
+
+ private:
+  hook_interface& hook_;
+};
+
 void call_hook(const char* const expression, const char* const file, unsigned int line) {
-  if (hook_slot != nullptr) (*hook_slot)(expression, file, line);
+  // A hook that itself fails an assertion would be called without end.
+  if (hook_slot == nullptr || running_hook != nullptr) return;
+  const hook_call call;
+  call.hook()(expression, file, line);
 }
 
 }  // namespace

@@ -42,13 +42,15 @@ ORVA_API void _______________CONTEXT__ASSERT________________(const char* const e
 
 }  // namespace ORVA_NAMESPACE::debug
 
-/// Reports `condition` to the hook when it is false. A macro for the text of the condition and the place.
-#define ORVA_ASSERT(condition)                                                             \
-  do {                                                                                     \
-    if (!(condition)) {                                                                    \
-      ::ORVA_NAMESPACE::debug::_private::____________________ASSERT____________________(   \
-          #condition, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__); \
-    }                                                                                      \
+/// Calls the hook when the condition is false. A macro, since only a macro has the text of the condition and
+/// its source line. The condition may contain commas: `ORVA_ASSERT(std::is_same_v<A, B>)`.
+#define ORVA_ASSERT(...)                                                                     \
+  do {                                                                                       \
+    /* Unlike `!(__VA_ARGS__)` this does not compile where two conditions are given. */      \
+    if (!bool(__VA_ARGS__)) {                                                                \
+      ::ORVA_NAMESPACE::debug::_private::____________________ASSERT____________________(     \
+          #__VA_ARGS__, __FILE__, static_cast<unsigned int>(__LINE__), __PRETTY_FUNCTION__); \
+    }                                                                                        \
   } while (false)
 
 /// The same with a context: a `printf` format, which may be null, and its values.

@@ -3,6 +3,7 @@
 /// The object is not owned: it must outlive every delegate that was made from this.
 #pragma once
 
+#include <type_traits>
 #include <utility>
 
 #include "orva/functor/function_type_interface.hpp"
@@ -15,7 +16,9 @@ class member_function_t;
 template <typename C, typename Result, typename... Args>
 class member_function_t<C, Result(Args...)> : public function_type_interface<Result(Args...)> {
  public:
-  using member_pointer = Result (C::*)(Args...);
+  using member_pointer =
+      std::conditional_t<std::is_const_v<C>, Result (std::remove_const_t<C>::*)(Args...) const,
+                         Result (std::remove_const_t<C>::*)(Args...)>;
 
   member_function_t(C* object, member_pointer function) noexcept : object_(object), function_(function) {}
 
@@ -34,7 +37,11 @@ class member_function_t<C, Result(Args...)> : public function_type_interface<Res
   member_pointer function_;
 };
 
-template <typename C, typename Result, typename... Args>
-member_function_t(C*, Result (C::*)(Args...)) -> member_function_t<C, Result(Args...)>;
+// C is the class that declares the function, of which the object's class may be derived. It is const for a
+// const function.
+template <typename Object, typename C, typename Result, typename... Args>
+member_function_t(Object*, Result (C::*)(Args...)) -> member_function_t<C, Result(Args...)>;
+template <typename Object, typename C, typename Result, typename... Args>
+member_function_t(Object*, Result (C::*)(Args...) const) -> member_function_t<const C, Result(Args...)>;
 
 }  // namespace ORVA_NAMESPACE::functor

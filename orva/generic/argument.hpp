@@ -11,6 +11,8 @@
 /// Two arguments cannot be compared with each other.
 #pragma once
 
+#include <concepts>
+#include <cstddef>
 #include <string_view>
 #include <utility>
 
@@ -20,6 +22,13 @@
 
 namespace ORVA_NAMESPACE::generic {
 
+namespace _private {
+
+template <typename T>
+concept not_a_name = std::same_as<T, std::nullptr_t> || std::integral<T>;
+
+}  // namespace _private
+
 class argument {
  public:
   /// No name and no value: nil.
@@ -28,12 +37,17 @@ class argument {
   /// A positional argument.
   argument(types::variant value) : value_(std::move(value)) {}
   argument(std::string_view name, types::variant value) : name_(name), value_(std::move(value)) {}
+  /// A name is text: neither `nullptr`, nor a 0 that would be taken for a null pointer.
+  template <_private::not_a_name T>
+  argument(T name, types::variant value) = delete;
 
   bool has_name() const noexcept { return !name_.empty(); }
 
   const strings::ustring8& name() const noexcept { return name_; }
   /// Sets the name and returns the new one.
   const strings::ustring8& name(strings::ustring8 new_name) { return name_ = std::move(new_name); }
+  template <_private::not_a_name T>
+  const strings::ustring8& name(T new_name) = delete;
 
   const types::variant& value() const noexcept { return value_; }
   /// Sets the value and returns the new one.
@@ -51,6 +65,8 @@ class argument {
     name_ = std::move(new_name);
     return assign(std::move(new_value));
   }
+  template <_private::not_a_name T>
+  argument& assign(T new_name, types::variant new_value) = delete;
   argument& assign(const argument& other) { return *this = other; }
 
   /// Nil is an empty name with a nil value: a named argument is never nil.

@@ -53,13 +53,25 @@ bool varg_list::has_room_for(std::string_view name) {
   return true;
 }
 
-bool varg_list::push_back(argument added) {
+bool varg_list::push_back(const argument& added) {
+  if (!has_room_for(added.name())) return false;
+  arguments_.push_back(added);
+  return true;
+}
+
+bool varg_list::push_back(argument&& added) {
   if (!has_room_for(added.name())) return false;
   arguments_.push_back(std::move(added));
   return true;
 }
 
-bool varg_list::push_back(std::string_view name, types::variant value) {
+bool varg_list::push_back(std::string_view name, const types::variant& value) {
+  if (!has_room_for(name)) return false;
+  arguments_.emplace_back(name, value);
+  return true;
+}
+
+bool varg_list::push_back(std::string_view name, types::variant&& value) {
   if (!has_room_for(name)) return false;
   arguments_.emplace_back(name, std::move(value));
   return true;

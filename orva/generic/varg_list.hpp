@@ -18,6 +18,7 @@
 /// name finds the first positional argument. Lists are short and built for one call, so no index is kept.
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -60,18 +61,32 @@ class ORVA_API varg_list {
   varg_list& assign(const varg_list& other) { return *this = other; }
 
   /// Adds at the end, a nil argument like any other. False, and nothing is changed, when the name is taken.
-  bool push_back(argument added);
-  bool push_back(std::string_view name, types::variant value);
+  /// An argument or a value that is given away with `std::move` is taken only when it is added.
+  bool push_back(const argument& added);
+  bool push_back(argument&& added);
+  bool push_back(std::string_view name, const types::variant& value);
+  bool push_back(std::string_view name, types::variant&& value);
+  // A name is text: neither `nullptr`, nor a 0 that would be taken for a null pointer.
+  template <_private::not_a_name T>
+  bool push_back(T name, const types::variant& value) = delete;
 
   bool has_argument(std::string_view name) const;
+  template <_private::not_a_name T>
+  bool has_argument(T name) const = delete;
   /// The first argument of that name, or `end()`.
   iterator find(std::string_view name);
   const_iterator find(std::string_view name) const;
+  template <_private::not_a_name T>
+  iterator find(T name) const = delete;
 
   /// The first argument of that name, or `nil_argument`. To change a named argument use `find`, or its
   /// position.
   const argument& at(std::string_view name) const;
   const argument& operator[](std::string_view name) const { return at(name); }
+  template <std::same_as<std::nullptr_t> Null>
+  const argument& at(Null name) const = delete;
+  template <std::same_as<std::nullptr_t> Null>
+  const argument& operator[](Null name) const = delete;
 
   /// The argument at that position, counted from 0. At or past the end throws `std::out_of_range` with the
   /// words "invalid vector<T> subscript".
@@ -104,6 +119,8 @@ class ORVA_API varg_list {
   iterator erase(const_iterator first, const_iterator last) { return arguments_.erase(first, last); }
   /// Removes the first argument of that name, if there is one.
   void erase(std::string_view name);
+  template <std::same_as<std::nullptr_t> Null>
+  void erase(Null name) = delete;
   /// Removes the argument at that position. At or past the end there is nothing to remove, and nothing is
   /// thrown: a lookup must give an answer, a removal has none to give.
   void erase(std::size_t position);

@@ -35,6 +35,14 @@ const auto* value_of(const variant_type& payload) noexcept {
   return holds<T>(payload) ? &static_cast<const variant_value_t<T>&>(payload).value() : nullptr;
 }
 
+/// A nil payload in static storage, which serves until the last static is gone.
+union never_destroyed_nil {
+  never_destroyed_nil() : value(nil) {}
+  ~never_destroyed_nil() {}
+
+  variant_value_t<nil_t> value;
+};
+
 /// The payload of nil would answer "0", as its numbers do; as text there is nothing to show.
 template <typename Text>
 Text text_of(const variant_type& payload, Text (variant_type::*read)() const) {
@@ -70,10 +78,9 @@ variant::variant(strings::ustring32 text) : variant(make(std::move(text))) {}
 
 variant& variant::operator=(const nil_t&) { return *this = variant(); }
 
-/// Never destroyed, so that it serves until the last static is gone.
 const variant_type& variant::moved_from() noexcept {
-  static const variant_type& nothing = *new variant_value_t<nil_t>(nil);
-  return nothing;
+  static const never_destroyed_nil payload;
+  return payload.value;
 }
 
 const strings::ustring8* _private::stored_text(const variant& value) noexcept {

@@ -43,8 +43,22 @@ namespace ORVA_NAMESPACE::types {
 class variant;
 
 namespace _private {
+
 const strings::ustring8* stored_text(const variant& value) noexcept;
-}
+
+template <typename T, typename... Targets>
+concept converts_to_any = (std::is_convertible_v<T, Targets> || ...);
+
+/// A class that converts to `bool`, and neither to text nor to a number. What converts to a number or to
+/// `bool` itself converts to `int` too, and a pointer does not.
+template <typename T>
+concept bool_only_through_pointer =
+    std::is_class_v<std::remove_cvref_t<T>> && std::is_convertible_v<T, bool> &&
+    !std::is_convertible_v<T, int> &&
+    !converts_to_any<T, const char*, const strings::code_unit16*, const strings::code_unit32*, std::string,
+                     strings::wide_string, strings::ustring8, strings::ustring16, strings::ustring32>;
+
+}  // namespace _private
 
 class ORVA_API variant {
  public:
@@ -96,6 +110,10 @@ class ORVA_API variant {
   template <typename Member, typename Class>
   variant(Member Class::*pointer) = delete;
   variant(std::nullptr_t) = delete;
+  /// Nor does an object that could become a `bool` only through such a pointer, as a lambda could.
+  template <typename T>
+  explicit variant(T&& object) requires _private::bool_only_through_pointer<T>
+  = delete;
 
   /// Shares the payload of the other; its own goes, unless others hold it.
   variant& assign(const variant& other) { return *this = other; }

@@ -53,6 +53,12 @@ std::vector<std::string> below(const config_tree& tree, std::string_view key, bo
 
 using lines = std::vector<std::string>;
 
+TEST(config_tree, is_clonable_before_it_is_counted) {
+  config_tree tree;
+  EXPECT_EQ(static_cast<void*>(static_cast<ORVA_NAMESPACE::generic::abilities::clone_ability*>(&tree)),
+            &tree);
+}
+
 TEST(config_tree, node_on_the_way_to_another_has_flags_zero_and_the_value_true) {
   config_tree tree;
   tree.set_node("A.B", 5, 0);

@@ -2,9 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
+#include <thread>
+#include <type_traits>
 #include <vector>
 
 #include "orva/functor/member_function.hpp"
@@ -107,6 +111,110 @@ TEST_F(assert_hook, outlives_the_callers_delegate) {
   }
   ORVA_ASSERT(false);
   EXPECT_EQ(record.reports.size(), 1u);
+}
+
+/// Runs an action of the test's when it is called.
+class acting_hook : public functor::function_type_interface<debug::assert_hook> {
+ public:
+  using action_t = std::function<void(acting_hook&)>;
+
+  explicit acting_hook(const action_t& action) : action_(action) {}
+
+  void operator()(const char* const, const char* const, unsigned int&) override {
+    ++calls;
+    action_(*this);
+  }
+  bool equal(const function_type_interface& other) const override { return this == &other; }
+  acting_hook* clone() const override { return new acting_hook(*this); }
+
+  int calls = 0;
+  /// Larger than what inline storage holds, so that a use after it was freed shows.
+  std::string owned = std::string(100, 'x');
+
+ private:
+  action_t action_;
+};
+
+TEST_F(assert_hook, that_replaces_itself_is_alive_until_it_returns) {
+  std::string seen;
+  debug::set_assert_hook(acting_hook([&](acting_hook& running) {
+    install();
+    install();
+    seen = running.owned;
+  }));
+  ORVA_ASSERT(1 == 2);
+  EXPECT_EQ(seen, std::string(100, 'x'));
+  EXPECT_TRUE(record.reports.empty());
+  EXPECT_EQ(record.alive, 1);
+  ORVA_ASSERT(2 == 3);
+  ASSERT_EQ(record.reports.size(), 1u);
+  EXPECT_EQ(record.reports[0].text, "2 == 3");
+}
+
+TEST_F(assert_hook, that_replaces_itself_is_destroyed_when_it_returns) {
+  const auto token = std::make_shared<int>(0);
+  {
+    const delegate_t<debug::assert_hook> removes_itself(
+        acting_hook([token](acting_hook&) { debug::set_assert_hook(types::nil); }));
+    debug::set_assert_hook(removes_itself);
+  }
+  EXPECT_EQ(token.use_count(), 2);
+  ORVA_ASSERT(false);
+  EXPECT_EQ(token.use_count(), 1);
+  EXPECT_FALSE(debug::is_assert_hook_set());
+}
+
+TEST_F(assert_hook, that_replaces_itself_and_throws_is_destroyed) {
+  const auto token = std::make_shared<int>(0);
+  debug::set_assert_hook(acting_hook([token](acting_hook&) {
+    debug::set_assert_hook(types::nil);
+    throw 1;
+  }));
+  EXPECT_THROW(ORVA_ASSERT(false), int);
+  EXPECT_EQ(token.use_count(), 1);
+}
+
+TEST_F(assert_hook, that_fails_an_assertion_is_not_called_for_it) {
+  int calls = 0;
+  debug::set_assert_hook(acting_hook([&calls](acting_hook& running) {
+    ORVA_ASSERT(running.calls == 0);
+    ORVA_CONTEXT_ASSERT(false, "%d", 1);
+    calls = running.calls;
+  }));
+  ORVA_ASSERT(false);
+  EXPECT_EQ(calls, 1);
+  ORVA_ASSERT(false);
+  EXPECT_EQ(calls, 2) << "the next failure is reported again";
+}
+
+TEST_F(assert_hook, that_threw_is_called_again) {
+  int calls = 0;
+  debug::set_assert_hook(acting_hook([&calls](acting_hook&) {
+    ++calls;
+    throw calls;
+  }));
+  EXPECT_THROW(ORVA_ASSERT(false), int);
+  EXPECT_THROW(ORVA_ASSERT(false), int);
+  EXPECT_EQ(calls, 2);
+}
+
+TEST_F(assert_hook, running_in_one_thread_is_called_for_a_failure_in_another) {
+  std::atomic<int> calls{0};
+  debug::set_assert_hook(acting_hook([&calls](acting_hook&) {
+    if (++calls == 1) std::thread([] { ORVA_ASSERT(false); }).join();
+  }));
+  ORVA_ASSERT(false);
+  EXPECT_EQ(calls, 2);
+}
+
+TEST_F(assert_hook, gets_the_text_of_a_condition_with_commas) {
+  install();
+  ORVA_ASSERT(std::is_same_v<int, long>);
+  ORVA_ASSERT(std::is_same_v<int, int>);
+  ORVA_ASSERT(std::is_same<int, long>());
+  ASSERT_EQ(record.reports.size(), 2u);
+  EXPECT_EQ(record.reports[0].text, "std::is_same_v<int, long>");
+  EXPECT_EQ(record.reports[1].text, "std::is_same<int, long>()");
 }
 
 struct listener {

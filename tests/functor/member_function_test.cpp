@@ -101,4 +101,48 @@ TEST(member_function, calls_virtual_members_by_the_dynamic_type) {
   EXPECT_EQ((member_function_t<base, std::string()>(&object, &base::name)()), "derived");
 }
 
+struct thermometer {
+  int read(int offset) const { return degrees + offset; }
+  int read_quietly(int offset) const noexcept { return degrees + offset; }
+  void heat(int by) { degrees += by; }
+
+  int degrees = 20;
+};
+struct named_thermometer : thermometer {
+  std::string name;
+};
+struct shared_part : virtual thermometer {};
+
+TEST(member_function, takes_a_const_member) {
+  thermometer object;
+  auto read = member_function_t(&object, &thermometer::read);
+  static_assert(std::is_same_v<decltype(read), member_function_t<const thermometer, int(int)>>);
+  EXPECT_EQ(read(1), 21);
+  EXPECT_EQ(member_function_t(&object, &thermometer::read_quietly)(2), 22);
+}
+
+TEST(member_function, takes_a_const_object_for_a_const_member_only) {
+  const thermometer object;
+  EXPECT_EQ(member_function_t(&object, &thermometer::read)(1), 21);
+  static_assert(!std::is_constructible_v<member_function_t<thermometer, void(int)>, const thermometer*,
+                                         void (thermometer::*)(int)>);
+}
+
+TEST(member_function, takes_an_inherited_member) {
+  named_thermometer object;
+  member_function_t(&object, &named_thermometer::heat)(5);
+  EXPECT_EQ(member_function_t(&object, &named_thermometer::read)(0), 25);
+  member_function_t<named_thermometer, void(int)>(&object, &named_thermometer::heat)(5);
+  EXPECT_EQ((member_function_t<const named_thermometer, int(int)>(&object, &named_thermometer::read)(0)), 30);
+  shared_part with_virtual_base;
+  EXPECT_EQ(member_function_t(&with_virtual_base, &shared_part::read)(0), 20);
+}
+
+TEST(member_function, inherited_equals_the_same_member_named_through_the_base) {
+  named_thermometer object;
+  thermometer& as_base = object;
+  const auto inherited = member_function_t(&object, &named_thermometer::read);
+  EXPECT_TRUE(inherited.equal(member_function_t(&as_base, &thermometer::read)));
+}
+
 }  // namespace

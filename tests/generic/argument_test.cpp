@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
 #include <type_traits>
 #include <utility>
@@ -17,6 +18,23 @@ using types::variant;
 static_assert(sizeof(argument) == sizeof(ustring8) + sizeof(variant), "a name and a value, nothing else");
 static_assert(!std::is_polymorphic_v<argument>);
 static_assert(std::is_nothrow_move_constructible_v<argument>, "lists grow without copying");
+
+// A name is text. Zero is a value like any other.
+static_assert(!std::is_constructible_v<argument, std::nullptr_t, int>);
+static_assert(!std::is_constructible_v<argument, int, int>);
+static_assert(std::is_constructible_v<argument, int> && std::is_constructible_v<argument, const char*, int>);
+
+template <typename Name>
+constexpr bool sets_name = requires(argument target, Name name) {
+  target.name(name);
+};
+template <typename Name>
+constexpr bool assigns_name = requires(argument target, Name name) {
+  target.assign(name, 1);
+};
+static_assert(!sets_name<std::nullptr_t> && !sets_name<int> && sets_name<const char*> &&
+              sets_name<std::string>);
+static_assert(!assigns_name<std::nullptr_t> && !assigns_name<int> && assigns_name<const char*>);
 
 TEST(argument, default_is_nil) {
   const argument none;

@@ -25,6 +25,30 @@ using types::variant;
 static_assert(sizeof(varg_list) == sizeof(std::vector<argument>) && !std::is_polymorphic_v<varg_list>);
 static_assert(std::is_same_v<decltype(std::declval<const varg_list&>().size()), types::uint32>);
 
+// A name is text: neither a null pointer nor a 0, which would be taken for one. A 0 is a position where there
+// are positions.
+template <typename Name>
+constexpr bool adds_name = requires(varg_list list, Name name) {
+  list.push_back(name, 1);
+};
+template <typename Name>
+constexpr bool finds_name = requires(varg_list list, const varg_list constant, Name name) {
+  list.find(name);
+  constant.find(name);
+  list.has_argument(name);
+};
+template <typename Key>
+constexpr bool looks_up = requires(varg_list list, const varg_list constant, Key key) {
+  list.at(key);
+  list[key];
+  constant.at(key);
+  constant[key];
+  list.erase(key);
+};
+static_assert(adds_name<const char*> && !adds_name<std::nullptr_t> && !adds_name<int>);
+static_assert(finds_name<const char*> && !finds_name<std::nullptr_t> && !finds_name<int>);
+static_assert(looks_up<const char*> && !looks_up<std::nullptr_t> && looks_up<int>);
+
 /// A list as text: "a=1 =2 b" for a named argument, a positional one, and one with a nil value.
 std::string shown(const varg_list& list) {
   std::string text;
@@ -137,6 +161,28 @@ TEST(varg_list, second_argument_of_a_name_is_refused) {
   EXPECT_FALSE(list.push_back(argument("a", 3)));
   EXPECT_EQ(list.at("a").value().as_int32(), 1);
   EXPECT_EQ(list.size(), 1U);
+}
+
+TEST(varg_list, refused_argument_stays_whole) {
+  varg_list list(argument("a", 1));
+  argument refused("a", "text");
+  EXPECT_FALSE(list.push_back(std::move(refused)));
+  EXPECT_EQ(refused.name(), "a");
+  EXPECT_EQ(refused.value().as_utf8(), "text");
+  variant value("text");
+  EXPECT_FALSE(list.push_back("a", std::move(value)));
+  EXPECT_EQ(value.as_utf8(), "text");
+}
+
+TEST(varg_list, accepted_argument_is_moved_from) {
+  varg_list list;
+  argument added("a", "text");
+  EXPECT_TRUE(list.push_back(std::move(added)));
+  EXPECT_TRUE(added.value() == nil);
+  variant value("text");
+  EXPECT_TRUE(list.push_back("b", std::move(value)));
+  EXPECT_TRUE(value == nil);
+  EXPECT_EQ(shown(list), "a=text b=text");
 }
 
 TEST(varg_list, positional_arguments_are_never_refused) {

@@ -75,6 +75,13 @@ TEST_F(allocation, moving_a_variant_takes_none) {
             0);
 }
 
+// The first value that this program moves from, where each test is a process of its own.
+TEST_F(allocation, reading_a_moved_from_variant_takes_none) {
+  variant source(1);
+  const variant target(std::move(source));
+  EXPECT_EQ(allocations_of([&] { EXPECT_TRUE(source == nil); }), 0);
+}
+
 TEST_F(allocation, a_string_given_away_is_not_copied) {
   ustring8 text(long_text);
   EXPECT_EQ(allocations_of([&] { variant{std::move(text)}; }), 1);

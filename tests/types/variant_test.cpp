@@ -63,6 +63,34 @@ static_assert(makes_variant<char*> && makes_variant<strings::code_unit16*> &&
               makes_variant<strings::code_unit32*>);
 static_assert(makes_variant<char (&)[4]>);
 
+// A class may convert to a number, to text, or to `bool` itself, but not to `bool` through a pointer.
+template <typename... Targets>
+struct converts_to : converts_to<Targets>... {};
+template <typename Target>
+struct converts_to<Target> {
+  operator Target() const;
+};
+struct text_and_pointer : std::string {
+  operator const void*() const;
+};
+inline constexpr auto captureless = [] {};
+
+static_assert(!makes_variant<decltype(captureless)>);
+static_assert(!makes_variant<decltype([](int) { return 1; })>);
+static_assert(!makes_variant<converts_to<void*>> && !makes_variant<converts_to<const int*>&>);
+static_assert(!makes_variant<const converts_to<int converts_to<int>::*>&>);
+static_assert(!makes_variant<converts_to<const unsigned char*>>);
+static_assert(!makes_variant<converts_to<void (*)()>>);
+static_assert(makes_variant<converts_to<const char*>> && makes_variant<converts_to<char*>>);
+static_assert(makes_variant<converts_to<const strings::code_unit16*>>);
+static_assert(makes_variant<converts_to<std::string>> && makes_variant<converts_to<ustring32>>);
+static_assert(makes_variant<converts_to<bool>> && makes_variant<converts_to<int>>);
+static_assert(makes_variant<converts_to<bool, void*>> && makes_variant<text_and_pointer>);
+static_assert(makes_variant<std::vector<bool>::reference>);
+
+// No function that takes a variant is considered for them.
+static_assert(!std::is_convertible_v<decltype(captureless), variant>);
+
 static_assert(std::is_nothrow_copy_constructible_v<variant> && std::is_nothrow_move_constructible_v<variant>);
 static_assert(std::is_nothrow_copy_assignable_v<variant> && std::is_nothrow_move_assignable_v<variant>);
 

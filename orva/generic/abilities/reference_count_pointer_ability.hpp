@@ -40,8 +40,15 @@ class reference_count_pointer_ability_b : public alloc_detection_ability {
   int dec_pointer_ref() noexcept { return static_cast<int>(ref_count_.fetch_sub(1) - 1); }
   /// The increment of an object that was just made. REQUIRES: no other thread has heard of it.
   void first_pointer_ref() noexcept { ref_count_.store(1, std::memory_order_relaxed); }
-  /// Whether the caller's pointer is the only one. All that others did before they let go has happened then.
-  bool is_only_pointer_ref() const noexcept { return ref_count_.load(std::memory_order_acquire) == 1; }
+  /// The same as `dec_pointer_ref`, without an atomic decrement where the caller's pointer is the only one of
+  /// an object that is deleted with it: no other thread can count such an object, and everything that others
+  /// did before they released theirs has happened.
+  int release_pointer_ref() noexcept {
+    const bool is_last = is_created_dynamic() && ref_count_.load(std::memory_order_acquire) == 1;
+    if (!is_last) return dec_pointer_ref();
+    ref_count_.store(0, std::memory_order_relaxed);
+    return 0;
+  }
 
   bool is_pointer_referenced() const noexcept { return get_ref_count() > 0; }
   types::uint32 get_ref_count() const noexcept { return ref_count_.load(std::memory_order_relaxed); }

@@ -58,11 +58,7 @@ class counted_pointer {
   }
 
   static void release(T* target) noexcept {
-    if (target == nullptr) return;
-    // With its only pointer nobody else can be counting, and an object that goes with it need not be counted
-    // down.
-    const bool goes = static_cast<ability*>(target)->is_only_pointer_ref() && target->is_created_dynamic();
-    if (!goes && static_cast<ability*>(target)->dec_pointer_ref() != 0) return;
+    if (target == nullptr || static_cast<ability*>(target)->release_pointer_ref() != 0) return;
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wfree-nonheap-object"
     // Where a compiler sees an automatic object beside this `delete` it warns of what the condition rules

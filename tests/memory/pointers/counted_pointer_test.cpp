@@ -103,6 +103,29 @@ TYPED_TEST(counted_pointer, last_one_destroys_a_heap_object) {
   EXPECT_EQ(alive, 0);
 }
 
+/// Notes its count when it is destroyed.
+struct final_count : reference_count_pointer_ability<final_count> {
+  explicit final_count(unsigned int& noted) : noted_(noted) {}
+  ~final_count() { noted_ = get_ref_count(); }
+
+  unsigned int& noted_;
+};
+
+TEST(counted_object, has_the_count_zero_in_its_destructor_when_its_only_pointer_deletes_it) {
+  unsigned int noted = 99;
+  { const shared_pointer<final_count> only(create_dynamic<final_count>(noted)); }
+  EXPECT_EQ(noted, 0u);
+}
+
+TEST(counted_object, has_the_count_zero_in_its_destructor_when_the_last_of_several_pointers_deletes_it) {
+  unsigned int noted = 99;
+  {
+    const shared_pointer<final_count> first(create_dynamic<final_count>(noted));
+    const shared_pointer<final_count> second(first);
+  }
+  EXPECT_EQ(noted, 0u);
+}
+
 TYPED_TEST(counted_pointer, leaves_an_object_of_a_scope_alive_at_zero) {
   target_of<TypeParam> object;
   { const TypeParam pointer(&object); }
