@@ -1,4 +1,4 @@
-/// The look for a symbolic link before a file is opened.
+/// Whether a path names a symbolic link, which is asked before a file is opened.
 ///
 /// Internal: not installed.
 #pragma once
@@ -7,8 +7,8 @@
 
 namespace ORVA_NAMESPACE::platform {
 
-/// Whether the last component of `path` is a symbolic link. Nothing there is no link; a status that cannot be
-/// asked for leaves as `boost::filesystem::filesystem_error`.
+/// Whether the last component of `path` is a symbolic link. A path that names nothing is no link; a status
+/// that cannot be read is reported by `boost::filesystem::filesystem_error`.
 bool is_symbolic_link(const native_string& path);
 
 }  // namespace ORVA_NAMESPACE::platform

@@ -173,6 +173,31 @@ TEST(failing_load_file, refused_open_gives_1) {
   EXPECT_EQ(directory.read("file"), "x");
 }
 
+TEST(failing_load_file, leased_file_is_asked_for_until_it_is_given_up) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "bytes");
+  const scripted_calls calls;
+  int refusals = 3;
+  calls->open = [&](const char* name, int flags, mode_t mode) {
+    return refusals-- > 0 ? fail_with(EWOULDBLOCK) : ::open(name, flags, mode);
+  };
+  std::string contents;
+  EXPECT_EQ(sys::load_file(path, contents), 0);
+  EXPECT_EQ(contents, "bytes");
+  EXPECT_EQ(calls->sleeps, 3);
+  refusals = 2;
+  EXPECT_EQ(sys::store_file(path, "other"), 0);
+  EXPECT_EQ(directory.read("file"), "other");
+  EXPECT_EQ(calls->sleeps, 5);
+}
+
+TEST(failing_store_file, device_whose_writes_cannot_be_made_to_wait_gives_1) {
+  const scripted_calls calls;
+  calls->let_writes_wait = [](int) { return fail_with(EIO); };
+  EXPECT_EQ(sys::store_file("/dev/null", "bytes"), 1);
+  EXPECT_EQ(calls->open_files, 0);
+}
+
 TEST(failing_load_file, refused_size_gives_1_and_closes) {
   const temporary_directory directory;
   const auto path = directory.write("file", "x");

@@ -1,6 +1,7 @@
 #include "tests/platform/scripted_system_calls.hpp"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -43,6 +44,12 @@ ssize_t write(int file, const void* from, std::size_t count) {
   return script().write ? script().write(file, from, count) : ::write(file, from, count);
 }
 
+int let_writes_wait(int file) {
+  return script().let_writes_wait ? script().let_writes_wait(file) : ::fcntl(file, F_SETFL, 0);
+}
+
+void sleep_for_a_millisecond() { ++script().sleeps; }
+
 int stat(const char* path, struct stat* status) { return ::stat(path, status); }
 
 int fstatat(int directory, const char* name, struct stat* status, int flags) {
@@ -79,5 +86,7 @@ int closedir(DIR* directory) {
   --script().open_searches;
   return ::closedir(directory);
 }
+
+int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin, size, advice); }
 
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

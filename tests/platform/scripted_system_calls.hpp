@@ -13,11 +13,13 @@ namespace orva_test {
 struct call_script {
   std::function<int(const char*, int, mode_t)> open;
   std::function<int(int, struct stat*)> fstat;
+  std::function<int(int)> let_writes_wait;
   std::function<ssize_t(int, void*, std::size_t, off_t)> pread;
   std::function<ssize_t(int, const void*, std::size_t)> write;
   std::function<int(const char*, const char*)> rename_without_replacing;
   std::function<dirent*(DIR*)> readdir;
 
+  int sleeps = 0;
   int open_files = 0;
   int open_searches = 0;
   int directories_asked_for = 0;

@@ -13,9 +13,19 @@ namespace ORVA_NAMESPACE::platform {
 
 namespace {
 
-/// O_NOFOLLOW: a link that takes the file's place after someone looked for links is refused all the same.
-/// O_NONBLOCK: opening a pipe does not wait for its other end; files are not affected.
+/// O_NOFOLLOW: a link that takes the file's place after a check for links is refused all the same.
+/// O_NONBLOCK: opening a pipe does not wait for its other end.
 constexpr int common_flags = O_CLOEXEC | O_NOCTTY | O_NOFOLLOW | O_NONBLOCK;
+
+/// Whether the open that just failed is made again: a signal interrupted it, or another process holds a lease
+/// on the file. The system has then asked the holder to give it up, and an open with O_NONBLOCK has to come
+/// back for it.
+bool opens_again() {
+  if (errno == EINTR) return true;
+  if (errno != EWOULDBLOCK) return false;
+  posix::calls::sleep_for_a_millisecond();
+  return true;
+}
 
 /// An open file descriptor; -1 is none.
 class descriptor {
@@ -23,7 +33,7 @@ class descriptor {
   descriptor(const native_string& path, int flags) {
     do {
       file_ = posix::calls::open(posix::c_path(path), flags | common_flags, 0666);
-    } while (file_ < 0 && errno == EINTR);
+    } while (file_ < 0 && opens_again());
   }
   descriptor(const descriptor&) = delete;
   descriptor& operator=(const descriptor&) = delete;
@@ -47,9 +57,12 @@ std::int64_t size_of(int file) {
   return posix::calls::lseek(file, 0, SEEK_END);
 }
 
-bool is_pipe(int file) {
+/// Whether `file` takes bytes as a file or a device does; a pipe does not. Only opening must not wait: writes
+/// to a device wait until it has taken every byte.
+bool prepare_for_writing(int file) {
   struct stat status = {};
-  return posix::calls::fstat(file, &status) != 0 || S_ISFIFO(status.st_mode);
+  if (posix::calls::fstat(file, &status) != 0 || S_ISFIFO(status.st_mode)) return false;
+  return S_ISREG(status.st_mode) || posix::calls::let_writes_wait(file) == 0;
 }
 
 }  // namespace
@@ -79,7 +92,7 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
 
 bool write_file(const native_string& path, std::string_view contents) {
   const descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
-  if (file.get() < 0 || is_pipe(file.get())) return false;
+  if (file.get() < 0 || !prepare_for_writing(file.get())) return false;
   posix::write_all(file.get(), contents);
   return true;
 }

@@ -4,6 +4,8 @@
 
 #include <cstdint>
 
+#include "orva/platform/posix/system_calls.hpp"
+
 namespace ORVA_NAMESPACE::platform {
 
 #ifdef MADV_HUGEPAGE
@@ -16,7 +18,7 @@ void expect_filling(char* begin, std::size_t size) noexcept {
   const auto first = (address + large_page - 1) / large_page * large_page;
   const auto last = (address + size) / large_page * large_page;
   // A refusal changes nothing but the speed.
-  if (first < last) ::madvise(begin + (first - address), last - first, MADV_HUGEPAGE);
+  if (first < last) posix::calls::madvise(begin + (first - address), last - first, MADV_HUGEPAGE);
 }
 
 #else

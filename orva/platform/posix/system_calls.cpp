@@ -1,10 +1,12 @@
 #include "orva/platform/posix/system_calls.hpp"
 
 #include <fcntl.h>
+#include <sys/mman.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 
 namespace ORVA_NAMESPACE::platform::posix::calls {
 
@@ -18,6 +20,13 @@ ssize_t pread(int file, void* to, std::size_t count, off_t offset) {
 }
 
 ssize_t write(int file, const void* from, std::size_t count) { return ::write(file, from, count); }
+
+int let_writes_wait(int file) { return ::fcntl(file, F_SETFL, 0); }
+
+void sleep_for_a_millisecond() {
+  const timespec millisecond = {0, 1'000'000};
+  ::nanosleep(&millisecond, nullptr);
+}
 
 int stat(const char* path, struct stat* status) { return ::stat(path, status); }
 
@@ -45,5 +54,7 @@ DIR* opendir(const char* path) { return ::opendir(path); }
 dirent* readdir(DIR* directory) { return ::readdir(directory); }
 int dirfd(DIR* directory) { return ::dirfd(directory); }
 int closedir(DIR* directory) { return ::closedir(directory); }
+
+int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin, size, advice); }
 
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

@@ -1,7 +1,8 @@
-/// Every system call that the files beside this one make, one function each.
+/// The system calls that the files in this folder make, one function each.
 ///
-/// The functions do what their namesakes do, `errno` included. They stand behind this header so that a test
-/// can link others in their place: a full disk, a short read and an interrupted call are tests and not hopes.
+/// The functions do what their namesakes do, `errno` included. A test links others in their place, so that a
+/// full disk, a short read and an interrupted call can be tested. The clocks are not among them: they cannot
+/// fail, and a stopwatch pays for each call; tests replace `platform/clock.hpp` as a whole.
 #pragma once
 
 #include <dirent.h>
@@ -20,6 +21,9 @@ int fstat(int file, struct stat* status);
 off_t lseek(int file, off_t offset, int whence);
 ssize_t pread(int file, void* to, std::size_t count, off_t offset);
 ssize_t write(int file, const void* from, std::size_t count);
+/// Takes O_NONBLOCK off a file that is open for writing.
+int let_writes_wait(int file);
+void sleep_for_a_millisecond();
 
 int stat(const char* path, struct stat* status);
 int fstatat(int directory, const char* name, struct stat* status, int flags);
@@ -36,5 +40,7 @@ DIR* opendir(const char* path);
 dirent* readdir(DIR* directory);
 int dirfd(DIR* directory);
 int closedir(DIR* directory);
+
+int madvise(void* begin, std::size_t size, int advice);
 
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

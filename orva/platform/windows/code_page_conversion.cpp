@@ -1,6 +1,6 @@
 #include "orva/platform/code_page_conversion.hpp"
 
-#include "orva/platform/windows/system.hpp"
+#include "orva/platform/windows/system_calls.hpp"
 
 namespace ORVA_NAMESPACE::platform {
 
@@ -30,8 +30,8 @@ bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, s
   if (units.empty()) return true;
   if (units.size() >= uncountable) return false;
   return convert_into(bytes, [&](char* to, int room) {
-    return ::WideCharToMultiByte(static_cast<UINT>(page), 0, units.data(), static_cast<int>(units.size()), to,
-                                 room, nullptr, nullptr);
+    return windows::calls::wide_char_to_multi_byte(static_cast<UINT>(page), units.data(),
+                                                   static_cast<int>(units.size()), to, room);
   });
 }
 
@@ -41,8 +41,8 @@ bool from_code_page(int page, std::string_view bytes, std::basic_string<strings:
   if (counted.empty()) return true;
   if (counted.size() >= uncountable) return false;
   return convert_into(text, [&](wchar_t* to, int room) {
-    return ::MultiByteToWideChar(static_cast<UINT>(page), 0, counted.data(), static_cast<int>(counted.size()),
-                                 to, room);
+    return windows::calls::multi_byte_to_wide_char(static_cast<UINT>(page), counted.data(),
+                                                   static_cast<int>(counted.size()), to, room);
   });
 }
 

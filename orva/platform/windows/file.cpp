@@ -4,9 +4,11 @@
 #include <utility>
 
 #include "orva/platform/windows/c_path.hpp"
-#include "orva/platform/windows/system.hpp"
+#include "orva/platform/windows/system_calls.hpp"
 
 namespace ORVA_NAMESPACE::platform {
+
+namespace calls = windows::calls;
 
 namespace {
 
@@ -19,12 +21,12 @@ class open_file {
   /// The flag for links keeps one that takes the file's place after someone looked for links from being
   /// followed.
   open_file(const native_string& path, DWORD access, DWORD creation)
-      : file_(::CreateFileW(windows::c_path(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr,
-                            creation, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr)) {}
+      : file_(calls::create_file(windows::c_path(path), access, FILE_SHARE_READ | FILE_SHARE_WRITE, creation,
+                                 FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT)) {}
   open_file(const open_file&) = delete;
   open_file& operator=(const open_file&) = delete;
   ~open_file() {
-    if (file_ != INVALID_HANDLE_VALUE) ::CloseHandle(file_);
+    if (file_ != INVALID_HANDLE_VALUE) calls::close_handle(file_);
   }
 
   HANDLE get() const { return file_; }
@@ -33,8 +35,8 @@ class open_file {
   /// A file of a disk, no link, pipe or console.
   bool is_plain() const {
     BY_HANDLE_FILE_INFORMATION found = {};
-    return file_ != INVALID_HANDLE_VALUE && ::GetFileType(file_) == FILE_TYPE_DISK &&
-           ::GetFileInformationByHandle(file_, &found) != 0 &&
+    return file_ != INVALID_HANDLE_VALUE && calls::get_file_type(file_) == FILE_TYPE_DISK &&
+           calls::get_file_information(file_, &found) != 0 &&
            (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0;
   }
 
@@ -56,13 +58,13 @@ OVERLAPPED position(std::int64_t offset) {
 input_file::input_file(const native_string& path) {
   open_file file(path, GENERIC_READ, OPEN_EXISTING);
   LARGE_INTEGER size = {};
-  if (!file.is_plain() || ::GetFileSizeEx(file.get(), &size) == 0) return;
+  if (!file.is_plain() || calls::get_file_size(file.get(), &size) == 0) return;
   size_ = size.QuadPart;
   handle_ = reinterpret_cast<std::intptr_t>(file.release());
 }
 
 input_file::~input_file() {
-  if (is_open()) ::CloseHandle(as_handle(handle_));
+  if (is_open()) calls::close_handle(as_handle(handle_));
 }
 
 std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
@@ -71,7 +73,7 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
     OVERLAPPED at = position(offset + static_cast<std::int64_t>(done));
     const auto wanted = static_cast<DWORD>(std::min(count - done, largest_transfer));
     DWORD got = 0;
-    if (::ReadFile(as_handle(handle_), to + done, wanted, &got, &at) == 0 || got == 0) break;
+    if (calls::read_file(as_handle(handle_), to + done, wanted, &got, &at) == 0 || got == 0) break;
     done += got;
   }
   return done;
@@ -80,11 +82,11 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
 bool write_file(const native_string& path, std::string_view contents) {
   // Emptied only when it is known to be a plain file.
   const open_file file(path, GENERIC_WRITE, OPEN_ALWAYS);
-  if (!file.is_plain() || ::SetEndOfFile(file.get()) == 0) return false;
+  if (!file.is_plain() || calls::set_end_of_file(file.get()) == 0) return false;
   while (!contents.empty()) {
     const auto wanted = static_cast<DWORD>(std::min(contents.size(), largest_transfer));
     DWORD written = 0;
-    if (::WriteFile(file.get(), contents.data(), wanted, &written, nullptr) == 0 || written == 0) break;
+    if (calls::write_file(file.get(), contents.data(), wanted, &written) == 0 || written == 0) break;
     contents.remove_prefix(written);
   }
   return true;

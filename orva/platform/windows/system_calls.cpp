@@ -1,0 +1,55 @@
+#include "orva/platform/windows/system_calls.hpp"
+
+#include <direct.h>
+#include <stdio.h>
+#include <wchar.h>
+
+namespace ORVA_NAMESPACE::platform::windows::calls {
+
+HANDLE create_file(const wchar_t* path, DWORD access, DWORD sharing, DWORD creation, DWORD flags) {
+  return ::CreateFileW(path, access, sharing, nullptr, creation, flags, nullptr);
+}
+
+BOOL close_handle(HANDLE file) { return ::CloseHandle(file); }
+DWORD get_file_type(HANDLE file) { return ::GetFileType(file); }
+
+BOOL get_file_information(HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
+  return ::GetFileInformationByHandle(file, information);
+}
+
+BOOL get_file_size(HANDLE file, LARGE_INTEGER* size) { return ::GetFileSizeEx(file, size); }
+BOOL set_end_of_file(HANDLE file) { return ::SetEndOfFile(file); }
+
+BOOL read_file(HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position) {
+  return ::ReadFile(file, to, count, read, position);
+}
+
+BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written) {
+  return ::WriteFile(file, from, count, written, nullptr);
+}
+
+int stat(const wchar_t* path, struct _stat64i32* status) { return ::_wstat64i32(path, status); }
+BOOL create_directory(const wchar_t* path) { return ::CreateDirectoryW(path, nullptr); }
+int mkdir(const wchar_t* path) { return ::_wmkdir(path); }
+int rename(const wchar_t* from, const wchar_t* to) { return ::_wrename(from, to); }
+int remove(const wchar_t* path) { return ::_wremove(path); }
+int rmdir(const wchar_t* path) { return ::_wrmdir(path); }
+
+HANDLE find_first_file(const wchar_t* pattern, WIN32_FIND_DATAW* found) {
+  return ::FindFirstFileW(pattern, found);
+}
+
+BOOL find_next_file(HANDLE search, WIN32_FIND_DATAW* found) { return ::FindNextFileW(search, found); }
+BOOL find_close(HANDLE search) { return ::FindClose(search); }
+
+int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room) {
+  return ::WideCharToMultiByte(page, 0, units, count, to, room, nullptr, nullptr);
+}
+
+int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room) {
+  return ::MultiByteToWideChar(page, 0, bytes, count, to, room);
+}
+
+void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
+
+}  // namespace ORVA_NAMESPACE::platform::windows::calls

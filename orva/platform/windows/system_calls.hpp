@@ -1,0 +1,41 @@
+/// The system calls that the files in this folder make, one function each.
+///
+/// The functions do what their namesakes do, the last error or `errno` included. A test links others in their
+/// place, so that a full disk, a short read and a refused search can be tested. The clocks are not among
+/// them: they cannot fail, and a stopwatch pays for each call; tests replace `platform/clock.hpp` as a whole.
+#pragma once
+
+#include <sys/stat.h>
+#include <sys/types.h>
+
+#include "orva/platform/windows/system.hpp"
+#include "orva/version.hpp"
+
+namespace ORVA_NAMESPACE::platform::windows::calls {
+
+HANDLE create_file(const wchar_t* path, DWORD access, DWORD sharing, DWORD creation, DWORD flags);
+BOOL close_handle(HANDLE file);
+DWORD get_file_type(HANDLE file);
+BOOL get_file_information(HANDLE file, BY_HANDLE_FILE_INFORMATION* information);
+BOOL get_file_size(HANDLE file, LARGE_INTEGER* size);
+BOOL set_end_of_file(HANDLE file);
+BOOL read_file(HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position);
+BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written);
+
+/// `_wstat64i32`.
+int stat(const wchar_t* path, struct _stat64i32* status);
+BOOL create_directory(const wchar_t* path);
+int mkdir(const wchar_t* path);
+int rename(const wchar_t* from, const wchar_t* to);
+int remove(const wchar_t* path);
+int rmdir(const wchar_t* path);
+
+HANDLE find_first_file(const wchar_t* pattern, WIN32_FIND_DATAW* found);
+BOOL find_next_file(HANDLE search, WIN32_FIND_DATAW* found);
+BOOL find_close(HANDLE search);
+
+int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room);
+int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room);
+void output_debug_string(const char* text);
+
+}  // namespace ORVA_NAMESPACE::platform::windows::calls
