@@ -1,0 +1,196 @@
+// What the file services and the code pages do when a system call of Windows fails.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "orva/exceptions/exception.hpp"
+#include "orva/platform/directory_listing.hpp"
+#include "orva/strings/code_page.hpp"
+#include "orva/system/file_utility.hpp"
+#include "orva/system/io.hpp"
+#include "tests/platform/windows_scripted_calls.hpp"
+#include "tests/support/temporary_directory.hpp"
+
+namespace {
+
+using orva_test::scripted_calls;
+using orva_test::temporary_directory;
+namespace exceptions = ORVA_NAMESPACE::exceptions;
+namespace strings = ORVA_NAMESPACE::strings;
+namespace sys = ORVA_NAMESPACE::system;
+
+BOOL fail_with(DWORD error) {
+  ::SetLastError(error);
+  return FALSE;
+}
+
+std::string some_bytes(std::size_t size) {
+  std::string bytes(size, '\0');
+  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>('A' + i % 50);
+  return bytes;
+}
+
+TEST(failing_load_file, short_reads_are_put_together) {
+  const temporary_directory directory;
+  const auto bytes = some_bytes(300'000);
+  const auto path = directory.write("file", bytes);
+  const scripted_calls calls;
+  calls->read_file = [](HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position) {
+    return ::ReadFile(file, to, std::min<DWORD>(count, 7001), read, position);
+  };
+  std::string contents;
+  EXPECT_EQ(sys::load_file(path, contents), 0);
+  EXPECT_TRUE(contents == bytes);
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_load_file, read_error_leaves_zeros_and_gives_0) {
+  const temporary_directory directory;
+  const auto bytes = some_bytes(500'000);
+  const auto path = directory.write("file", bytes);
+  const scripted_calls calls;
+  for (const DWORD failing_from : {0u, 1u, 200'000u, 499'999u}) {
+    calls->read_file = [=](HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position) {
+      if (position->Offset >= failing_from) return fail_with(ERROR_CRC);
+      return ::ReadFile(file, to, std::min<DWORD>(count, failing_from - position->Offset), read, position);
+    };
+    std::string contents = "before";
+    EXPECT_EQ(sys::load_file(path, contents), 0);
+    EXPECT_TRUE(contents == bytes.substr(0, failing_from) + std::string(bytes.size() - failing_from, '\0'))
+        << failing_from;
+  }
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_load_file, refused_open_gives_1) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  for (const DWORD error : {ERROR_ACCESS_DENIED, ERROR_SHARING_VIOLATION, ERROR_TOO_MANY_OPEN_FILES}) {
+    calls->create_file = [error](const wchar_t*) {
+      ::SetLastError(error);
+      return INVALID_HANDLE_VALUE;
+    };
+    std::string contents = "before";
+    EXPECT_EQ(sys::load_file(path, contents), 1);
+    EXPECT_EQ(sys::store_file(path, "y"), 1);
+    EXPECT_EQ(contents, "before");
+  }
+  EXPECT_EQ(calls->open_files, 0);
+  EXPECT_EQ(directory.read("file"), "x");
+}
+
+TEST(failing_load_file, refused_size_gives_1_and_closes) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  calls->get_file_size = [](HANDLE, LARGE_INTEGER*) { return fail_with(ERROR_IO_DEVICE); };
+  std::string contents = "before";
+  EXPECT_EQ(sys::load_file(path, contents), 1);
+  EXPECT_EQ(contents, "before");
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_load_file, size_above_0x7FFFFFFF_raises_and_closes) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  calls->get_file_size = [](HANDLE, LARGE_INTEGER* size) {
+    size->QuadPart = 0x80000000;
+    return TRUE;
+  };
+  std::string contents = "before";
+  EXPECT_THROW(static_cast<void>(sys::load_file(path, contents)), exceptions::runtime_error);
+  EXPECT_EQ(contents, "before");
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_load_file, link_that_takes_the_files_place_after_the_check_gives_1) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  calls->get_file_information = [](HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
+    const BOOL result = ::GetFileInformationByHandle(file, information);
+    information->dwFileAttributes |= FILE_ATTRIBUTE_REPARSE_POINT;
+    return result;
+  };
+  std::string contents = "before";
+  EXPECT_EQ(sys::load_file(path, contents), 1);
+  EXPECT_EQ(sys::store_file(path, "y"), 1);
+  EXPECT_EQ(contents, "before");
+  EXPECT_EQ(directory.read("file"), "x");
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_store_file, short_writes_are_put_together) {
+  const temporary_directory directory;
+  const auto bytes = some_bytes(10'000);
+  const scripted_calls calls;
+  calls->write_file = [](HANDLE file, const void* from, DWORD count, DWORD* written) {
+    return ::WriteFile(file, from, std::min<DWORD>(count, 777), written, nullptr);
+  };
+  EXPECT_EQ(sys::store_file(directory.file("file"), bytes), 0);
+  EXPECT_TRUE(directory.read("file") == bytes);
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_store_file, full_disk_is_not_reported) {
+  const temporary_directory directory;
+  const scripted_calls calls;
+  int room = 2;
+  calls->write_file = [&](HANDLE file, const void* from, DWORD, DWORD* written) {
+    return room-- > 0 ? ::WriteFile(file, from, 5, written, nullptr) : fail_with(ERROR_DISK_FULL);
+  };
+  EXPECT_EQ(sys::store_file(directory.file("file"), some_bytes(100)), 0);
+  EXPECT_EQ(directory.read("file"), some_bytes(10));
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_store_file, file_that_cannot_be_emptied_gives_1_and_keeps_its_contents) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  calls->set_end_of_file = [](HANDLE) { return fail_with(ERROR_USER_MAPPED_FILE); };
+  EXPECT_EQ(sys::store_file(path, "y"), 1);
+  EXPECT_EQ(directory.read("file"), "x");
+  EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(directory_listing, failed_search_keeps_what_it_read_and_is_closed) {
+  const temporary_directory directory;
+  for (const auto* name : {"a", "b", "c"}) directory.write(name, "");
+  const scripted_calls calls;
+  int reads = 0;
+  calls->find_next_file = [&](HANDLE search, WIN32_FIND_DATAW* found) {
+    return ++reads <= 2 ? ::FindNextFileW(search, found) : fail_with(ERROR_IO_DEVICE);
+  };
+  EXPECT_LE(sys::list_directory(directory.name()).size(), 3u);
+  EXPECT_EQ(calls->open_searches, 0);
+}
+
+TEST(failing_status, is_no_file_and_no_directory) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "x");
+  const scripted_calls calls;
+  calls->stat = [](const wchar_t*, struct _stat64i32*) { return -1; };
+  EXPECT_FALSE(sys::io::exists(path));
+  EXPECT_FALSE(sys::io::is_file(path));
+  EXPECT_FALSE(sys::io::is_directory(directory.name()));
+}
+
+TEST(failing_conversion, is_a_length_failure_also_when_the_second_call_fails) {
+  const strings::code_page page(strings::code_page::cp_1252);
+  const scripted_calls calls;
+  calls->convert = [](int) { return 0; };
+  EXPECT_THROW(page.encode(strings::ustring8("text")), std::length_error);
+  EXPECT_THROW(page.as_utf16("text"), std::length_error);
+  calls->convert = [](int room) { return room == 0 ? 4 : 0; };
+  EXPECT_THROW(page.encode(strings::ustring8("text")), std::length_error);
+  EXPECT_THROW(page.as_utf16("text"), std::length_error);
+}
+
+}  // namespace

@@ -1,0 +1,95 @@
+#include "tests/platform/windows_scripted_calls.hpp"
+
+#include <direct.h>
+#include <stdio.h>
+#include <wchar.h>
+
+namespace orva_test {
+
+call_script& script() {
+  static call_script current;
+  return current;
+}
+
+}  // namespace orva_test
+
+namespace ORVA_NAMESPACE::platform::windows::calls {
+
+using orva_test::script;
+
+HANDLE create_file(const wchar_t* path, DWORD access, DWORD sharing, DWORD creation, DWORD flags) {
+  const HANDLE file = script().create_file
+                          ? script().create_file(path)
+                          : ::CreateFileW(path, access, sharing, nullptr, creation, flags, nullptr);
+  if (file != INVALID_HANDLE_VALUE) ++script().open_files;
+  return file;
+}
+
+BOOL close_handle(HANDLE file) {
+  --script().open_files;
+  return ::CloseHandle(file);
+}
+
+DWORD get_file_type(HANDLE file) { return ::GetFileType(file); }
+
+BOOL get_file_information(HANDLE file, BY_HANDLE_FILE_INFORMATION* information) {
+  if (script().get_file_information) return script().get_file_information(file, information);
+  return ::GetFileInformationByHandle(file, information);
+}
+
+BOOL get_file_size(HANDLE file, LARGE_INTEGER* size) {
+  return script().get_file_size ? script().get_file_size(file, size) : ::GetFileSizeEx(file, size);
+}
+
+BOOL set_end_of_file(HANDLE file) {
+  return script().set_end_of_file ? script().set_end_of_file(file) : ::SetEndOfFile(file);
+}
+
+BOOL read_file(HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position) {
+  if (script().read_file) return script().read_file(file, to, count, read, position);
+  return ::ReadFile(file, to, count, read, position);
+}
+
+BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written) {
+  if (script().write_file) return script().write_file(file, from, count, written);
+  return ::WriteFile(file, from, count, written, nullptr);
+}
+
+int stat(const wchar_t* path, struct _stat64i32* status) {
+  return script().stat ? script().stat(path, status) : ::_wstat64i32(path, status);
+}
+
+BOOL create_directory(const wchar_t* path) { return ::CreateDirectoryW(path, nullptr); }
+int mkdir(const wchar_t* path) { return ::_wmkdir(path); }
+int rename(const wchar_t* from, const wchar_t* to) { return ::_wrename(from, to); }
+int remove(const wchar_t* path) { return ::_wremove(path); }
+int rmdir(const wchar_t* path) { return ::_wrmdir(path); }
+
+HANDLE find_first_file(const wchar_t* pattern, WIN32_FIND_DATAW* found) {
+  const HANDLE search = ::FindFirstFileW(pattern, found);
+  if (search != INVALID_HANDLE_VALUE) ++script().open_searches;
+  return search;
+}
+
+BOOL find_next_file(HANDLE search, WIN32_FIND_DATAW* found) {
+  return script().find_next_file ? script().find_next_file(search, found) : ::FindNextFileW(search, found);
+}
+
+BOOL find_close(HANDLE search) {
+  --script().open_searches;
+  return ::FindClose(search);
+}
+
+int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room) {
+  if (script().convert) return script().convert(room);
+  return ::WideCharToMultiByte(page, 0, units, count, to, room, nullptr, nullptr);
+}
+
+int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room) {
+  if (script().convert) return script().convert(room);
+  return ::MultiByteToWideChar(page, 0, bytes, count, to, room);
+}
+
+void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
+
+}  // namespace ORVA_NAMESPACE::platform::windows::calls
