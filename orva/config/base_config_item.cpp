@@ -2,15 +2,15 @@
 
 #include <ostream>
 
-#include "orva/config/internal/dump_marks.hpp"
-#include "orva/config/internal/lowered_key.hpp"
+#include "orva/config/internal/dump_format.hpp"
+#include "orva/config/internal/lower_case_key.hpp"
 #include "orva/config/internal/token_scanner.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
-using _private::put;
 using _private::scan_token;
 using _private::scanned_token;
+using _private::write_unformatted;
 using tok_types = config_token::tok_types;
 
 base_config_item& base_config_item::operator=(const base_config_item& other) {
@@ -31,7 +31,7 @@ bool base_config_item::save(const item_list&) { return true; }
 
 void base_config_item::unload() {}
 
-const base_config_item::node_type* base_config_item::get_value(const _private::lowered_key& key) const {
+const base_config_item::node_type* base_config_item::get_value(const _private::lower_case_key& key) const {
   const config_tree* const node = tree_.find(key);
   return node != nullptr ? &node->node_ : nullptr;
 }
@@ -54,13 +54,11 @@ std::pair<strings::ustring8, types::variant> base_config_item::make_key_value(st
   scanned_token token;
   strings::ustring8 key;
   while (scan_token(expression, position, token) != tok_types::T_END && token.type != separator) {
-    const bool blank = token.type == tok_types::T_NEWLINE || token.type == tok_types::T_SPACE ||
-                       token.type == tok_types::T_TABCHAR;
-    if (!blank) key += token.text;
+    if (!token.is_white_space()) key += token.text;
   }
   strings::ustring8 value;
   while (scan_token(expression, position, token) != tok_types::T_END && token.type != tok_types::T_NEWLINE) {
-    if (token.type != tok_types::T_SPACE && token.type != tok_types::T_TABCHAR) value += token.text;
+    if (!token.is_white_space()) value += token.text;
   }
   return {std::move(key), std::move(value)};
 }
@@ -68,16 +66,18 @@ std::pair<strings::ustring8, types::variant> base_config_item::make_key_value(st
 void base_config_item::set_array(std::string_view key, const generic::varg_list& values,
                                  const generic::varg_list& flags) {
   tree_.set_node(key, types::nil, config_tree::NODE_ARRAY);
-  tree_.branch(key).store_elements(values, flags);
+  // Without elements no node is made for them: it differs from that of the key where this ends in a
+  // separator.
+  if (!values.empty()) tree_.ensure_parent(key).store_elements(values, flags);
 }
 
 void base_config_item::dump(std::ostream& stream) const {
-  put(stream, "object : ");
-  put(stream, id_);
-  put(stream, "\n");
-  put(stream, _private::rule);
+  write_unformatted(stream, "object : ");
+  write_unformatted(stream, id_);
+  write_unformatted(stream, "\n");
+  write_unformatted(stream, _private::children_line);
   tree_.dump(stream, 1);
-  put(stream, "end\n");
+  write_unformatted(stream, "end\n");
 }
 
 tok_types base_config_item::get_token(std::string_view source, unsigned int& position,

@@ -1,14 +1,39 @@
-/// `base_config_item`: one source of configuration, a named tree of keys that can be loaded, changed, saved
-/// and emptied.
+/// `base_config_item`: one source of configuration, a tree of keys and values with an id.
 ///
-/// The base of `commandline_item`, `file_item`, `enviroment_item` and `user_item`, and of sources that a
-/// program makes for itself: such a class fills `tree_` in `load`. A `config_manager` holds a list of items
-/// and asks them in turn.
+///     user_item settings;                              // one of the classes derived from it
+///     settings.set("window.width", 640, 0);            // key, value, flags
+///     settings.set("window.title = \"Free space\"", 0);  // the same as text
+///     settings.get_value("Window/Width")->second.as_int32()  =>  640
 ///
-/// An item owns its values, and a copy has values of its own. Items are counted objects: those in a list live
-/// on the heap, made by `clone`. Many threads may read an item that nobody changes or loads.
+/// It is the base of `commandline_item`, `file_item`, `enviroment_item` and `user_item`. A `config_manager`
+/// holds a list of items and asks them in turn.
+///
+/// A program adds a source of its own by a derived class, which fills `tree_` in `load`:
+///
+///     class clock_item : public base_config_item {
+///      public:
+///       clock_item() { id_ = "clock"; }
+///       using base_config_item::load;  // load(items) calls load(); without this line it is hidden
+///       bool load() override {
+///         set("clock.ticks", 42, 0);
+///         return true;
+///       }
+///       void unload() override { tree_.erase(); }
+///       clock_item* clone() const override {
+///         return generic::abilities::create_dynamic<clock_item>(*this);
+///       }
+///     };
+///
+/// `clone` must use `create_dynamic`: it marks the copy as one that the last `rc_pointer` deletes. A copy
+/// made by plain `new` is never deleted. A `config_dispatch` puts the item into the list of a manager.
+///
+/// An item owns its values. A copy has values of its own. Any number of threads may read an item while none
+/// loads or changes it.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
+#include <concepts>
 #include <iosfwd>
 #include <list>
 #include <string_view>
@@ -43,44 +68,51 @@ class ORVA_API base_config_item
   /// Without id and values.
   base_config_item() = default;
   base_config_item(const base_config_item& other) = default;
-  /// Takes over id and values. Who points at this item goes on pointing at it.
+  /// Copies id and values. Pointers to this item stay valid.
   base_config_item& operator=(const base_config_item& other);
   ~base_config_item() override;
 
-  /// Adds what the source says to the values; of a key that is set twice the later value stays. True.
+  /// Adds the values of the source. A key that is there already gets the new value. Here: does nothing, true.
   virtual bool load();
-  /// The same for an item that needs to ask others of the list while it loads.
+  /// As `load()`, for an item that reads other items of the list while it loads. A manager calls this form.
+  /// Here: calls `load()`.
   virtual bool load(const item_list& items);
-  /// Writes the values to where they came from, if the source can be written. True.
+  /// Writes the values to their source, where it can be written. Here: does nothing, true.
   virtual bool save();
-  /// What a manager's `save` calls: true, and nothing is written by any item. A program that wants its file
-  /// written asks the item itself.
+  /// A manager calls this form. It writes nothing in any item of the library: a program that wants its file
+  /// written calls `save()` of that item. Here: does nothing, true.
   virtual bool save(const item_list& items);
-  /// Removes the values; here nothing.
+  /// Removes the values. Here: does nothing.
   virtual void unload();
-  /// A copy on the heap, which is the caller's: hand it to an `rc_pointer`.
+  /// Returns a copy on the heap, made by `create_dynamic`. The caller owns it: give it to an `rc_pointer`
+  /// first.
   virtual base_config_item* clone() const = 0;
 
   /// The name by which `config_manager::get_config_item` finds the item.
   strings::ustring8 get_id() const { return id_; }
 
-  /// Flags and value of a key, or null. Valid until the key's item is unloaded, assigned or gone.
+  /// Flags and value of a key, or null. Valid until the item is unloaded, assigned or destroyed.
   const node_type* get_value(std::string_view key) const { return tree_.get_node(key); }
   /// Appends the elements of an array.
   void get_array(std::string_view key, std::vector<value_entry>& out) const { tree_.get_array(key, out); }
-  /// Appends what stands below a key, under names relative to it; see `config_tree`.
+  /// Appends the nodes below a key, under names relative to it; see `config_tree`.
   void get_value_pair_array(std::string_view key, std::vector<value_entry>& out, bool recursive) const {
     tree_.get_value_pair_array(key, out, recursive, "");
   }
 
-  /// Stores a value; `flags` are those of `config_tree`, so that `config_tree::NODE_LINK` stores a link.
+  /// Stores a value. `flags` are those of `config_tree`: `config_tree::NODE_LINK` stores a link, 0 a plain
+  /// value.
   void set(const std::pair<strings::ustring8, types::variant>& entry, unsigned int flags);
   void set(std::string_view key, const types::variant& value, unsigned int flags);
-  /// Stores what `make_key_value` reads from the expression with `=` between key and value.
+  /// Stores the key and the value that `make_key_value` reads from the expression, separated by `=`.
   void set(std::string_view expression, unsigned int flags);
+  /// Without flags, `set("verbose", true)` and `set("zoom", 2.5)` would store an empty text and take the
+  /// value for flags. Write `set("verbose", true, 0)`.
+  template <typename T>
+  void set(std::string_view key, T value) requires(std::same_as<T, bool> || std::floating_point<T>) = delete;
 
-  /// Reads key and value from text. Blanks and tabs go, unless they stand in quotes; the quotes themselves
-  /// go. The first token of type `separator` separates, and the value, a `ustring8`, ends with its line.
+  /// Reads key and value from text. Blanks and tabs outside quotes are dropped, and so are the quotes. The
+  /// first token of type `separator` ends the key. The value is a `ustring8`, and ends with its line.
   ///
   ///     a b = c d          =>  "ab", "cd"
   ///     k = "c d" e        =>  "k", "c de"
@@ -90,24 +122,24 @@ class ORVA_API base_config_item
   std::pair<strings::ustring8, types::variant> make_key_value(std::string_view expression,
                                                               config_token::tok_types separator) const;
 
-  /// Makes the key an array of these values: the key itself gets flags 3 and nil, and "key.0", "key.1", ...
-  /// the values.
+  /// Makes the key an array of these values: the key itself gets flags 3 and the value nil, and the elements
+  /// are stored under "key.0", "key.1", ...
   ///
-  /// Flags of elements come from the numbers in `flags`. Where that list is not empty but shorter, the
-  /// elements behind its end are stored as unsigned 32-bit numbers. Elements of a longer array that was there
-  /// before stay.
+  /// The flags of element i are number i of `flags`. Where `flags` is shorter than `values`, but not empty,
+  /// the remaining elements are stored as unsigned 32-bit numbers. Where the array was longer before, its
+  /// remaining elements stay.
   void set_array(std::string_view key, const generic::varg_list& values, const generic::varg_list& flags);
 
-  /// Writes id and values for people to read.
+  /// Writes id and values in a form for people.
   void dump(std::ostream& stream) const;
 
  protected:
-  /// Cuts the token at `position` out of `source` and moves `position` behind it. Start with `position` 0 and
-  /// go on to T_END; no text is refused.
+  /// Reads the token at `position` and moves `position` to its end. Start with `position` 0 and call it until
+  /// T_END. Every text has tokens.
   ///
-  /// The result is the type of the token, but for `*/`: there `token.type` is T_ENDCOMMENT and the result
-  /// T_FSFS. T_SPACE leaves the token's text as it was before, T_END all of it but the type, so that who
-  /// appends texts without a look at the type appends the one before a blank again.
+  /// The result is the type of the token, with one exception: for `*/` it is T_FSFS, and `token.type` is
+  /// T_ENDCOMMENT. T_SPACE leaves `token.text` unchanged, so that code which appends every text repeats the
+  /// text before a blank. T_END changes only `token.type`.
   config_token::tok_types get_token(std::string_view source, unsigned int& position,
                                     config_token& token) const;
 
@@ -115,9 +147,9 @@ class ORVA_API base_config_item
   config_tree tree_;
 
  private:
-  friend class config_manager;  // lowers a key once for all items
+  friend class config_manager;  // converts a key to lower case once for all items
 
-  const node_type* get_value(const _private::lowered_key& key) const;
+  const node_type* get_value(const _private::lower_case_key& key) const;
 };
 
 /// As `dump`.

@@ -6,10 +6,12 @@
 #include <utility>
 #include <vector>
 
+#include "orva/config/internal/unformatted_output.hpp"
 #include "orva/strings/split.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
+using _private::write_unformatted;
 using generic::varg_list;
 using generic::abilities::create_dynamic;
 using tok_types = config_token::tok_types;
@@ -39,7 +41,9 @@ class commandline_item::reader {
       if (is_option(argument)) {
         read_option(argument);
       } else {
-        std::cout << "Warning! unknown key:" << argument << "\nIgnoring key and continuing\n";
+        write_unformatted(std::cout, "Warning! unknown key:");
+        write_unformatted(std::cout, argument);
+        write_unformatted(std::cout, "\nIgnoring key and continuing\n");
       }
     }
   }

@@ -2,26 +2,33 @@
 ///
 ///     -key, /key                            =>  key: "", a flag
 ///     -key=value  -key:value  -key:=value   =>  key: "value"
-///     -key=a,b,c                            =>  key: array of a, b, c
+///     -key=a,b,c                            =>  key: array of "a", "b", "c"
 ///     -key$a,b                              =>  key: "a,b"
-///     -key value                            =>  key: "value"
-///     -key a b c                            =>  key: array of a, b, c     up to the next word that begins with -
-///     word                                  =>  a warning on standard output, and it is left out
+///     -key value                            =>  key: "value", also where it has commas
+///     -key a b c                            =>  key: array of "a", "b", "c"
+///     word                                  =>  ignored, with a warning on standard output
 ///
-/// One `-` or `/` is taken off: `--key` has the key "-key". A word that begins with `/` is an option of its
-/// own, also one that was meant for the option before it: write `-path=/home` for a path as the only or the
-/// first value. Keys have dots between their parts, and blanks outside of quotes are not for arguments: each
-/// repeats the text before it. Values are byte strings.
+/// - An option with nothing attached takes the words after it up to the next one that begins with `-`. The
+/// first of these words may
+///   not begin with `/` either: `-a x /y` is an array of "x" and "/y", but `-a /y` is two flags, `a` and `y`.
+///   For a path as first value write `-a=/y`.
+/// - Only one `-` or `/` is removed: `--key` has the key "-key".
+/// - The tree splits a key at `.`, `\` and `/`: `-window.width=640`.
+/// - Quotes that reach the program are removed. A run of blanks outside them is replaced by a copy of the
+/// text
+///   of the token before it: `-a=x y` gives "xxy", `-a="x y"` gives "x y".
+/// - Values are byte strings. The empty value of a flag is a `ustring8`.
 ///
-/// The program's name gives three keys more, by its last part behind a backslash:
+/// The program's name, up to the last backslash removed, gives three more keys:
 ///
 ///     argv[0]               application.name   application.name.raw   application.name.extention
 ///     C:\tools\a.b.exe      "a.b.exe"          "ab"                   "exe"
 ///     tool.exe              "tool.exe"         "tool"                 "exe"
 ///     /usr/bin/tool         "/usr/bin/tool"    ""                     none
 ///
-/// The arguments are the caller's and are not copied: they must live as long as the item and its copies.
-/// Loading writes to standard output; apart from that an item is as safe to share as its base.
+/// The item does not copy the arguments: they must outlive it and its copies.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include "orva/config/base_config_item.hpp"
@@ -31,8 +38,8 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API commandline_item : public base_config_item {
  public:
-  /// Reads nothing yet. The id is "command line". `argv` may be null, and arguments end at a null entry,
-  /// whatever `argc` says.
+  /// Reads nothing yet. The id is "command line". `argv` may be null. The arguments end at the first null
+  /// entry, or after `argc` entries.
   commandline_item(unsigned int argc, const char* const* argv);
 
   bool load() override;

@@ -4,6 +4,12 @@ namespace ORVA_NAMESPACE::config {
 
 config_dispatch::~config_dispatch() = default;
 
+void config_dispatch::append(item_list& items, const base_config_item& item) {
+  // The copy has an owner before the list allocates a place for it.
+  const memory::pointers::rc_pointer<base_config_item> copy(item.clone());
+  items.push_back(copy);
+}
+
 void config_dispatch::load_each(item_list& items) {
   for (const auto& item : items) item->load(items);
 }

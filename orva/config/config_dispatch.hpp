@@ -1,9 +1,20 @@
-/// `config_dispatch`: the strategy that decides which sources a `config_manager` has, in which order, and how
-/// they load.
+/// `config_dispatch`: decides which sources a `config_manager` has, in which order, and how they load.
 ///
-/// `std_config_dispatch` is the one for programs and `module_config_dispatch` the one for modules. Others
-/// derive from this class, and find the usual way to load, unload and save among its protected members. A
-/// manager works on a clone, which it shares with its copies.
+/// `std_config_dispatch` is the one for programs, `module_config_dispatch` the one for modules. A program
+/// that needs other sources derives from this class:
+///
+///     class clock_dispatch : public config_dispatch {
+///      public:
+///       void setup(item_list& items) const override { append(items, clock_item()); }
+///       void load(item_list& items) const override { load_each(items); }
+///       void unload(item_list& items) const override { unload_each(items); }
+///       void save(item_list& items) const override { save_each(items); }
+///       clock_dispatch* clone() const override { return new clock_dispatch(*this); }
+///     };
+///
+/// A manager uses a clone, which it shares with its copies.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include "orva/config/base_config_item.hpp"
@@ -16,16 +27,18 @@ class ORVA_API config_dispatch : public generic::abilities::clone_ability {
  public:
   ~config_dispatch() override;
 
-  /// Appends the sources; the first has the highest precedence. Nothing is loaded yet.
+  /// Appends the sources; the first has the highest precedence. Loads nothing.
   virtual void setup(item_list& items) const = 0;
   virtual void load(item_list& items) const = 0;
   virtual void unload(item_list& items) const = 0;
   virtual void save(item_list& items) const = 0;
-  /// A copy on the heap, which is the caller's.
+  /// Returns a copy on the heap, which the caller owns.
   virtual config_dispatch* clone() const = 0;
 
  protected:
-  /// Loads each item in turn, so that a later one can ask those before it. What they return is not looked at.
+  /// Appends a clone of the item. Where memory runs out, the list is unchanged and nothing leaks.
+  static void append(item_list& items, const base_config_item& item);
+  /// Loads each item in turn, so that later items can read earlier ones. Ignores their results.
   static void load_each(item_list& items);
   static void unload_each(item_list& items);
   /// Calls `save(items)` of each, which writes nothing in the items of the library.

@@ -5,13 +5,13 @@
 #include <set>
 #include <string>
 
-#include "orva/config/internal/dump_marks.hpp"
-#include "orva/config/internal/lowered_key.hpp"
+#include "orva/config/internal/dump_format.hpp"
+#include "orva/config/internal/lower_case_key.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
-using _private::lowered_key;
-using _private::put;
+using _private::lower_case_key;
+using _private::write_unformatted;
 using types::variant;
 
 namespace {
@@ -58,17 +58,17 @@ bool config_manager::save() {
 }
 
 config_manager::found_node config_manager::find(std::string_view key) const {
-  const lowered_key lowered(key);
+  const lower_case_key lower_case(key);
   for (const auto& item : items_) {
-    if (const auto* const node = item->get_value(lowered)) return {item.get(), node};
+    if (const auto* const node = item->get_value(lower_case)) return {item.get(), node};
   }
   return {};
 }
 
 const base_config_item* config_manager::find_array(std::string_view key) const {
-  const lowered_key lowered(key);
+  const lower_case_key lower_case(key);
   for (const auto& item : items_) {
-    if (is_array_node(item->get_value(lowered))) return item.get();
+    if (is_array_node(item->get_value(lower_case))) return item.get();
   }
   return nullptr;
 }
@@ -81,8 +81,8 @@ variant config_manager::get_value(std::string_view key, const variant& default_v
     if (node == nullptr) return default_value;
     if (is_array_node(node)) return first_element(*item, current);
     if ((node->first & config_tree::NODE_LINK) == 0) return node->second;
-    // The texts are compared as they are: a circle through one key in two spellings closes when a spelling
-    // comes again.
+    // Names are compared as they are spelled: a circle through a key in two spellings ends when a spelling
+    // repeats.
     visited.emplace(current);
     target = node->second.as_string();
     if (visited.contains(target)) return node->second;
@@ -119,12 +119,12 @@ memory::pointers::rc_pointer<base_config_item> config_manager::get_config_item(s
 }
 
 void config_manager::dump(std::ostream& stream) const {
-  put(stream, "config_manager:\n");
+  write_unformatted(stream, "config_manager:\n");
   for (const auto& item : items_) {
-    put(stream, "\nconfig_item:\n");
+    write_unformatted(stream, "\nconfig_item:\n");
     item->dump(stream);
   }
-  put(stream, "\nno more config_items!\n\nending output\n");
+  write_unformatted(stream, "\nno more config_items!\n\nending output\n");
 }
 
 std::ostream& operator<<(std::ostream& stream, const config_manager& manager) {

@@ -1,12 +1,13 @@
-/// `config_token`: one token of the configuration language, as `base_config_item::get_token` cuts it out of a
-/// text.
-///
-/// A plain value that belongs to its caller. The tokens only cut: what ends a key, what starts a comment and
-/// what separates the elements of an array is decided by each source of configuration.
+/// `config_token`: one token of the configuration language, as `base_config_item::get_token` reads it.
 ///
 ///     a.b = "c d" # e      =>  a  .  b  (blank)  =  (blank)  c d  (blank)  #  (blank)  e
-///     x1.5                 =>  x  1  .  5        letters and digits are runs of their own
+///     x1.5                 =>  x  1  .  5        letters and digits are separate runs
 ///     */                   =>  */
+///
+/// A token is a plain value. It has no meaning by itself: each source of configuration decides what ends a
+/// key, what begins a comment and what separates the elements of an array.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include <string>
@@ -17,7 +18,7 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_token {
  public:
-  /// The texts that match are in the comment; `text` holds the same unless told otherwise.
+  /// The comments show the text that matches. `text` is the same where they do not say otherwise.
   enum tok_types : int {
     T_VAR = 0,            // a run of letters, by the C runtime's current locale
     T_NUM = 1,            // a run of decimal digits
@@ -44,22 +45,22 @@ class ORVA_API config_token {
     T_PLUSEQ = 22,        // +=
     T_MINUSEQ = 23,       // -=
     T_ENDCOMMENT = 24,    // */
-    T_STARTCOMMENT = 25,  // never made: of /* come T_DIV and what the star begins
+    T_STARTCOMMENT = 25,  // never returned: `/*` gives T_DIV and then the token of `*`
     T_TIMES = 26,         // *
     T_DIV = 27,           // /
     T_TIMESEQ = 28,       // *=
     T_DIVEQ = 29,         // /=
-    T_STRING = 30,        // text in double quotes, without them; may hold line ends
+    T_STRING = 30,        // text in double quotes, without the quotes; may hold line ends
     T_NON_ALPHA_NUM = 31  // any other byte
   };
 
-  /// What the token is, for people: "T_EQ", and with their text "T_VAR :[abc]", "T_UNKNOWN:[...]",
-  /// "T_STRING:[...]" and "T_NON_ALPHA_NUM:[...]". Of T_ENDCOMMENT, T_STARTCOMMENT and any other number
-  /// "unknown type".
+  /// The name of the type, for debugging: "T_EQ". Four names include the text: "T_VAR :[abc]",
+  /// "T_UNKNOWN:[...]", "T_STRING:[...]" and "T_NON_ALPHA_NUM:[...]". "unknown type" for T_ENDCOMMENT,
+  /// T_STARTCOMMENT and any number outside the enumeration.
   std::string CvtTokStr() const;
 
   std::string text;
-  /// Just behind the token. One behind the end of the source for text in quotes that are not closed.
+  /// The position after the token. Where a quote is not closed, one more than the length of the source.
   unsigned int end_position = 0;
   unsigned int start_position = 0;
   tok_types type = T_END;

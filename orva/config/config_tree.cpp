@@ -6,21 +6,22 @@
 #include <ostream>
 #include <utility>
 
-#include "orva/config/internal/lowered_key.hpp"
+#include "orva/config/internal/lower_case_key.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
-using _private::lowered_key;
+using _private::lower_case_key;
 using _private::next_segment;
 using generic::abilities::create_dynamic;
 
 namespace {
 
-/// What a node holds before a value is set: one payload, shared by all.
-const config_tree::node_type& passed_through() {
-  static const config_tree::node_type node(0, true);
+/// What a node holds before a value is set: one payload, shared by all nodes. Never destroyed, because the
+/// destructors of a program's static objects may make trees, too.
+const config_tree::node_type& default_node() {
+  static const config_tree::node_type& node = *new config_tree::node_type(0, true);
   return node;
 }
 
@@ -36,7 +37,7 @@ class element_name {
 
 }  // namespace
 
-config_tree::config_tree() : node_(passed_through()) {}
+config_tree::config_tree() : node_(default_node()) {}
 
 config_tree::config_tree(const config_tree& other)
     : generic::abilities::clone_ability(other),
@@ -67,8 +68,8 @@ void config_tree::detach_branches(child_map& from, detached_nodes& to) {
   }
 }
 
-/// A node lets go of its children only when these have none: a deep tree would otherwise go in as many nested
-/// calls as it has levels. Moving map nodes allocates nothing, so that destruction cannot fail.
+/// A node releases its children only when these have none: destroying a deep tree would otherwise nest as
+/// many calls as it has levels. Moving map nodes allocates nothing, so that destruction cannot fail.
 void config_tree::erase() {
   detached_nodes branches;
   detach_branches(children_, branches);
@@ -93,25 +94,25 @@ void config_tree::copy_children(const config_tree& source) {
   }
 }
 
-config_tree& config_tree::child(std::string_view lowered_name) {
-  const auto place = children_.lower_bound(lowered_name);
-  if (place != children_.end() && place->first == lowered_name) return *place->second;
-  const child_pointer made(create_dynamic<config_tree>());
-  return *children_.emplace_hint(place, lowered_name, made)->second;
+config_tree& config_tree::ensure_child(std::string_view lower_case_name) {
+  const auto position = children_.lower_bound(lower_case_name);
+  if (position != children_.end() && position->first == lower_case_name) return *position->second;
+  const child_pointer node(create_dynamic<config_tree>());
+  return *children_.emplace_hint(position, lower_case_name, node)->second;
 }
 
-config_tree& config_tree::branch(std::string_view key) {
-  const lowered_key lowered(key);
-  std::string_view rest = lowered.text();
+config_tree& config_tree::ensure_parent(std::string_view key) {
+  const lower_case_key lower_case(key);
+  std::string_view rest = lower_case.text();
   std::string_view name;
   config_tree* node = this;
-  for (bool more = true; more; node = &node->child(name)) more = next_segment(rest, name);
+  for (bool more = true; more; node = &node->ensure_child(name)) more = next_segment(rest, name);
   return *node;
 }
 
-config_tree& config_tree::path(std::string_view key) {
+config_tree& config_tree::ensure_node(std::string_view key) {
   if (!key.empty() && _private::is_separator(key.back())) key.remove_suffix(1);
-  return branch(key);
+  return ensure_parent(key);
 }
 
 void config_tree::store(const types::variant& value, unsigned int flags) {
@@ -122,29 +123,28 @@ void config_tree::store(const types::variant& value, unsigned int flags) {
 void config_tree::store_elements(const generic::varg_list& values, const generic::varg_list& flags) {
   for (types::uint32 i = 0; i < values.size(); ++i) {
     const types::variant& value = values[i].value();
-    config_tree& element = child(element_name(i));
+    config_tree& element = ensure_child(element_name(i));
     if (flags.empty()) {
       element.store(value, 0);
     } else if (i < flags.size()) {
       element.store(value, flags[i].value().as_uint32());
     } else {
-      // A list of flags that ends early makes numbers of the elements behind it: programs store masks in this
-      // way.
+      // Elements without flags of their own are stored as numbers: programs store masks in this way.
       element.store(value.as_uint32(), 0);
     }
   }
 }
 
 void config_tree::set_node(std::string_view key, const types::variant& value, unsigned int flags) {
-  path(key).store(value, flags);
+  ensure_node(key).store(value, flags);
 }
 
-const config_tree* config_tree::find_child(std::string_view lowered_name) const {
-  const auto found = children_.find(lowered_name);
+const config_tree* config_tree::find_child(std::string_view lower_case_name) const {
+  const auto found = children_.find(lower_case_name);
   return found != children_.end() ? found->second.get() : nullptr;
 }
 
-const config_tree* config_tree::find(const lowered_key& key) const {
+const config_tree* config_tree::find(const lower_case_key& key) const {
   std::string_view rest = key.text();
   std::string_view name;
   const config_tree* node = this;
@@ -155,7 +155,7 @@ const config_tree* config_tree::find(const lowered_key& key) const {
   return node;
 }
 
-const config_tree* config_tree::find(std::string_view key) const { return find(lowered_key(key)); }
+const config_tree* config_tree::find(std::string_view key) const { return find(lower_case_key(key)); }
 
 const config_tree::node_type* config_tree::get_node(std::string_view key) const {
   const config_tree* const node = find(key);
@@ -205,7 +205,7 @@ void config_tree::parse_string(std::string_view key, strings::ustring8& head, st
   next_segment(key, name);
   tail.assign(key);
   head.resize(name.size());
-  _private::write_lower(name, head.data());
+  _private::copy_lower_case(name, head.data());
 }
 
 }  // namespace ORVA_NAMESPACE::config

@@ -4,11 +4,11 @@
 #include <string_view>
 
 #include "orva/config/config_tree.hpp"
-#include "orva/config/internal/dump_marks.hpp"
+#include "orva/config/internal/dump_format.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
-using _private::put;
+using _private::write_unformatted;
 
 namespace {
 
@@ -29,26 +29,26 @@ void config_tree::dump(std::ostream& stream, int depth) const {
   for (int i = 0; i < depth; ++i) indent += indent_mark;
   std::vector<level> open{{children_.begin(), children_.end()}};
   for (;;) {
-    put(stream, indent);
+    write_unformatted(stream, indent);
     level& current = open.back();
     if (current.at == current.end) {
-      put(stream, "end\n");
+      write_unformatted(stream, "end\n");
       open.pop_back();
       if (open.empty()) return;
       indent.resize(indent.size() - indent_mark.size());
       continue;
     }
     const auto& [name, child] = *current.at++;
-    put(stream, name);
-    put(stream, " : ");
-    put(stream, value_text(child->node_));
-    put(stream, "\n");
-    put(stream, indent);
+    write_unformatted(stream, name);
+    write_unformatted(stream, " : ");
+    write_unformatted(stream, value_text(child->node_));
+    write_unformatted(stream, "\n");
+    write_unformatted(stream, indent);
     if (child->children_.empty()) {
-      put(stream, "|\n");
+      write_unformatted(stream, "|\n");
       continue;
     }
-    put(stream, _private::rule);
+    write_unformatted(stream, _private::children_line);
     open.push_back({child->children_.begin(), child->children_.end()});
     indent += indent_mark;
   }

@@ -18,18 +18,19 @@ bool can_be_opened(const strings::ustring8& name) {
   return platform::input_file(platform::to_native(system::path_argument(name).get())).is_open();
 }
 
-/// The name that the first item gives whose `key`, with `ending`, is the name of a file; empty if none does.
+/// The name of the first file that can be opened among those that the items name by `key`, each with
+/// `ending`. Empty if there is none.
 strings::ustring8 find_file(const item_list& items, std::string_view key, std::string_view ending) {
   for (const auto& item : items) {
-    const auto* const named = item->get_value(key);
-    if (named == nullptr) continue;
-    strings::ustring8 name = named->second.as_string() + ending;
+    const auto* const node = item->get_value(key);
+    if (node == nullptr) continue;
+    strings::ustring8 name = node->second.as_string() + ending;
     if (can_be_opened(name)) return name;
   }
   return {};
 }
 
-/// A file that cannot be read, whatever the reason, is as good as none: configuration never fails.
+/// False for a file that cannot be read, whatever the reason: configuration never fails.
 bool read_whole(const strings::ustring8& name, strings::ustring8& contents) {
   try {
     return system::load_file(name, contents) == 0;
@@ -44,7 +45,7 @@ void write_whole(const strings::ustring8& name, const strings::ustring8& content
   try {
     system::store_file(name, contents);
   } catch (const std::runtime_error&) {
-    // As for a file that cannot be opened: nobody is told.
+    // Ignored, as is the result for a file that cannot be opened.
   }
 }
 
@@ -61,7 +62,8 @@ bool file_item::load(const item_list& items) {
   strings::ustring8 found = find_file(items, "cfg_file", "");
   if (found.empty() && filename_.empty()) found = find_file(items, "application.name.raw", ".cfg");
   if (!found.empty()) filename_ = std::move(found);
-  return load();
+  load_file();
+  return true;
 }
 
 bool file_item::save() {

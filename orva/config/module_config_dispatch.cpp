@@ -13,9 +13,9 @@ module_config_dispatch::module_config_dispatch(const generic::varg_list& files, 
 }
 
 void module_config_dispatch::setup(item_list& items) const {
-  for (const std::string& name : file_names_) items.emplace_back(file_item(name).clone());
-  items.emplace_back(enviroment_item(envp_).clone());
-  items.emplace_back(user_item().clone());
+  for (const std::string& name : file_names_) append(items, file_item(name));
+  append(items, enviroment_item(envp_));
+  append(items, user_item());
 }
 
 void module_config_dispatch::load(item_list& items) const { load_each(items); }

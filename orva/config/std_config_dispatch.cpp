@@ -17,9 +17,9 @@ std_config_dispatch::std_config_dispatch(int argc, const char* const* argv, cons
       second_file_name_(std::move(second_file_name)) {}
 
 void std_config_dispatch::setup(item_list& items) const {
-  items.emplace_back(commandline_item(argc_ > 0 ? static_cast<unsigned int>(argc_) : 0, argv_).clone());
-  items.emplace_back(file_item(file_name_).clone());
-  items.emplace_back(enviroment_item(envp_).clone());
+  append(items, commandline_item(argc_ > 0 ? static_cast<unsigned int>(argc_) : 0, argv_));
+  append(items, file_item(file_name_));
+  append(items, enviroment_item(envp_));
 }
 
 void std_config_dispatch::load(item_list& items) const { load_each(items); }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "orva/config/config_manager.hpp"
 #include "orva/config/file_item.hpp"
 #include "orva/config/user_item.hpp"
 #include "orva/types/nil.hpp"
@@ -108,6 +109,29 @@ TEST(base_config_item, set_takes_key_and_value_apart_or_as_a_pair) {
   EXPECT_EQ(value_of(item, "d"), "e");
 }
 
+template <typename Flags>
+constexpr bool has_set_without_value = requires(plain_item item, Flags flags) {
+  item.set("key", flags);
+};
+
+TEST(base_config_item, truth_and_floating_values_are_no_flags) {
+  static_assert(!has_set_without_value<bool>);
+  static_assert(!has_set_without_value<float>);
+  static_assert(!has_set_without_value<double>);
+  static_assert(!has_set_without_value<long double>);
+  static_assert(has_set_without_value<int>);
+  static_assert(has_set_without_value<unsigned int>);
+  static_assert(has_set_without_value<config_tree::node_flags>);
+  static_assert(requires(plain_item item) { item.set("key", true, 0); });
+  static_assert(requires(plain_item item) { item.set("key", 2.5, 0); });
+  static_assert(requires(plain_item item, std::pair<ustring8, variant> entry) { item.set(entry, 0); });
+  plain_item item;
+  item.set("verbose", true, 0);
+  item.set("zoom", 2.5, 0);
+  EXPECT_EQ(value_of(item, "verbose"), "1");
+  EXPECT_EQ(value_of(item, "zoom"), "2.5");
+}
+
 TEST(base_config_item, key_that_is_set_twice_keeps_the_second_value) {
   plain_item item;
   item.set("a = 1", 0);
@@ -174,6 +198,14 @@ TEST(base_config_item, array_under_a_key_with_an_empty_last_part_stands_where_it
   EXPECT_EQ(listing_of(item), reference.listing());
 }
 
+TEST(base_config_item, array_of_nothing_under_a_key_with_an_empty_last_part_makes_no_further_node) {
+  plain_item item;
+  item.set_array("k.", {}, {});
+  EXPECT_EQ(listing_of(item), (std::vector<std::string>{"k | 3 | "}));
+  item.set_array("j.", {}, varg_list(argument(4)));
+  EXPECT_EQ(listing_of(item), (std::vector<std::string>{"j | 3 | ", "k | 3 | "}));
+}
+
 TEST(base_config_item, array_without_a_key_is_the_node_of_the_empty_name) {
   plain_item item;
   item.set_array("", varg_list(argument("x")), {});
@@ -210,6 +242,58 @@ TEST(base_config_item, load_with_the_list_calls_load_and_save_with_the_list_does
   EXPECT_EQ(item.loads, 1);
   EXPECT_TRUE(base.save(item_list()));
   EXPECT_EQ(item.saves, 0);
+}
+
+namespace documented {
+
+using namespace ORVA_NAMESPACE;
+using namespace ORVA_NAMESPACE::config;
+
+// As in base_config_item.hpp.
+class clock_item : public base_config_item {
+ public:
+  clock_item() { id_ = "clock"; }
+  using base_config_item::load;  // load(items) calls load(); without this line it is hidden
+  bool load() override {
+    set("clock.ticks", 42, 0);
+    return true;
+  }
+  void unload() override { tree_.erase(); }
+  clock_item* clone() const override { return generic::abilities::create_dynamic<clock_item>(*this); }
+};
+
+// As in config_dispatch.hpp.
+class clock_dispatch : public config_dispatch {
+ public:
+  void setup(item_list& items) const override { append(items, clock_item()); }
+  void load(item_list& items) const override { load_each(items); }
+  void unload(item_list& items) const override { unload_each(items); }
+  void save(item_list& items) const override { save_each(items); }
+  clock_dispatch* clone() const override { return new clock_dispatch(*this); }
+};
+
+}  // namespace documented
+
+TEST(base_config_item, derived_class_is_documented_by_its_example) {
+  ORVA_NAMESPACE::config::config_manager manager;
+  manager.init(documented::clock_dispatch());
+  EXPECT_TRUE(manager.load());
+  EXPECT_EQ(manager.get_value("clock.ticks").as_int32(), 42);
+  EXPECT_TRUE(manager.get_config_item("clock")->is_created_dynamic());
+  documented::clock_item item;
+  EXPECT_TRUE(item.load(item_list()));
+  EXPECT_EQ(value_of(item, "clock.ticks"), "42");
+  EXPECT_TRUE(manager.save());
+  EXPECT_TRUE(manager.unload());
+  EXPECT_FALSE(manager.value_exist("clock.ticks"));
+}
+
+TEST(base_config_item, documentation_example) {
+  ORVA_NAMESPACE::config::user_item settings;
+  settings.set("window.width", 640, 0);
+  settings.set("window.title = \"Free space\"", 0);
+  EXPECT_EQ(settings.get_value("Window/Width")->second.as_int32(), 640);
+  EXPECT_EQ(value_of(settings, "window.title"), "Free space");
 }
 
 TEST(base_config_item, copy_has_values_of_its_own) {

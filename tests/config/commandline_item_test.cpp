@@ -180,6 +180,16 @@ TEST(commandline_item, word_that_belongs_to_no_option_is_warned_of) {
   EXPECT_EQ(flags_of(line.item, "c"), 1);
 }
 
+TEST(commandline_item, warning_does_not_depend_on_the_format_of_the_stream) {
+  command_line line({"x"});
+  const auto width = std::cout.width(30);
+  const char fill = std::cout.fill('*');
+  const std::string warning = line.load();
+  std::cout.width(width);
+  std::cout.fill(fill);
+  EXPECT_EQ(warning, "Warning! unknown key:x\nIgnoring key and continuing\n");
+}
+
 struct name_row {
   const char* program;
   const char* name;

@@ -1,4 +1,4 @@
-// The command line and the environment of a real process.
+// What only a process of its own shows: a real command line and environment, and the end of the process.
 #include <gtest/gtest.h>
 
 #include "tests/support/child_process.hpp"
@@ -8,16 +8,16 @@ namespace {
 using orva_test::child_result;
 using orva_test::run_child;
 
-const char rule[] = "|---------------\\\n";
+const char children_line[] = "|---------------\\\n";
 
-TEST(config_process, command_line_of_a_child_is_read_and_stray_words_are_told_on_its_standard_output) {
+TEST(config_process, command_line_of_a_child_is_read_with_a_warning_of_stray_words_on_its_standard_output) {
   const child_result child = run_child(
       CONFIG_PROBE,
       {"C:\\bin\\probe.exe", "stray", "-probe=\"command line\"", "-Path", "a,b", "c d", "-x:=1,2"}, {});
   EXPECT_EQ(child.code, 0);
   EXPECT_EQ(child.output, std::string("Warning! unknown key:stray\nIgnoring key and continuing\n"
                                       "object : command line\n") +
-                              rule +
+                              children_line +
                               "|\t\tapplication : true\n"
                               "|\t\t|---------------\\\n"
                               "|\t\t|\t\tname : 1 probe.exe\n"
@@ -53,7 +53,7 @@ TEST(config_process, environment_of_a_child_is_read) {
       run_child(CONFIG_PROBE, {"probe", "-probe=enviroment"},
                 {"Home=/home/ann", "P=C:\\Program Files", "EMPTY=", "\xC3\xA4=\xC3\xB6", "A.B=\"x y\""});
   EXPECT_EQ(child.code, 0);
-  EXPECT_EQ(child.output, std::string("object : enviroment\n") + rule +
+  EXPECT_EQ(child.output, std::string("object : enviroment\n") + children_line +
                               "|\t\ta : true\n"
                               "|\t\t|---------------\\\n"
                               "|\t\t|\t\tb : 1 x y\n"
@@ -69,6 +69,12 @@ TEST(config_process, environment_of_a_child_is_read) {
                               "|\t\t|\n"
                               "|\t\tend\n"
                               "end\n");
+}
+
+TEST(config_process, tree_works_while_the_statics_of_the_process_are_destroyed) {
+  const child_result child = run_child(TREE_AT_EXIT_PROBE, {"probe"}, {});
+  EXPECT_EQ(child.code, 0);
+  EXPECT_EQ(child.output, "1 1\n");
 }
 
 }  // namespace

@@ -69,6 +69,14 @@ TEST(config_tree, node_on_the_way_to_another_has_flags_zero_and_the_value_true) 
   EXPECT_TRUE(tree.get_node("a")->second.as_bool());
 }
 
+TEST(config_tree, documentation_example) {
+  config_tree tree;
+  tree.set_node("Window.Width", 640, 0);
+  EXPECT_EQ(tree.get_node("window/width")->second.as_int32(), 640);
+  EXPECT_EQ(tree.get_node("window")->first, 0u);
+  EXPECT_EQ(tree.get_node("height"), nullptr);
+}
+
 TEST(config_tree, lookup_ignores_case_and_takes_three_separators) {
   config_tree tree;
   tree.set_node("A.b/C\\d", "x", 0);

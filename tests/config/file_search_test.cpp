@@ -108,6 +108,23 @@ TEST_F(file_search, any_value_serves_as_a_name) {
   EXPECT_EQ(found(), "17 5");
 }
 
+/// Reads nothing when it is asked to load without a list.
+class overriding_item : public file_item {
+ public:
+  using file_item::file_item;
+  using file_item::load;
+  bool load() override { return ++loads < 0; }
+  int loads = 0;
+};
+
+TEST_F(file_search, load_by_the_list_reads_the_file_without_the_load_of_a_derived_class) {
+  add("cfg_file", directory_.write("a.cfg", "k=1\n"));
+  overriding_item item("");
+  EXPECT_TRUE(item.load(items_));
+  EXPECT_EQ(item.loads, 0);
+  EXPECT_EQ(value_of(item, "k"), "1");
+}
+
 TEST_F(file_search, name_that_was_found_is_kept_for_the_next_load) {
   add("cfg_file", directory_.write("a.cfg", "k=1\n"));
   file_item item("");

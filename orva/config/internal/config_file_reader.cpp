@@ -30,11 +30,6 @@ void skip_comment(std::string_view text, unsigned int& position) {
   }
 }
 
-bool config_file_reader::at_blank() const {
-  return token_.type == tok_types::T_SPACE || token_.type == tok_types::T_TABCHAR ||
-         token_.type == tok_types::T_NEWLINE;
-}
-
 bool config_file_reader::at_comment() const {
   return token_.type == tok_types::T_POUND || token_.type == tok_types::T_FSFS;
 }
@@ -60,7 +55,7 @@ void config_file_reader::skip_to_content() {
   while (next() != tok_types::T_END) {
     if (at_comment()) {
       skip_comment(text_, position_);
-    } else if (!at_blank()) {
+    } else if (!token_.is_white_space()) {
       return;
     }
   }
@@ -72,7 +67,7 @@ void config_file_reader::read_section() {
   for (;;) {
     section_name_ += plain_text(section_stops);
     if (next() == tok_types::T_END || token_.type == tok_types::T_EBRACKET) return;
-    if (!at_blank()) section_name_ += token_.text;
+    if (!token_.is_white_space()) section_name_ += token_.text;
   }
 }
 
@@ -80,7 +75,7 @@ void config_file_reader::read_section() {
 void config_file_reader::read_key() {
   key_.clear();
   while (token_.type != tok_types::T_END && token_.type != tok_types::T_EQ) {
-    if (!at_blank()) key_ += token_.text;
+    if (!token_.is_white_space()) key_ += token_.text;
     key_ += plain_text(key_stops);
     next();
   }
@@ -93,7 +88,7 @@ void config_file_reader::read_scalar() {
     if (next() == tok_types::T_END || token_.type == tok_types::T_NEWLINE) break;
     if (at_comment()) {
       skip_comment(text_, position_);
-    } else if (!at_blank()) {
+    } else if (!token_.is_white_space()) {
       value_ += token_.text;
     }
   }
@@ -116,7 +111,7 @@ void config_file_reader::read_array() {
     } else if (token_.type == tok_types::T_NON_ALPHA_NUM && token_.text == ",") {
       push_element();
       has_content = false;
-    } else if (!at_blank()) {
+    } else if (!token_.is_white_space()) {
       value_ += token_.text;
       has_content = true;
     }
@@ -129,16 +124,16 @@ void config_file_reader::push_element() { elements_.push_back(types::variant(std
 void config_file_reader::end_array() {
   if (value_.empty()) return;
   push_element();
-  config_tree& place = section();
-  // An array without a name is the section's node itself.
-  config_tree& header = key_.empty() && !section_name_.empty() ? place : place.path(key_);
+  config_tree& top = section();
+  // An array without a name has the section's own node as its header.
+  config_tree& header = key_.empty() && !section_name_.empty() ? top : top.ensure_node(key_);
   header.store(types::nil, config_tree::NODE_ARRAY);
-  place.branch(key_).store_elements(elements_, {});
+  top.ensure_parent(key_).store_elements(elements_, {});
   elements_.clear();
 }
 
 config_tree& config_file_reader::section() {
-  if (section_ == nullptr) section_ = section_name_.empty() ? &tree_ : &tree_.branch(section_name_);
+  if (section_ == nullptr) section_ = section_name_.empty() ? &tree_ : &tree_.ensure_parent(section_name_);
   return *section_;
 }
 

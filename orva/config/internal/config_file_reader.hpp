@@ -25,7 +25,6 @@ class config_file_reader {
  private:
   config_token::tok_types next() { return scan_token(text_, position_, token_); }
   std::string_view plain_text(const byte_set& stops) { return scan_plain(text_, position_, stops); }
-  bool at_blank() const;
   bool at_comment() const;
 
   void skip_to_content();

@@ -18,6 +18,11 @@ struct scanned_token {
   unsigned int start_position = 0;
   unsigned int end_position = 0;
   config_token::tok_types type = config_token::T_END;
+
+  bool is_white_space() const {
+    return type == config_token::T_SPACE || type == config_token::T_TABCHAR ||
+           type == config_token::T_NEWLINE;
+  }
 };
 
 /// Scans the token at `position` and moves `position` behind it.
