@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
+#include "orva/serialization/internal/flat_form_reader.hpp"
+#include "orva/serialization/internal/flat_form_writer.hpp"
 #include "orva/serialization/internal/labeled_contents.hpp"
-#include "orva/serialization/internal/labeled_flat_form.hpp"
-#include "orva/serialization/internal/labeled_flat_writer.hpp"
 #include "orva/serialization/stored_buffer.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
@@ -103,7 +103,7 @@ labeled_text_buffer& labeled_text_buffer::assign(const labeled_text_buffer& othe
 const std::string& labeled_text_buffer::as_str() const {
   static const std::string nothing;
   if (is_empty()) return nothing;
-  flat_writer(contents_->text).write(*contents_);
+  flat_form_writer(contents_->text).write(*contents_);
   return contents_->text;
 }
 

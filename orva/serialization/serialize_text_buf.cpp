@@ -11,7 +11,7 @@
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/serialization/internal/floating_text.hpp"
-#include "orva/serialization/internal/text_items.hpp"
+#include "orva/serialization/internal/text_form_items.hpp"
 #include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization {

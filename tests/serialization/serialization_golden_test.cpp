@@ -120,7 +120,7 @@ void expect_golden(const std::string& name) {
 }
 
 TEST(serialization_golden, binary_items) { expect_golden<serialize_binary_buf>("binary"); }
-TEST(serialization_golden, text_items) { expect_golden<serialize_text_buf>("text"); }
+TEST(serialization_golden, text_form_items) { expect_golden<serialize_text_buf>("text"); }
 
 /// Stores "a=1 g { x=2 }".
 void store(labeled_text_buffer& root, const std::string& content) {

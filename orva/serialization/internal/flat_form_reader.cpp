@@ -1,10 +1,10 @@
-#include "orva/serialization/internal/labeled_flat_form.hpp"
+#include "orva/serialization/internal/flat_form_reader.hpp"
 
 #include <string>
 #include <vector>
 
 #include "orva/generic/convert/str_to_x.hpp"
-#include "orva/serialization/internal/text_items.hpp"
+#include "orva/serialization/internal/text_form_items.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/radix.hpp"
 

@@ -1,4 +1,4 @@
-#include "orva/serialization/internal/reverse_text.hpp"
+#include "orva/serialization/internal/backward_text_writer.hpp"
 
 #include <gtest/gtest.h>
 
@@ -9,11 +9,11 @@
 
 namespace {
 
-using ORVA_NAMESPACE::serialization::_private::reverse_text;
+using ORVA_NAMESPACE::serialization::_private::backward_text_writer;
 
-TEST(reverse_text, last_string_comes_first) {
+TEST(backward_text_writer, last_string_comes_first) {
   std::string target = "gone";
-  reverse_text text(target);
+  backward_text_writer text(target);
   text.prepend_string("second");
   text.prepend_string("fi", "rst");
   text.finish();
@@ -24,9 +24,9 @@ TEST(reverse_text, last_string_comes_first) {
             "second\x01");
 }
 
-TEST(reverse_text, string_is_opened_when_its_length_is_known) {
+TEST(backward_text_writer, string_is_opened_when_its_length_is_known) {
   std::string target;
-  reverse_text text(target);
+  backward_text_writer text(target);
   text.close_string();
   const auto behind = text.size();
   text.prepend_string("in");
@@ -38,11 +38,11 @@ TEST(reverse_text, string_is_opened_when_its_length_is_known) {
             "\x01");
 }
 
-TEST(reverse_text, target_of_any_size_holds_nothing_but_the_text) {
+TEST(backward_text_writer, target_of_any_size_holds_nothing_but_the_text) {
   for (std::size_t size = 0; size < 700; size += 7) {
     for (std::size_t length = 0; length < 700; length += 13) {
       std::string target(size, 'o');
-      reverse_text text(target);
+      backward_text_writer text(target);
       const std::string bytes(length, 'b');
       text.prepend_string(bytes);
       EXPECT_EQ(text.size(), std::to_string(length).size() + 1 + length + 1);
@@ -52,9 +52,9 @@ TEST(reverse_text, target_of_any_size_holds_nothing_but_the_text) {
   }
 }
 
-TEST(reverse_text, text_that_passes_the_longest_buffer_is_refused) {
+TEST(backward_text_writer, text_that_passes_the_longest_buffer_is_refused) {
   std::string target;
-  reverse_text text(target);
+  backward_text_writer text(target);
   const std::string abc = "abc";
   // Never looked behind: what does not fit is refused first. Volatile, or the compiler warns of the copy.
   const volatile std::size_t length = ORVA_NAMESPACE::serialization::stored_buffer::max_size;

@@ -11,17 +11,17 @@
 #include <utility>
 
 #include "orva/generic/convert/x_to_str.hpp"
-#include "orva/serialization/internal/text_items.hpp"
+#include "orva/serialization/internal/text_form_items.hpp"
 #include "orva/serialization/stored_buffer.hpp"
 #include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
-class reverse_text {
+class backward_text_writer {
  public:
   /// Writes into `target`, whose content goes. It holds the text after `finish`, and keeps its memory for the
   /// next one.
-  explicit reverse_text(std::string& target) : units_(target), begin_(target.size()) {}
+  explicit backward_text_writer(std::string& target) : units_(target), begin_(target.size()) {}
 
   std::size_t size() const { return units_.size() - begin_; }
 

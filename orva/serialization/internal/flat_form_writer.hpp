@@ -9,16 +9,16 @@
 #include <string_view>
 #include <vector>
 
+#include "orva/serialization/internal/backward_text_writer.hpp"
 #include "orva/serialization/internal/labeled_contents.hpp"
-#include "orva/serialization/internal/reverse_text.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
 
 /// Writes from the last entry to the first: the length of a group is then known when its turn comes, and
 /// every byte is written once, however deep it is nested.
-class labeled_text_buffer::flat_writer {
+class labeled_text_buffer::flat_form_writer {
  public:
-  explicit flat_writer(std::string& text) : text_(text) {}
+  explicit flat_form_writer(std::string& text) : text_(text) {}
 
   void write(const contents& root) {
     enter(root);
@@ -64,7 +64,7 @@ class labeled_text_buffer::flat_writer {
     text_.prepend_string(label);
   }
 
-  _private::reverse_text text_;
+  _private::backward_text_writer text_;
   std::vector<level> levels_;
 };
 
