@@ -1,23 +1,36 @@
-/// `labeled_text_buffer`: the labeled buffer, a sorted map in memory with a flat form of text.
+/// `labeled_text_buffer`: a labeled buffer in memory, with a flat form of text to store or send.
 ///
-/// The flat form is a row of strings as `serialize_text_buf` writes them, in the order of the labels by their
-/// bytes: for a value the label and its text, for a group the label with a blank behind it and the group's
-/// flat form. A label never ends in a blank of its own. {a=1, g={x=2}}, with the byte 0x01 written ~:
+///     labeled_text_buffer settings;
+///     settings.add_value("a", 1);
+///     settings.create_group("g")->add_value("x", 2);
+///     const std::string text = settings.as_str();
+///     labeled_text_buffer copy(text);                  // copy.retrieve_value("a").as_int32() == 1
+///
+/// The flat form is a sequence of strings as `serialize_text_buf` writes them, sorted by the bytes of the
+/// labels. A value is its label and its text. A group is its label with a blank appended and the flat form of
+/// the group; no label ends in a blank otherwise. The text above, with the byte 0x01 written as ~:
 ///
 ///     1~a~1~1~2~g ~8~1~x~1~2~~
 ///
-/// Reading it back, every value has become a byte string, which a `variant` hides from those who ask for a
-/// number; nil has become the empty string. A text that is no flat form gives what can be read of it:
+/// Reading turns every value into a byte string; `variant` converts it when a caller asks for a number. Nil
+/// becomes the empty string. A text that is not a flat form gives what can be read of it:
 ///
-///     an empty label                  ends the reading; so does one that was stored, with all labels behind it
-///     a text that ends in a label     std::out_of_range, "invalid string position", where a length overran the end
-///     1~a~                            {a=""}: behind the last item the reader begins again, and reading ends
+///     an empty label            ends its level; a stored one hides the labels after it
+///     a length past the end     the string is cut; std::out_of_range, "invalid string position", for a value
+///                               that would begin after the end, and for a last length without a separator
+///     a length below 0          the string is the rest of its level, and reading goes back by the length
+///     1~a~                      {a=""}: after the last string, reading starts again at the beginning
 ///
-/// The buffer owns its groups: pointers to them stay valid until the buffer is assigned or destroyed, and see
-/// what `create_group` does to them. Time, memory and the length of the flat form grow with the content,
-/// whatever its nesting: a level adds its label and a length. Nothing here calls itself for a level.
+/// A level ends where reading returns to a label that it has read before, as it would repeat without end. All
+/// reading ends when more than `max_reread` bytes have been read again.
+///
+/// A buffer owns its groups. A pointer to a group is valid until the buffer is assigned or destroyed. Time,
+/// memory and the length of the flat form are proportional to the content at any depth; nothing is recursive.
+///
+/// Edge cases: docs/edges.md#serialization
 #pragma once
 
+#include <cstddef>
 #include <memory>
 #include <string>
 
@@ -29,11 +42,15 @@ namespace ORVA_NAMESPACE::serialization {
 
 class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
  public:
+  /// How many bytes one `assign` reads more than once, where lengths below 0 lead back. Without a limit, a
+  /// text of nested groups takes time that doubles with each of them.
+  static constexpr std::size_t max_reread = 0x100000;
+
   labeled_text_buffer() noexcept;
   /// Reads the flat form, as `assign` does.
   explicit labeled_text_buffer(const std::string& text);
   labeled_text_buffer(const labeled_text_buffer& other);
-  /// The source is left empty.
+  /// Leaves the source empty.
   labeled_text_buffer(labeled_text_buffer&& other) noexcept;
   ~labeled_text_buffer() override;
 
@@ -47,7 +64,7 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   /// A deep copy: values keep their types. `other` may be a group of this buffer.
   virtual labeled_text_buffer& assign(const labeled_text_buffer& other);
 
-  /// Throws `std::length_error`, "string too long", where the text would pass 4294967294 bytes.
+  /// Throws `std::length_error`, "string too long", if the text would exceed `stored_buffer::max_size` bytes.
   const std::string& as_str() const override;
 
   result_type add_value(const std::string& label, const types::variant& value) override;
@@ -62,13 +79,13 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   labeled_text_buffer* retrieve_group(const std::string& label) override;
   const labeled_text_buffer* retrieve_group(const std::string& label) const override;
 
-  /// Lays the other over this buffer: what it holds is added or replaces what is here, group by group, and
-  /// what it does not hold stays. Nothing is removed, but a label with neither value nor group takes the
-  /// value away here. `other` may be this buffer, or a group of it, and is taken as it is before the call.
+  /// Merges `other` into this buffer, group by group: its values are added or replace those here. Nothing is
+  /// removed, except that a label with neither value nor group in `other` sets the value here to nil. `other`
+  /// may be this buffer or a group of it; its content before the call counts.
   ///
-  ///     {a=1, b=2}  overlaid by  {b=3, c=4}      =>  {a=1, b=3, c=4}
-  ///     {a=1}       overlaid by  {a=nil}         =>  {a=nil}
-  ///     {a=1}       overlaid by  {a=nil,{x=2}}   =>  {a=1,{x=2}}
+  ///     {a=1, b=2}  overlay  {b=3, c=4}      =>  {a=1, b=3, c=4}
+  ///     {a=1}       overlay  {a=nil}         =>  {a=nil}
+  ///     {a=1}       overlay  {a=nil,{x=2}}   =>  {a=1,{x=2}}
   void overlay(const labeled_text_buffer& other);
 
   labeled_text_buffer* create() const override;
@@ -77,18 +94,18 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
  private:
   struct entry;
   struct contents;
-  /// Takes groups apart one after the other, however deep they are nested.
+  /// Destroys nested groups one after another, without recursion.
   struct destroy_contents {
     void operator()(contents* root) const noexcept;
   };
   using owned_contents = std::unique_ptr<contents, destroy_contents>;
-  class flat_writer;
+  class flat_form_writer;
 
   static owned_contents copy(const contents* source);
   contents& filled();
   const entry* find(const std::string& label) const;
 
-  /// Null as long as nothing was stored: every label has a group, and most are empty.
+  /// Null until something is stored: every label has a group, and most groups are empty.
   owned_contents contents_;
 };
 

@@ -70,7 +70,7 @@ TEST(labeled_text_buffer, other_white_space_belongs_to_a_label) {
   EXPECT_TRUE(labeled.has_label("\v\fa\v\f"));
 }
 
-TEST(labeled_text_buffer, add_value_tells_whether_a_value_was_replaced) {
+TEST(labeled_text_buffer, add_value_returns_whether_a_value_was_replaced) {
   buffer labeled;
   EXPECT_EQ(labeled.add_value("a", 1), buffer::label_set);
   EXPECT_EQ(labeled.add_value("a", 2), buffer::label_replaced);
@@ -275,7 +275,7 @@ TEST(labeled_text_buffer, assign_of_itself_changes_nothing) {
   const buffer& same = labeled;
   labeled = same;
   labeled.assign(same);
-  EXPECT_EQ(labeled.retrieve_group("g"), group) << "the pointer is still good";
+  EXPECT_EQ(labeled.retrieve_group("g"), group) << "the pointer stays valid";
   EXPECT_EQ(group->retrieve_value("x").as_int32(), 5);
 }
 
@@ -385,21 +385,25 @@ TEST(labeled_text_buffer, overrun_within_a_group_ends_the_whole_reading) {
   EXPECT_FALSE(labeled.has_label("b"));
 }
 
-TEST(labeled_text_buffer, length_below_zero_ends_its_level) {
-  buffer of_a_value(bytes("1~a~-3~xyz~1~b~1~2~"));
-  EXPECT_EQ(shown(text_at(of_a_value, "a")), "xyz~1~b~1~2~");
-  EXPECT_FALSE(of_a_value.has_label("b"));
+TEST(labeled_text_buffer, length_below_zero_takes_the_rest_of_the_level_and_leads_back) {
+  buffer of_a_value(bytes("1~a~-3~xyz~1~b~0~~"));
+  EXPECT_EQ(shown(text_at(of_a_value, "a")), "xyz~1~b~0~~");
+  EXPECT_EQ(text_at(of_a_value, "xyz"), "b") << "reading goes on at 3~xyz~";
 
   buffer of_a_label(bytes("1~b~1~2~-3~xyz~"));
-  EXPECT_TRUE(of_a_label.has_label("b"));
-  EXPECT_EQ(shown(of_a_label.as_str()), "1~b~1~2~");
+  EXPECT_EQ(text_at(of_a_label, bytes("xyz~")), "xyz");
 
-  buffer of_a_group(bytes("2~g ~-3~1~x~1~2~"));
-  EXPECT_EQ(text_at(*of_a_group.retrieve_group("g"), "x"), "2");
-  EXPECT_EQ(shown(of_a_group.as_str()), "2~g ~8~1~x~1~2~~");
+  buffer of_a_group(bytes("2~g ~-7;1~x~1~2~"));
+  EXPECT_EQ(text_at(*of_a_group.retrieve_group("g"), "1"), "");
+  EXPECT_FALSE(of_a_group.has_label("x")) << "reading goes on at an empty label";
 }
 
-// Laying one over another.
+TEST(labeled_text_buffer, level_ends_where_reading_returns_to_a_label) {
+  buffer labeled(bytes("1~a~-7~1~b~1~2~"));
+  EXPECT_EQ(shown(labeled.as_str()), "1~a~8~1~b~1~2~~");
+}
+
+// Overlay.
 
 TEST(labeled_text_buffer, overlay_replaces_and_adds_and_removes_nothing) {
   buffer here;
@@ -467,7 +471,7 @@ TEST(labeled_text_buffer, overlay_keeps_pointers_to_groups) {
   EXPECT_TRUE(group->has_label("y"));
 }
 
-TEST(labeled_text_buffer, overlay_with_itself_or_nothing_changes_nothing) {
+TEST(labeled_text_buffer, overlay_with_itself_or_an_empty_buffer_changes_nothing) {
   buffer here;
   here.add_value("a", 1);
   here.create_group("g")->add_value("x", 2);
@@ -477,7 +481,7 @@ TEST(labeled_text_buffer, overlay_with_itself_or_nothing_changes_nothing) {
   EXPECT_EQ(here.as_str(), before);
 }
 
-TEST(labeled_text_buffer, overlay_with_an_own_group_takes_it_as_it_was) {
+TEST(labeled_text_buffer, overlay_with_a_group_of_this_buffer_takes_its_content_before_the_call) {
   buffer here;
   here.create_group("g")->add_value("x", 1);
   here.retrieve_group("g")->create_group("g")->add_value("y", 2);

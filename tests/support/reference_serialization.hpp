@@ -1,5 +1,5 @@
-/// The readers of the serialization forms, as plainly as they can be told: copies instead of views, recursion
-/// instead of a stack, arithmetic instead of memory.
+/// The readers of the serialization forms in their plainest form: copies instead of views, recursion instead
+/// of a stack, arithmetic instead of memory.
 #pragma once
 
 #include <cstddef>
@@ -7,6 +7,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <set>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -61,8 +62,7 @@ class reference_text_reader {
   explicit reference_text_reader(std::string data) : data_(std::move(data)) {}
 
   bool at_end() const { return position_ == mark || position_ >= data_.size(); }
-  /// Whether the last string's length led to its own begin, or in front of it.
-  bool was_led_back() const { return was_led_back_; }
+  std::uint32_t position() const { return position_; }
   void reset() { position_ = 0; }
 
   std::string read_number_text() {
@@ -87,7 +87,6 @@ class reference_text_reader {
     const std::int32_t length = read_int32();
     const std::uint32_t begin = position_;
     position_ = begin + 1 + static_cast<std::uint32_t>(length);
-    was_led_back_ = position_ <= begin;
     if (length == 0) return "";
     return substring(begin, static_cast<std::uint32_t>(length));
   }
@@ -102,7 +101,6 @@ class reference_text_reader {
 
   std::string data_;
   std::uint32_t position_ = 0;
-  bool was_led_back_ = false;
 };
 
 /// The content of a labeled buffer. No value: nil.
@@ -119,21 +117,37 @@ struct reference_labeled {
     return label;
   }
 
+  struct too_much_effort {};
+
+  /// A reading that adds the sizes of the level's text for each label to no more than this stays below
+  /// `labeled_text_buffer::max_reread`: a label and its value are each read again once at most.
+  static constexpr std::size_t most_effort =
+      ORVA_NAMESPACE::serialization::labeled_text_buffer::max_reread / 2;
+
   void read(const std::string& text) {
+    std::size_t effort = most_effort;
+    read(text, effort);
+  }
+
+  /// The rule of the flat form, word for word. The positions of labels are recorded only to end a reading
+  /// that would repeat without end. Some texts take exponential time: throws `too_much_effort` then.
+  void read(const std::string& text, std::size_t& effort) {
     entries.clear();
     reference_text_reader reader(text);
-    while (!reader.at_end()) {
+    std::set<std::uint32_t> labels;
+    while (!reader.at_end() && labels.insert(reader.position()).second) {
+      if (text.size() >= effort) throw too_much_effort();
+      effort -= text.size();
       const std::string label = reader.read_string();
-      if (label.empty() || reader.was_led_back()) return;
+      if (label.empty()) return;
       if (label.back() == ' ') {
         auto& group = entries[trimmed(label)].group;
         group = std::make_unique<reference_labeled>();
-        group->read(reader.read_string());
+        group->read(reader.read_string(), effort);
       } else {
         const std::string value = reader.read_string();
         entries[trimmed(label)].value = value;
       }
-      if (reader.was_led_back()) return;
     }
   }
 
@@ -162,7 +176,7 @@ struct reference_labeled {
     return false;
   }
 
-  /// Whether a buffer holds everything that stands here, and nothing under other labels of a flat form.
+  /// Whether a buffer holds the same entries, and nothing under other labels.
   bool is_content_of(ORVA_NAMESPACE::serialization::labeled_text_buffer& buffer) const {
     for (const auto& [label, stored] : entries) {
       if (!buffer.has_label(label) || buffer.has_value(label) != stored.value.has_value()) return false;

@@ -1,4 +1,4 @@
-/// The flat form of a labeled buffer, read.
+/// Reads the flat form of a labeled buffer; `flat_form_writer.hpp` writes it.
 ///
 /// Internal: not installed.
 #pragma once
@@ -9,7 +9,9 @@
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
-/// Stores what `text` tells in `target`. The text must not be the target's to change.
+/// Stores the labels, values and groups of `text` in `target`.
+///
+/// REQUIRES: adding to `target` does not change `text`.
 void read_flat_form(std::string_view text, labeled_text_buffer& target);
 
 }  // namespace ORVA_NAMESPACE::serialization::_private

@@ -1,7 +1,6 @@
-/// Where the items of the text form begin and end.
+/// The rules by which `serialize_text_buf` and the reader of the flat form find the items of the text form.
 ///
-/// Internal: not installed. `serialize_text_buf` and the parser of labeled buffers read by these rules, each
-/// with a position of its own.
+/// Internal: not installed. Each caller keeps a position of its own.
 #pragma once
 
 #include <cstddef>
@@ -13,17 +12,18 @@
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
-/// Closes each item. It stands in no number, and is rare in text.
+/// Closes each item. It is in no number, and rare in text.
 inline constexpr char separator = '\x01';
 
-/// What is left of `data` from `position` on.
+/// The data from `position` on.
 inline std::string_view rest_of(std::string_view data, types::uint32 position) {
   if (position > data.size()) throw std::out_of_range("invalid string position");
   return data.substr(position);
 }
 
-/// The text of the number at `position`, which then stands behind its separator. Without one it becomes
-/// `stored_buffer::past_end`, from where every number is empty. A position behind the data throws.
+/// Returns the text of the number at `position` and moves the position after its separator, or to
+/// `stored_buffer::past_end` if there is none. There every number is empty. A position past the end of the
+/// data throws.
 inline std::string_view take_number(std::string_view data, types::uint32& position) {
   if (position == stored_buffer::past_end) return {};
   const types::uint32 begin = position;
@@ -33,10 +33,10 @@ inline std::string_view take_number(std::string_view data, types::uint32& positi
   return rest_of(data, begin).substr(0, closed ? end - begin : end);
 }
 
-/// The bytes of a string or buffer whose length was read before, cut at the end of the data. The position
-/// goes over them and the closing separator by the length as it was read, wrapping: behind a length that had
-/// no separator, it stands at the mark, and an empty text takes it to the beginning. Callers rely on this to
-/// read a buffer again.
+/// Returns the bytes of a string or buffer whose length was read before, cut at the end of the data. Moves
+/// the position by that length and the closing separator, and wraps at 32 bits: a length below 0 moves it
+/// back, and after a length without a separator, which leaves `past_end`, an empty string moves it to 0.
+/// Callers rely on the latter to read a buffer again.
 inline std::string_view take_bytes(std::string_view data, types::uint32& position, types::int32 length) {
   const types::uint32 begin = position;
   const auto count = static_cast<types::uint32>(length);
