@@ -22,13 +22,14 @@ bool is_damage(xml_stream_parser::error_type error) {
 
 int main() {
   const std::string file = "feed.xml";
-  system::store_file(file,
-                     "<?xml version='1.0'?>\n"
-                     "<catalogue date='2026-11-21'>\n"
-                     "  <product key='t1'><name>Tea &amp; cups</name></product>\n"
-                     "  <product key='t2'><name>Not closed</product>\n"
-                     "  <product key='t3'/>\n"
-                     "</catalogue>\n");
+  const std::string text =
+      "<?xml version='1.0'?>\n"
+      "<catalogue date='2026-11-21'>\n"
+      "  <product key='t1'><name>Tea &amp; cups</name></product>\n"
+      "  <product key='t2'><name>Not closed</product>\n"
+      "  <product key='t3'/>\n"
+      "</catalogue>\n";
+  if (system::store_file(file, text) != 0) return 1;
 
   xml_stream_parser feed(file, 1);
   feed.parse();

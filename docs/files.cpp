@@ -30,7 +30,7 @@ int main() {
 
   std::cout << "stored: " << orva::system::store_file("logs/today.txt", "\xEF\xBB\xBFstarted\n") << '\n';
   const auto wide = orva::strings::utf8_to_utf16("logs/old/jour f\xC3\xA9ri\xC3\xA9.txt");
-  orva::system::store_file(wide, "closed\n");
+  if (orva::system::store_file(wide, "closed\n") != 0) return 1;
 
   ustring8 text = "what was there before";
   std::cout << "missing: " << load("logs/none.txt", text) << ", " << text << '\n';

@@ -17,8 +17,8 @@ int main() {
   std::filesystem::current_path(std::filesystem::temp_directory_path());
   const std::string logs = std::filesystem::path("orva_platforms_guide/logs").make_preferred().string();
   std::cout << std::boolalpha << orva::system::create_directory(logs) << '\n';
-  orva::system::store_file(logs + "/today.txt",
-                           "started\n");  // to open a file, a slash serves on Windows too
+  // To open a file, a slash works on Windows too.
+  if (orva::system::store_file(logs + "/today.txt", "started\n") != 0) return 1;
   for (const auto& path : orva::system::list_directory(logs)) std::cout << path << '\n';
   std::filesystem::remove_all("orva_platforms_guide");
 

@@ -43,7 +43,7 @@ bool read_whole(const strings::ustring8& name, strings::ustring8& contents) {
 
 void write_whole(const strings::ustring8& name, const strings::ustring8& contents) {
   try {
-    system::store_file(name, contents);
+    static_cast<void>(system::store_file(name, contents));
   } catch (const std::runtime_error&) {
     // Ignored, as is the result for a file that cannot be opened.
   }

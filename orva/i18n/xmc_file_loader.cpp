@@ -67,7 +67,8 @@ load_error xmc_file_loader::parse_file(const ustring8& file) {
   base_directory_ = directory_of(file);
   return told_as_error(file, [&] {
     ustring8 text;
-    system::load_file(file, text);
+    // A file that cannot be read is an empty text, which has its own error.
+    static_cast<void>(system::load_file(file, text));
     parse_text(text);
   });
 }

@@ -33,7 +33,7 @@ namespace ORVA_NAMESPACE::system {
 /// a string can hold". `boost::filesystem::filesystem_error` passes through when the status of the path
 /// cannot be asked for, as in a directory that may not be searched, and `std::bad_alloc` when memory is
 /// short; `contents` is untouched then.
-ORVA_API int load_file(const path_argument& path, std::string& contents);
+[[nodiscard]] ORVA_API int load_file(const path_argument& path, std::string& contents);
 
 /// Makes `contents` the whole file: a new file, or an existing one from its first byte on, cut to the new
 /// length. The bytes are written as they are, without a byte order mark.
@@ -45,7 +45,7 @@ ORVA_API int load_file(const path_argument& path, std::string& contents);
 ///     a symbolic link as last component              =>  1   the link's target is untouched
 ///
 /// Throws as `load_file` does, but for the size.
-ORVA_API int store_file(const path_argument& path, const std::string& contents);
+[[nodiscard]] ORVA_API int store_file(const path_argument& path, const std::string& contents);
 
 /// Makes a directory and its missing parents. True if it is there already, or if the last call of the system
 /// made it.

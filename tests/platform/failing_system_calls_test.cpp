@@ -10,6 +10,7 @@
 #include <filesystem>
 #include <new>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "orva/exceptions/exception.hpp"
@@ -223,12 +224,12 @@ TEST(failing_load_file, size_limit_is_0x7FFFFFFF_and_raising_closes) {
   {
     // The largest size goes on to ask for the memory.
     const refuse_allocations refuse(1u << 30);
-    EXPECT_THROW(sys::load_file(path, contents), std::bad_alloc);
+    EXPECT_THROW(std::ignore = sys::load_file(path, contents), std::bad_alloc);
   }
   EXPECT_EQ(contents, "before");
   EXPECT_EQ(calls->open_files, 0);
   ++size;
-  EXPECT_THROW(sys::load_file(path, contents), exceptions::runtime_error);
+  EXPECT_THROW(std::ignore = sys::load_file(path, contents), exceptions::runtime_error);
   EXPECT_EQ(contents, "before");
   EXPECT_EQ(calls->open_files, 0);
 }

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <tuple>
 
 #include "orva/exceptions/exception.hpp"
 #include "orva/system/io.hpp"
@@ -137,7 +138,7 @@ TEST(load_file, size_above_31_bits_raises_and_leaves_contents_unchanged) {
   std::filesystem::resize_file(path, 0x80000000);
   std::string contents = "before";
   try {
-    sys::load_file(path, contents);
+    std::ignore = sys::load_file(path, contents);
     FAIL() << "nothing raised";
   } catch (const exceptions::runtime_error& error) {
     EXPECT_STREQ(error.message(), "2147483648 is large than a string can hold");
@@ -154,7 +155,7 @@ TEST(load_file, size_beyond_32_bits_is_told_in_full) {
   std::filesystem::resize_file(path, 5'000'000'000);
   std::string contents;
   try {
-    sys::load_file(path, contents);
+    std::ignore = sys::load_file(path, contents);
     FAIL() << "nothing raised";
   } catch (const exceptions::runtime_error& error) {
     EXPECT_STREQ(error.message(), "5000000000 is large than a string can hold");

@@ -13,7 +13,9 @@
 #include <cstring>
 #include <filesystem>
 #include <iterator>
+#include <stdexcept>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "orva/strings/unicode.hpp"
@@ -141,7 +143,7 @@ TEST(get_directory_files, deep_nesting_costs_no_stack_and_no_open_files) {
   if (geteuid() == 0 && seteuid(65534) != 0) _exit(2);
   try {
     std::string contents;
-    sys::load_file(path, contents);
+    std::ignore = sys::load_file(path, contents);
   } catch (const boost::filesystem::filesystem_error&) {
     _exit(0);
   }
@@ -172,15 +174,27 @@ TEST(load_file, status_that_cannot_be_asked_for_passes_the_failure_through) {
   const temporary_directory directory;
   ASSERT_TRUE(orva_test::make_link("loop", directory.file("loop")));
   std::string contents = "before";
-  EXPECT_THROW(sys::load_file(directory.file("loop/file"), contents), boost::filesystem::filesystem_error);
-  EXPECT_THROW(sys::load_file(directory.file(std::string(300, 'n')), contents),
+  EXPECT_THROW(std::ignore = sys::load_file(directory.file("loop/file"), contents),
+               boost::filesystem::filesystem_error);
+  EXPECT_THROW(std::ignore = sys::load_file(directory.file(std::string(300, 'n')), contents),
                boost::filesystem::filesystem_error);
   EXPECT_EQ(contents, "before");
 }
 
+TEST(load_file, failure_of_the_status_is_caught_without_boost) {
+  const temporary_directory directory;
+  std::string contents;
+  try {
+    std::ignore = sys::load_file(directory.file(std::string(300, 'n')), contents);
+    FAIL() << "nothing was thrown";
+  } catch (const std::runtime_error& failure) {
+    EXPECT_STRNE(failure.what(), "");
+  }
+}
+
 TEST(store_file, status_that_cannot_be_asked_for_passes_the_failure_through) {
   const temporary_directory directory;
-  EXPECT_THROW(sys::store_file(directory.file(std::string(300, 'n')), "x"),
+  EXPECT_THROW(std::ignore = sys::store_file(directory.file(std::string(300, 'n')), "x"),
                boost::filesystem::filesystem_error);
 }
 
