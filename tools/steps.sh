@@ -1,5 +1,5 @@
-# Shared by the scripts of the project: named steps with a log each, and Debian packages.
-# Source it with the project's folder as the working directory.
+# Shared by the scripts of the project: named steps with a log each, and Debian packages. Source it with the project's
+# folder as the working directory.
 
 logs=build/logs
 mkdir -p "$logs"
@@ -24,17 +24,32 @@ step() {
   exit 1
 }
 
-# need_packages NAME...: installs the Debian packages that are missing, as root or through sudo; without either it
-# names them and ends the script.
-need_packages() {
-  local package missing=() as_root=()
+# missing_packages NAME...: sets `missing` to the Debian packages among them that are not installed.
+missing_packages() {
+  local package
+  missing=()
   for package in "$@"; do
     dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing+=("$package")
   done
+}
+
+# require_packages NAME...: ends a script that only reads, and so installs nothing, if a package is missing.
+require_packages() {
+  missing_packages "$@"
+  [ ${#missing[@]} -eq 0 ] && return
+  echo "These packages are missing: ${missing[*]}" >&2
+  exit 1
+}
+
+# need_packages NAME...: installs the packages that are missing, as root or through sudo; without either it names them
+# and ends the script.
+need_packages() {
+  local as_root=()
+  missing_packages "$@"
   [ ${#missing[@]} -eq 0 ] && return
   if [ "$(id -u)" -ne 0 ]; then
     if ! command -v sudo > /dev/null; then
-      echo "These packages are missing, and neither root nor sudo is at hand to install them: ${missing[*]}" >&2
+      echo "These packages are missing, and they can be installed neither as root nor by sudo: ${missing[*]}" >&2
       exit 1
     fi
     as_root=(sudo)
@@ -49,6 +64,6 @@ build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
 check_packages=("${build_packages[@]}" binutils clang clang-format gettext git libbenchmark-dev
   libboost-serialization-dev libcereal-dev libclang-rt-dev libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev
   libhowardhinnant-date-dev libicu-dev libpugixml-dev libxml2-dev llvm locales pkg-config python3)
-# What runs and makes the programs of other systems; tools/cross_packages needs a few more.
+# What builds and runs the programs of other systems; tools/cross_packages needs a few more.
 other_system_packages=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix g++-multilib googletest wine wine64
   xz-utils)

@@ -62,6 +62,7 @@ class ORVA_API exception {
   state state_;
 };
 
+/// A mistake that the caller could have avoided.
 class ORVA_API logic_error : public exception {
  public:
   /// With the state of another exception, so that a caller can raise a new one in its place.
@@ -77,6 +78,7 @@ class ORVA_API logic_error : public exception {
   std::string message_;
 };
 
+/// A condition that no caller can rule out beforehand.
 class ORVA_API runtime_error : public exception {
  public:
   /// With the state of another exception, so that a caller can raise a new one in its place.
@@ -94,6 +96,7 @@ class ORVA_API runtime_error : public exception {
 
 // The leaves differ only in their type, which is what a handler selects on.
 
+/// An argument has a value that the function does not take.
 class ORVA_API invalid_argument_value : public logic_error {
  public:
   using logic_error::logic_error;
@@ -102,6 +105,7 @@ class ORVA_API invalid_argument_value : public logic_error {
   ~invalid_argument_value() override;
 };
 
+/// A length or a size is too large. For applications; the library does not raise it.
 class ORVA_API length_error : public logic_error {
  public:
   using logic_error::logic_error;
@@ -110,6 +114,7 @@ class ORVA_API length_error : public logic_error {
   ~length_error() override;
 };
 
+/// A field of a date or a time has a value that no calendar or clock has.
 class ORVA_API out_of_range : public logic_error {
  public:
   using logic_error::logic_error;
@@ -118,6 +123,7 @@ class ORVA_API out_of_range : public logic_error {
   ~out_of_range() override;
 };
 
+/// Something was asked of a container that holds nothing. For applications too.
 class ORVA_API empty_error : public runtime_error {
  public:
   using runtime_error::runtime_error;
@@ -126,6 +132,7 @@ class ORVA_API empty_error : public runtime_error {
   ~empty_error() override;
 };
 
+/// Something was added to a container that takes no more. For applications too.
 class ORVA_API full_error : public runtime_error {
  public:
   using runtime_error::runtime_error;
@@ -134,6 +141,7 @@ class ORVA_API full_error : public runtime_error {
   ~full_error() override;
 };
 
+/// A number is above the range of its type.
 class ORVA_API overflow_error : public runtime_error {
  public:
   using runtime_error::runtime_error;
@@ -142,6 +150,7 @@ class ORVA_API overflow_error : public runtime_error {
   ~overflow_error() override;
 };
 
+/// A number is below the range of its type.
 class ORVA_API underflow_error : public runtime_error {
  public:
   using runtime_error::runtime_error;

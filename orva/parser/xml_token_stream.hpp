@@ -27,6 +27,7 @@ class ORVA_API xml_token_stream {
  public:
   using ustring8 = strings::ustring8;
 
+  /// One event: its type and its text.
   class token {
    public:
     enum token_type {

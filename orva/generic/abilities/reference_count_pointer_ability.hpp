@@ -19,6 +19,7 @@ class counted_pointer;
 
 namespace ORVA_NAMESPACE::generic::abilities {
 
+/// The count itself, without the type of the object.
 class reference_count_pointer_ability_b : public alloc_detection_ability {
  public:
   reference_count_pointer_ability_b() noexcept = default;
