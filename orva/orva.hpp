@@ -39,11 +39,9 @@
 // i18n
 #include "orva/i18n/catalog.hpp"
 #include "orva/i18n/formatters.hpp"
-#include "orva/i18n/language_tag.hpp"
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
 #include "orva/i18n/message_catalogs.hpp"
-#include "orva/i18n/message_table.hpp"
 #include "orva/i18n/path_list.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 // memory

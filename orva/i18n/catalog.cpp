@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "orva/i18n/language_tag.hpp"
+#include "orva/i18n/internal/language_tag.hpp"
 
 namespace ORVA_NAMESPACE::i18n {
 

@@ -23,7 +23,7 @@
 #include "orva/export.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/i18n/message.hpp"
-#include "orva/i18n/message_table.hpp"
+#include "orva/i18n/internal/message_table.hpp"
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"

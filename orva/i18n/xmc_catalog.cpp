@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "orva/i18n/internal/unsorted_messages.hpp"
+#include "orva/i18n/internal/message_batch.hpp"
 #include "orva/i18n/internal/xmc_tokens.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 
@@ -32,7 +32,7 @@ template <typename Iterator>
 void xmc_file_loader::parse_catalog(Iterator& it, Iterator end) {
   ustring8 name;
   ustring8 language;
-  unsorted_messages messages;
+  message_batch messages;
   try {
     xmc::read_attributes(++it, end, [&](Iterator attribute, Iterator value) {
       if (xmc::is_named(attribute, "name")) {
@@ -57,7 +57,7 @@ void xmc_file_loader::parse_catalog(Iterator& it, Iterator end) {
 
 template <typename Iterator>
 void xmc_file_loader::parse_catalog_content(Iterator& it, Iterator end, const ustring8& name,
-                                            const ustring8& language, unsorted_messages& messages) {
+                                            const ustring8& language, message_batch& messages) {
   for (parse_ignorable(it, end); it != end && xmc::is_start_of(*it, "msg"); parse_ignorable(it, end)) {
     message_t message = parse_message(it, end);
     message._orginal_locale(language);
@@ -72,19 +72,19 @@ template ORVA_API void xmc_file_loader::parse_catalog(xmc::token_iterator&, xmc:
 template ORVA_API void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::view_iterator);
 
 void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
-  unsorted_messages one;
+  message_batch one;
   one.add(message_t(message));
   keep(one, catalog);
 }
 
 /// Of two equals the one read first stays, unlike in a merge: a file adds to those in front of it.
-void xmc_file_loader::keep(unsorted_messages& messages, const ustring8& catalog) {
+void xmc_file_loader::keep(message_batch& messages, const ustring8& catalog) {
   message_table& kept = data_[catalog];
   kept.reserve(kept.size() + messages.size());
   // A map that is filled in order finds each place at once; in an empty one that is always the end.
   const bool were_none = kept.empty();
   auto hint = were_none ? kept.end() : kept.begin();
-  for (unsorted_messages::node* const node : messages.sorted()) {
+  for (message_batch::node* const node : messages.sorted()) {
     const auto place = kept.insert(hint, std::move(*node));
     if (!node->empty() && outweighs(node->mapped(), place->second)) place->second = std::move(node->mapped());
     if (!were_none) hint = std::next(place);

@@ -23,10 +23,10 @@
 
 #include "orva/export.hpp"
 #include "orva/i18n/catalog.hpp"
-#include "orva/i18n/language_tag.hpp"
+#include "orva/i18n/internal/language_tag.hpp"
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
-#include "orva/i18n/message_table.hpp"
+#include "orva/i18n/internal/message_table.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 #include "orva/strings/text_argument.hpp"
@@ -35,7 +35,7 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-class unsorted_messages;
+class message_batch;
 
 class ORVA_API xmc_file_loader {
  public:
@@ -128,13 +128,13 @@ class ORVA_API xmc_file_loader {
   void parse_document(Iterator it, Iterator end);
   template <typename Iterator>
   void parse_catalog_content(Iterator& it, Iterator end, const strings::ustring8& name,
-                             const strings::ustring8& language, unsorted_messages& messages);
+                             const strings::ustring8& language, message_batch& messages);
   template <typename Iterator>
   std::vector<message_item> parse_message_content(Iterator& it, Iterator end, const strings::ustring8& name);
   template <typename Iterator>
   void parse_message_element(Iterator& it, Iterator end, message_body& body);
   void parse_included_file(const strings::ustring8& file);
-  void keep(unsorted_messages& messages, const strings::ustring8& catalog);
+  void keep(message_batch& messages, const strings::ustring8& catalog);
   bool outweighs(const message_t& one, const message_t& other) const;
   template <typename Data>
   types::uint32 merge(Data& data, catalog_map& target) const;

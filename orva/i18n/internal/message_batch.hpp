@@ -1,4 +1,4 @@
-/// `unsorted_messages`: the messages of a catalog in the order of their file. Internal.
+/// `message_batch`: the messages of a catalog in the order of their file. Internal.
 #pragma once
 
 #include <algorithm>
@@ -9,13 +9,13 @@
 #include <vector>
 
 #include "orva/i18n/message.hpp"
-#include "orva/i18n/message_table.hpp"
+#include "orva/i18n/internal/message_table.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
 /// A message is made as the node of the map that it will stand in, and never moves again.
-class unsorted_messages {
+class message_batch {
  public:
   using node = message_table::map::node_type;
 

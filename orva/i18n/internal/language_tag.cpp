@@ -1,4 +1,4 @@
-#include "orva/i18n/language_tag.hpp"
+#include "orva/i18n/internal/language_tag.hpp"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "orva/i18n/message_table.hpp"
+#include "orva/i18n/internal/message_table.hpp"
 
 #include <bit>
 #include <functional>
