@@ -22,8 +22,8 @@
 
 #include "orva/export.hpp"
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
-#include "orva/i18n/message.hpp"
 #include "orva/i18n/internal/message_table.hpp"
+#include "orva/i18n/message.hpp"
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
@@ -42,7 +42,7 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   using const_iterator = message_map::const_iterator;
   using language_iterator = language_set::const_iterator;
 
-  /// What a lookup that finds nothing returns a reference to.
+  /// Returned by lookups that find nothing.
   static const message_t m_nil_message;
 
   catalog_t() = default;

@@ -26,12 +26,12 @@ constexpr si_prefix prefixes[] = {
 };
 constexpr int first_unit = -6;
 
-/// Scaling without a target goes no further.
+/// Scaling without a target unit stops at tera.
 constexpr int tera = 4;
 
-/// The index of a unit, from `first_unit` on.
+/// The power of 1000 of a unit, or nothing.
 std::optional<int> find_unit(std::string_view name) {
-  // The words may be shortened, and the letter comes first: "m" is milli and no beginning of "mc".
+  // A letter is compared before the words, which may be shortened: "m" is milli, not a prefix of "mc".
   const auto found = std::find_if(std::begin(prefixes), std::end(prefixes),
                                   [&](const si_prefix& prefix) { return name == prefix.short_form; });
   if (found != std::end(prefixes)) return first_unit + static_cast<int>(found - std::begin(prefixes));
@@ -59,7 +59,7 @@ struct metric_attributes : scaled_attributes {
 
 std::optional<scaled_value> scale_metric(const types::variant& value, std::string_view attrs) {
   metric_attributes attributes;
-  // Only a value without any attributes has decimals unasked.
+  // The default of three decimals holds only without any attributes.
   if (attrs.empty()) attributes.precision = {"3", 3};
   if (!read_attributes(attrs, attributes)) return std::nullopt;
   const auto as_integer = [](const types::variant& quantity) -> std::int64_t { return quantity.as_int64(); };

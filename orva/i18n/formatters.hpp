@@ -1,17 +1,23 @@
-/// Value formatters: one value as text, under the attributes that a translator wrote at a placeholder.
+/// Value formatters: they format one value by the attributes that a translator wrote at a placeholder.
 ///
-/// `message_item` calls them when a message is rendered; a program that wants the same text outside a message
-/// may call them too. They own nothing, keep no state, and any thread may call them.
+///     format_int(255, "base\x01hex")                =>  "0x00ff"
+///     format_double(1.5, "precision\x01" "1")       =>  "1.5"
+///     format_duration(3661.5, "")                   =>  "1 hr 1 min 1.50 sec"
 ///
-/// An attribute string is a flat list of keys and values with the byte 0x01 between them, written "|" here:
-/// `fieldsize|8|base|hex`. It is split as `split_string` does, so that an empty value at the very end is no
-/// field. A later key overrides an earlier one. A key, and a value that is a word, may be shortened to any
-/// beginning of the word: `f|8|b|h` says the same. What fits several words means the one listed first, and an
-/// empty key the first key of all. Numbers are read as `atoi` does, but saturate.
+/// `message_item` calls them when a message is rendered. A program may call them for the same text outside a
+/// message. They have no state; any thread may call them.
 ///
-/// Attributes that make no sense are never an exception: the result is then the text "-0" (`refused_value`),
-/// and `unit` is empty. The cases are: a key without a value, an unknown key or word or unit, a number that
-/// does not fit its `fieldsize` (`format_int`), padding beyond `max_padding`, a negative `precision`.
+/// An attribute string is a list of keys and values, separated by the byte 0x01, which is written "|" here:
+/// `fieldsize|8|base|hex`. It is split like `split_string` splits, so an empty value at the very end is no
+/// field. A later key overrides an earlier one. A key, or a word as a value, may be shortened to any prefix:
+/// `f|8|b|h` means the same. A prefix of several words means the one that is listed first; an empty key is
+/// the first key. Numbers are read like `atoi` reads them, but saturate.
+///
+/// Formatters never throw for bad attributes: they return "-0" (`refused_value`), and `unit` is empty. The
+/// cases are: a key without a value; an unknown key, word or unit; a number that does not fit its `fieldsize`
+/// (`format_int`); padding beyond `max_padding`; a negative `precision` (for `format_duration` see there).
+///
+/// Edge cases: docs/edges.md#messages.
 #pragma once
 
 #include <cstddef>
@@ -24,30 +30,29 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// What every formatter answers to attributes that it cannot follow. Negative zero without decimals reads the
-/// same.
+/// The result of each formatter for bad attributes. It cannot be told from a negative zero without decimals.
 inline constexpr std::string_view refused_value = "-0";
 
-/// The most zeros that `format_int` puts in front of a number. A wider `fieldsize` is refused, so that a few
-/// bytes of a catalog cannot ask for gigabytes.
+/// The most zeros that `format_int` adds before a number. A `fieldsize` that needs more is refused, so that a
+/// few bytes of a catalog cannot ask for gigabytes.
 inline constexpr std::size_t max_padding = 1024;
 
-/// The longest text of a floating value; what goes beyond is cut off.
+/// The longest text of a floating value. A longer one is truncated.
 inline constexpr std::size_t max_double_length = 63;
 
 /// An integer in one of five styles.
 ///
-///     base        dec, default   as it is (this is the default)
-///                 spaced_dec     digits in groups of three
-///                 hex            behind 0x, at least four digits, and always a multiple of four
-///                 oct            behind o
-///                 bin            in front of b
-///     fieldsize   the whole width in characters, marks and blanks counted; 0, the default, means none.
-///                 Decimal numbers are held against it but never padded, the others get zeros.
+///     base        dec, default   decimal (this is the default)
+///                 spaced_dec     decimal, digits in groups of three
+///                 hex            hexadecimal after 0x; without a fieldsize in groups of four digits
+///                 oct            octal after o
+///                 bin            binary before b
+///     fieldsize   the width in characters, prefix, suffix and blanks included; 0, the default, means
+///                 none. A longer number is refused. A shorter one is padded with zeros unless it is
+///                 decimal.
 ///
-/// Outside the decimal styles a negative value is shown as its complement, in as many digits as it needs or
-/// as the field has. A complement of 64 bits cannot be told from a negative number again and is shown as one,
-/// with its sign behind the mark.
+/// A negative value that is not decimal is shown as its complement, in as many digits as it needs or as the
+/// field has. A complement of 64 bits is a negative number again; it is shown with a sign after the prefix.
 ///
 ///     255       base|hex                   =>  "0x00ff"
 ///     -1        base|hex                   =>  "0xffff"
@@ -60,12 +65,13 @@ ORVA_API strings::ustring8 format_int(std::int64_t value, std::string_view attrs
 
 /// A floating value with a fixed number of decimals.
 ///
-///     precision   the decimals, 2 by default
-///     fieldsize   the width to fill with blanks on the left, or on the right if it is negative; 0 means none
+///     precision   the number of decimals, 2 by default
+///     fieldsize   the width, filled with blanks on the left; 0 means none. A negative one fills on the
+///                 right, and the number always has an exponent.
 ///
-/// A number that is wider than its field is shown with an exponent instead, whose first of three digits is
-/// dropped: exponents from 100 on lose their hundreds. The exponent form may be wider than the field as well.
-/// The decimal point is that of the process's locale, as in `printf`; NaN and infinity read "nan" and "inf".
+/// A number that is wider than its field is shown with an exponent. The first of the exponent's three digits
+/// is dropped, so an exponent from 100 on loses its hundreds. This form may be wider than the field, too. The
+/// decimal point is that of the process's C locale, as in `printf`. NaN and infinity are "nan" and "inf".
 ///
 ///     1.5         (none)                   =>  "1.50"
 ///     1.5         precision|0              =>  "2"
@@ -74,14 +80,14 @@ ORVA_API strings::ustring8 format_int(std::int64_t value, std::string_view attrs
 ///     1e100       fieldsize|5              =>  "1.00e+00"
 ORVA_API strings::ustring8 format_double(double value, std::string_view attrs);
 
-/// A number of bytes, scaled in steps of 1000; `unit` receives the unit that the number is in.
+/// A number of bytes, scaled in steps of 1000; `unit` receives its unit.
 ///
-///     target_unit   the unit to show: B, KB, MB, GB, TB, PB, EB, ZB or YB. Without one the value is divided
+///     target_unit   the unit to show: B, KB, MB, GB, TB, PB, EB, ZB or YB. Without it the value is divided
 ///                   until it is below 1000.
-///     base_unit     the unit that the value is given in, B by default
-///     precision     decimals. Without it, or with 0, the value is read as an unsigned integer and every step
-///                   loses its fraction; multiplication wraps at 64 bits.
-///     fieldsize     as in `format_double`; no effect on integers
+///     base_unit     the unit of the value, B by default
+///     precision     the number of decimals. Without it, or with 0, the value is read as an unsigned
+///                   integer, each division drops the fraction, and multiplication wraps at 64 bits.
+///     fieldsize     as in `format_double`; no effect without decimals
 ///
 ///     1500      (none)                     =>  "1"        KB
 ///     1500      precision|1                =>  "1.5"      KB
@@ -90,17 +96,18 @@ ORVA_API strings::ustring8 format_double(double value, std::string_view attrs);
 ORVA_API strings::ustring8 format_memory(const types::variant& value, std::string_view attrs,
                                          strings::ustring8& unit);
 
-/// A quantity with its SI prefix, scaled in steps of 1000; `unit` receives the prefix, and the message's own
-/// text goes on with the unit.
+/// A quantity with its SI prefix, scaled in steps of 1000; `unit` receives the prefix. The unit itself is
+/// text of the message.
 ///
-///     base_unit     the prefix that the value is given in: base, a letter of a f p n m k M G T P E Z Y, or mc for
-///                   micro; base by default
-///     target_unit   the prefix to show. Without one the value is divided until it is below 1000, up to tera.
+///     base_unit     the prefix of the value: base (none), one of the letters a f p n m k M G T P E Z Y,
+///                   or mc for micro; base by default
+///     target_unit   the prefix to show. Without it the value is divided until it is below 1000, up to tera.
 ///     short_form    false for the long prefix; true by default
-///     precision     decimals: 3 if there are no attributes at all. With other attributes but without this one,
-///                   or with 0, the value is read as a signed integer, every step loses its fraction, and a
-///                   negative result is shown as the unsigned number of the same 64 bits.
-///     fieldsize     as in `format_double`; no effect on integers
+///     precision     the number of decimals; 3 if there are no attributes at all. With other attributes
+///                   but without this one, or with 0, the value is read as a signed integer, each division
+///                   drops the fraction, and a negative result is shown as the unsigned number of the same
+///                   64 bits.
+///     fieldsize     as in `format_double`; no effect without decimals
 ///
 ///     1500.0    (none)                     =>  "1.500"    k
 ///     1500.0    short_form|false           =>  "1"        kilo
@@ -109,9 +116,11 @@ ORVA_API strings::ustring8 format_memory(const types::variant& value, std::strin
 ORVA_API strings::ustring8 format_metric(const types::variant& value, std::string_view attrs,
                                          strings::ustring8& unit);
 
-/// Seconds as days, hours, minutes and seconds. Leading parts that are zero are left out, the seconds never.
+/// Seconds as days, hours, minutes and seconds. Leading parts that are zero are left out, but never the
+/// seconds.
 ///
-///     precision     decimals of the seconds, 2 by default
+///     precision     the decimals of the seconds, 2 by default. The seconds are what `format_double`
+///                   returns for it, which is "-0" if it is empty or negative.
 ///     short_form    true for one-letter labels; false by default
 ///
 ///     3661.5    (none)                     =>  "1 hr 1 min 1.50 sec"
@@ -119,8 +128,10 @@ ORVA_API strings::ustring8 format_metric(const types::variant& value, std::strin
 ///     86400     precision|0                =>  "1 dy 0 hr 0 min 0 sec"
 ///     59        (none)                     =>  "59.00 sec"
 ///     -61       (none)                     =>  "-1 min -1.00 sec"
+///     61        precision|-1               =>  "1 min -0 sec"
 ///
-/// A value that no 64-bit number of whole seconds holds, NaN included, is split as the most negative one.
+/// The number of days shown has 32 bits and wraps. Seconds that do not fit into 64 bits, NaN included, count
+/// as the most negative number of 64 bits.
 ORVA_API strings::ustring8 format_duration(double seconds, std::string_view attrs);
 
 }  // namespace ORVA_NAMESPACE::i18n::_private

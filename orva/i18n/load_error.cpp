@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view prefix = "xmc_file_loader::load_error - ";
 constexpr std::string_view unhandled = "unknown, or unhandle case happened! str data=";
 
-/// A sentence around a quoted text. The spelling of the sentences is what callers' logs are searched for.
+/// A sentence around a quoted text. The misspelt ones stay: programs search their logs for them.
 struct phrase {
   std::string_view before;
   bool quotes_text;
@@ -62,7 +62,7 @@ const phrase& find_xml_phrase(int type) {
   return listed ? phrases[type] : unknown;
 }
 
-/// The parser counts no line that would tell anything for the last of its types, and an unknown one has none.
+/// `data_after_root` and unknown types are reported without a line.
 bool has_line(int type) {
   return type > xml_parser::parse_error::no_error && type < xml_parser::parse_error::data_after_root;
 }

@@ -17,18 +17,18 @@ using strings::ustring8;
 
 namespace {
 
-/// The first argument of that name, or the end. The name need not be a string of its own.
+/// The first argument of that name, or the end. Unlike `varg_list::find` it takes a part of a string as name.
 auto find_argument(const generic::varg_list& args, std::string_view name) {
   return std::find_if(args.begin(), args.end(),
                       [&](const generic::argument& argument) { return argument.name() == name; });
 }
 
-/// Room for a placeholder's text, so that most messages are allocated once.
-constexpr std::size_t likely_length = 16;
+/// Memory reserved for the text of a placeholder, so that most messages need one allocation.
+constexpr std::size_t typical_length = 16;
 
 bool is_placeholder(const message_item& item) { return item.type() != message_item::text; }
 
-/// A placeholder's data, cut at the first separator.
+/// A placeholder's data, split at the first separator.
 struct placeholder {
   std::string_view name;
   std::string_view attributes;
@@ -38,7 +38,7 @@ struct placeholder {
   }
 };
 
-/// Adds what `as_string` gives.
+/// Appends `value.as_string()`.
 void append_text(std::string& text, const types::variant& value) {
   const ustring8* const stored = types::_private::stored_text(value);
   if (stored != nullptr) {
@@ -48,7 +48,7 @@ void append_text(std::string& text, const types::variant& value) {
   }
 }
 
-/// False: the value cannot be shown.
+/// Appends the formatted value. Returns false if there is no formatter or it refuses the attributes.
 bool append_value(std::string& text, message_item::type_t type, const types::variant& value,
                   std::string_view attributes) {
   switch (type) {
@@ -78,17 +78,19 @@ bool append_value(std::string& text, message_item::type_t type, const types::var
   return false;
 }
 
-/// Adds the text of a placeholder, which is `invalid` if it cannot be shown.
+/// Appends the text of a placeholder, or `invalid` if it cannot be rendered.
 void append_placeholder(std::string& text, message_item::type_t type, std::string_view data,
                         const generic::varg_list& args) {
   const std::size_t begin = text.size();
-  const auto added = [&] { return std::string_view(text).substr(begin); };
+  const auto appended = [&] { return std::string_view(text).substr(begin); };
   const placeholder parts(data);
   const auto argument = find_argument(args, parts.name);
-  const bool is_shown =
+  const bool is_rendered =
       argument != args.end() && append_value(text, type, argument->value(), parts.attributes);
-  if (!is_shown || added() == _private::refused_value) text.replace(begin, text.npos, message_item::invalid);
-  if (added() == message_item::invalid) {
+  if (!is_rendered || appended() == _private::refused_value) {
+    text.replace(begin, text.npos, message_item::invalid);
+  }
+  if (appended() == message_item::invalid) {
     platform::debug_output(std::string("Failure -- ").append(data));
     platform::debug_output("\n");
   }
@@ -114,7 +116,7 @@ ustring8 message_item::as_string(const generic::varg_list& args) const {
 
 std::string message_t::as_string(const generic::varg_list& args) const {
   std::size_t length = 0;
-  for (const message_item& item : items_) length += std::max(item.data_.size(), likely_length);
+  for (const message_item& item : items_) length += std::max(item.data_.size(), typical_length);
   std::string result;
   result.reserve(length);
   for (const message_item& item : items_) item.append_to(result, args);
@@ -144,7 +146,7 @@ generic::varg_list message_t::arguments() const {
   std::unordered_set<std::string_view> seen;
   for (const message_item& item : items_) {
     if (!is_placeholder(item) || !seen.insert(item.data_).second) continue;
-    // Named in place: adding by name would look through the whole list each time.
+    // The name is set afterwards: `push_back` with a name searches the whole list for it.
     result.push_back(generic::argument());
     (result.end() - 1)->name(item.data_);
   }

@@ -1,16 +1,20 @@
-/// `message_t`: one localisable message, and `message_item`, the pieces that it is made of.
-///
-/// A message is a name and a sequence of pieces: plain text, and placeholders that name an argument and say
-/// how it is shown. Rendered with a list of arguments it gives text in any of the library's string classes.
-/// Messages come out of catalogs as a rule, but may be made by hand as well. They are plain values that own
-/// all they hold; a message that nobody changes may be rendered by several threads at once.
+/// `message_t`: a localised message, and `message_item`, a piece of one.
 ///
 ///     const message_t message("disk_free", {message_item("Free: "),
 ///                                           message_item("n\001precision\0011", message_item::memory),
 ///                                           message_item(" "),
-///                                           message_item("n\001precision\0011", message_item::memory_unit)});
+///                                           message_item("n\001precision\0011",
+///                                                        message_item::memory_unit)});
 ///     message.as_utf8(generic::argument("n", 1500))  =>  "Free: 1.5 KB"
 ///     message.as_utf8()                              =>  "Free: ?invalid? ?invalid?"
+///
+/// A message is a name and a sequence of pieces: plain text, and placeholders. A placeholder names an
+/// argument and a format. Rendering a message with a list of arguments gives text in any of the library's
+/// string classes. Messages usually come from the catalogs of `message_catalogs`.
+///
+/// Messages are values. Threads: any number of threads may render a message while none changes it.
+///
+/// Edge cases: docs/edges.md#messages.
 #pragma once
 
 #include <map>
@@ -30,9 +34,9 @@ namespace ORVA_NAMESPACE::i18n {
 /// A piece of a message.
 class ORVA_API message_item {
  public:
-  /// What a piece is, and how the argument that it names is shown.
+  /// The kind of a piece: plain text, or the format of an argument.
   enum type_t {
-    /// Plain text: the data as it stands.
+    /// Plain text: the data, unchanged.
     text = 0,
     /// `variant::as_string`.
     string = 1,
@@ -58,7 +62,7 @@ class ORVA_API message_item {
     duration = 11,
   };
 
-  /// What a placeholder shows that cannot be rendered.
+  /// The text of a placeholder that cannot be rendered.
   static constexpr std::string_view invalid = "?invalid?";
 
   message_item(strings::ustring8 data) noexcept : data_(std::move(data)) {}
@@ -68,18 +72,19 @@ class ORVA_API message_item {
 
   type_t type() const { return type_; }
 
-  /// The text of a text item. Otherwise the placeholder: the argument's name, and behind a byte 0x01, if
-  /// there is one, the attributes of the formatter.
+  /// The text of a text item. For a placeholder the argument's name, followed by a byte 0x01 and the
+  /// attributes of the formatter if there are any.
   strings::ustring8 data() const { return data_; }
 
   /// `data` up to the first byte 0x01:  "n|precision|1"  =>  "n"
   strings::ustring8 name() const;
 
-  /// The piece as it reads with these arguments, in UTF-8.
+  /// Renders the piece with these arguments, in UTF-8.
   ///
-  /// A placeholder without its argument, of a reserved type, or whose formatter refuses, reads "?invalid?",
-  /// and the line "Failure -- " with `data` goes to the platform's debug output. So does an argument whose
-  /// own text is the formatters' sign of failure, "-0".
+  /// The result is "?invalid?" if the argument is missing, the type is reserved, or the formatter refuses its
+  /// attributes. The line "Failure -- " with `data` is then written to the platform's debug output.
+  /// Formatters report a failure by the text "-0", so an argument that reads "-0" is shown as "?invalid?",
+  /// too.
   strings::ustring8 as_string(const generic::varg_list& args) const;
 
  private:
@@ -91,7 +96,7 @@ class ORVA_API message_item {
   type_t type_ = text;
 };
 
-/// A named sequence of pieces. The nil message has no name, no pieces and no note; it reads as empty text.
+/// A named sequence of pieces. The nil message has no name, no pieces and no note, and renders as empty text.
 class ORVA_API message_t {
  public:
   using item_list = std::vector<message_item>;
@@ -112,8 +117,9 @@ class ORVA_API message_t {
   message_t& assign(const types::nil_t&) { return *this = message_t(); }
   message_t& operator=(const types::nil_t& nil) { return assign(nil); }
 
-  // Rendering never fails: a piece that cannot be shown reads "?invalid?", and the others stand around it.
-  // The forms other than UTF-8 are converted from it by `strings/unicode.hpp`; bad text becomes "-1" there.
+  // Rendering never fails: a piece that cannot be rendered becomes "?invalid?", and the other pieces are
+  // shown as usual. The forms other than UTF-8 are converted by `strings/unicode.hpp`, which gives "-1" for
+  // invalid text.
 
   strings::ustring8 as_utf8(const generic::varg_list& args = generic::varg_list()) const;
   std::string as_string(const generic::varg_list& args = generic::varg_list()) const;
@@ -127,16 +133,16 @@ class ORVA_API message_t {
   types::uint32 count() const { return static_cast<types::uint32>(items_.size()); }
   types::uint32 size() const { return count(); }
 
-  /// The number of placeholders; one that is used twice counts twice.
+  /// The number of placeholders. An argument that is shown twice counts twice.
   types::uint32 argument_count() const;
 
-  /// What the message asks for: for each placeholder, in order, an argument without a value whose name is the
-  /// whole `data` of the placeholder, attributes included. Like every list of arguments it has each name
-  /// once, so that a placeholder that is repeated with the same attributes stands in it once.
+  /// One argument per placeholder, in order. Its name is the whole `data` of the placeholder, attributes
+  /// included, and its value is nil. A list of arguments has each name once, so a placeholder that is
+  /// repeated with the same attributes is listed once.
   generic::varg_list arguments() const;
 
-  /// Whether the message has pieces and `args` all that they ask for: at least `argument_count()` entries,
-  /// and one by the name of each placeholder.
+  /// Whether the message has pieces, and `args` has at least `argument_count()` entries and the argument of
+  /// each placeholder.
   bool has_valid_args(const generic::varg_list& args) const;
 
   iterator begin() { return items_.begin(); }
@@ -144,7 +150,7 @@ class ORVA_API message_t {
   const_iterator begin() const { return items_.begin(); }
   const_iterator end() const { return items_.end(); }
 
-  // Getters, and setters that return the new value.
+  // Getters, and setters that return the new value:
 
   const strings::ustring8& name() const { return name_; }
   const strings::ustring8& name(const strings::ustring8& name) { return name_ = name; }
@@ -157,12 +163,11 @@ class ORVA_API message_t {
     return orginal_locale_ = locale;
   }
 
-  /// Whether this is the nil message. The locale plays no part in it.
+  /// Whether this is the nil message. The locale is not considered.
   bool equal(const types::nil_t&) const { return name_.empty() && items_.empty() && meta_.empty(); }
   bool operator==(const types::nil_t& nil) const { return equal(nil); }
 
-  /// Does nothing: messages hold no references to others. It is what
-  /// `message_catalogs::set_resolve_container` would call.
+  /// Does nothing: a message has no references to other messages.
   void resolve(const std::map<strings::ustring8, strings::ustring8>&) {}
 
  private:

@@ -27,10 +27,10 @@ bool is_catalog_file(const ustring8& path) {
 
 }  // namespace
 
-/// One call of a load operation: what it loads for, and the directories that it is in.
-class message_catalogs::loading {
+/// One call of a load function.
+class message_catalogs::load_operation {
  public:
-  loading(catalog_map& catalogs, const ustring8& language, const ustring8& catalog)
+  load_operation(catalog_map& catalogs, const ustring8& language, const ustring8& catalog)
       : catalogs_(catalogs), language_(language), catalog_(catalog) {}
 
   result_type load(const ustring8& path) {
@@ -47,38 +47,39 @@ class message_catalogs::loading {
   }
 
   result_type load_directory(const ustring8& directory) {
-    result_type result = enter(directory);
-    while (result == no_error && !open_.empty()) {
-      open_directory& innermost = open_.back();
+    result_type result = enter_directory(directory);
+    while (result == no_error && !path_.empty()) {
+      listing& innermost = path_.back();
       if (innermost.next == innermost.entries.size()) {
-        open_.pop_back();
+        path_.pop_back();
         continue;
       }
       const ustring8 entry = std::move(innermost.entries[innermost.next++]);
       if (system::io::is_directory(entry)) {
-        result = enter(entry);
+        result = enter_directory(entry);
       } else if (is_catalog_file(entry) && system::io::is_file(entry)) {
         result = load_file(entry);
       }
     }
-    open_.clear();
+    path_.clear();
     return result;
   }
 
  private:
-  struct open_directory {
+  /// The entries of a directory, and the index of the next one to load.
+  struct listing {
     std::vector<ustring8> entries;
     std::size_t next = 0;
   };
 
-  result_type enter(const ustring8& directory) {
+  result_type enter_directory(const ustring8& directory) {
     if (!system::io::exists(directory)) return {directory_not_found, directory};
-    if (entered_++ == max_directories) return endless(directory);
-    open_.push_back({system::list_directory(directory)});
+    if (directories_entered_++ == max_directories) return too_many_directories(directory);
+    path_.push_back({system::list_directory(directory)});
     return {no_error, ""};
   }
 
-  static result_type endless(const ustring8& directory) {
+  static result_type too_many_directories(const ustring8& directory) {
     _private::load_error error(_private::load_error::unexpected_parse_error, "");
     error.append_error_stack(_private::load_error::in_file, directory);
     return error;
@@ -87,8 +88,9 @@ class message_catalogs::loading {
   catalog_map& catalogs_;
   const ustring8& language_;
   const ustring8& catalog_;
-  std::vector<open_directory> open_;
-  types::uint32 entered_ = 0;
+  // The directories from the outermost to the innermost one.
+  std::vector<listing> path_;
+  types::uint32 directories_entered_ = 0;
 };
 
 message_catalogs& message_catalogs::assign(const types::nil_t&) {
@@ -99,7 +101,7 @@ message_catalogs& message_catalogs::assign(const types::nil_t&) {
 
 message_catalogs::result_type message_catalogs::load(const text_argument& path, const text_argument& language,
                                                      const text_argument& catalog) {
-  const result_type result = loading(catalogs_, language, catalog).load(path);
+  const result_type result = load_operation(catalogs_, language, catalog).load(path);
   if (result == no_error && catalogs_.empty()) return {no_catalog, path};
   return result;
 }
@@ -108,7 +110,7 @@ message_catalogs::result_type message_catalogs::load(const path_list& paths, con
                                                      const text_argument& catalog) {
   result_type result(no_error, "");
   for (const ustring8& path : paths) {
-    result = loading(catalogs_, language, catalog).load(path);
+    result = load_operation(catalogs_, language, catalog).load(path);
     if (result != no_error) break;
   }
   return result;
@@ -117,13 +119,13 @@ message_catalogs::result_type message_catalogs::load(const path_list& paths, con
 message_catalogs::result_type message_catalogs::load_file(const text_argument& file,
                                                           const text_argument& language,
                                                           const text_argument& catalog) {
-  return loading(catalogs_, language, catalog).load_file(file);
+  return load_operation(catalogs_, language, catalog).load_file(file);
 }
 
 message_catalogs::result_type message_catalogs::load_directory(const text_argument& directory,
                                                                const text_argument& language,
                                                                const text_argument& catalog) {
-  return loading(catalogs_, language, catalog).load_directory(directory);
+  return load_operation(catalogs_, language, catalog).load_directory(directory);
 }
 
 void message_catalogs::erase(const text_argument& name) { catalogs_.erase(name.get()); }
@@ -138,7 +140,7 @@ bool message_catalogs::has_catalog(const text_argument& name, const text_argumen
 
 const catalog_t& message_catalogs::catalog(const text_argument& name) const {
   const auto found = catalogs_.find(name);
-  // An entry can be empty: the map is open to whoever iterates it.
+  // A caller can set the pointer of an entry to null through `begin()`.
   return found != catalogs_.end() && found->second ? *found->second : s_nil_catalog;
 }
 

@@ -41,26 +41,26 @@ namespace ORVA_NAMESPACE::i18n {
 
 class ORVA_API message_catalogs {
  public:
-  /// The x of a comment is the text that a result is made with.
+  /// Text means the text that a result is constructed with.
   enum error_type : int {
     no_error = 0,
-    no_catalog = 1,           ///< x is the file, or the directory if the set holds no catalog after its load
-    no_default_locale = 2,    ///< the caller names no language
-    file_not_found = 3,       ///< x is the file
-    directory_not_found = 4,  ///< x is the directory
-    entity_not_found = 5,     ///< neither a file nor a directory; x is the path
+    no_catalog = 1,           ///< text: the file, or the directory whose load leaves the set empty
+    no_default_locale = 2,    ///< the caller gave no language
+    file_not_found = 3,       ///< text: the file
+    directory_not_found = 4,  ///< text: the directory
+    entity_not_found = 5,     ///< neither a file nor a directory; text: the path
     xml_parse_error = 6,      ///< not well-formed
-    xmc_invalid = 7,          ///< well-formed, but no XMC file
-    unexpected_error = 8      ///< the file or the directory cannot be read to its end
+    xmc_invalid = 7,          ///< well-formed, but not a valid XMC file
+    unexpected_error = 8      ///< the file or the directory cannot be read completely
   };
 
-  /// The outcome of a load: a code and a text for humans.
+  /// The result of a load: a code, and a text for humans.
   class ORVA_API result_type {
    public:
-    /// The codes of files' contents (2, 6, 7, 8) come from a `load_error` only, and here give "unknown, or
-    /// unhandle case happened!" like every code outside the table.
+    /// Codes 2, 6, 7 and 8 have texts of their own only if they come from a `load_error`. Here they give
+    /// "unknown, or unhandle case happened!", as does a code that is not listed.
     result_type(error_type type, const strings::ustring8& text);
-    /// A heading, then the error's own text on the lines below it.
+    /// The message is a heading, and the message of `error` on the lines below it.
     result_type(const _private::load_error& error);
 
     error_type type() const noexcept { return type_; }
@@ -84,14 +84,14 @@ class ORVA_API message_catalogs {
   using const_iterator = catalog_map::const_iterator;
   using resolve_map = std::map<strings::ustring8, strings::ustring8>;
 
-  /// A directory tree in which links lead back up has no end: a load gives up after this many directories.
+  /// A load gives up after this many directories: a tree in which links lead back up has no end.
   static constexpr types::uint32 max_directories = 10000;
 
-  /// What lookups that find nothing return references to.
+  /// Returned by lookups that find nothing.
   static const catalog_t s_nil_catalog;
   static const message_t s_nil_message;
 
-  // Constructed, copied and moved member by member: copies share their catalogs.
+  // The implicit constructors and assignments copy pointers: copies share their catalogs.
 
   message_catalogs& assign(const message_catalogs& other) { return *this = other; }
   /// Drops all catalogs.
@@ -106,19 +106,19 @@ class ORVA_API message_catalogs {
   /// `no_catalog`.
   [[nodiscard]] result_type load(const strings::text_argument& path, const strings::text_argument& language,
                                  const strings::text_argument& catalog = "");
-  /// Takes files and directories in their order and stops at the first failure, which is the result. The ones
-  /// before it stay loaded. Here directories without any catalog are no failure.
+  /// Loads files and directories in the order given, and stops at the first failure, which is the result. The
+  /// paths before it stay loaded. A directory that leaves the set without any catalog is no failure here.
   [[nodiscard]] result_type load(const path_list& paths, const strings::text_argument& language,
                                  const strings::text_argument& catalog = "");
 
-  /// Loads a file. One that does not exist gives `file_not_found`.
+  /// Loads a file. A missing one gives `file_not_found`.
   [[nodiscard]] result_type load_file(const strings::text_argument& file,
                                       const strings::text_argument& language,
                                       const strings::text_argument& catalog = "");
 
-  /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml"
-  /// in letters of either case, in the order of `system::list_directory`. Ends at the first file that fails;
-  /// a file without a catalog for the language is such a failure.
+  /// Loads each file of the directory, and of the directories below it, whose name ends in ".xmc" or ".xml",
+  /// capital letters or not, in the order of `system::list_directory`. Stops at the first file that fails. A
+  /// file without a catalog for the language fails.
   [[nodiscard]] result_type load_directory(const strings::text_argument& directory,
                                            const strings::text_argument& language,
                                            const strings::text_argument& catalog = "");
@@ -157,7 +157,7 @@ class ORVA_API message_catalogs {
   /// is.
   const message_t& message(const strings::text_argument& catalog, const strings::text_argument& name) const;
 
-  /// Stored for `message_t::resolve`, which expands nothing: messages do not change.
+  /// Stores the map. It has no effect on messages, as `message_t::resolve` does nothing.
   void set_resolve_container(const resolve_map& container) { resolve_container_ = container; }
 
   /// Nil means no catalogs.
@@ -166,7 +166,7 @@ class ORVA_API message_catalogs {
   bool operator!=(const types::nil_t& nil) const noexcept { return !equal(nil); }
 
  private:
-  class loading;
+  class load_operation;
 
   catalog_map catalogs_;
   resolve_map resolve_container_;

@@ -1,4 +1,4 @@
-// What a load answers, in words.
+// The texts of load results.
 #include <ostream>
 #include <string_view>
 

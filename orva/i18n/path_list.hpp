@@ -1,8 +1,9 @@
-/// `path_list`: the parameter of an operation that takes several paths, made implicitly from a vector of any
-/// text.
+/// `path_list`: a parameter that takes several paths, from a vector of any text type.
 ///
-///     catalogs.load(std::vector<strings::ustring16>{...}, "de_DE");
-///     catalogs.load(std::vector<std::string>{"messages", "plugins/messages"}, "de_DE");
+///     result = catalogs.load(std::vector<std::string>{"messages", "plugins/messages"}, "de_DE");
+///     result = catalogs.load(std::vector<strings::ustring16>{directory, file}, "de_DE");
+///
+/// It converts implicitly from the vector and copies the paths as UTF-8.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,4 @@
-// The `catalog` element, and what becomes of its messages.
+// The `catalog` element, and how its messages are stored in the loader.
 #include <algorithm>
 #include <cstddef>
 #include <iterator>
@@ -16,13 +16,13 @@ using strings::ustring8;
 
 namespace {
 
-/// From behind a start tag to behind its end tag. What stands between is only counted.
+/// Moves `it`, which is after the start tag, to after the end tag of the same element.
 template <typename Iterator>
 void skip_element(Iterator& it, Iterator end) {
-  for (std::size_t open = 1; open != 0; ++it) {
+  for (std::size_t depth = 1; depth != 0; ++it) {
     xmc::require_token(it, end);
-    if (it->type() == xmc::token::element_start) ++open;
-    if (it->type() == xmc::token::element_end) --open;
+    if (it->type() == xmc::token::element_start) ++depth;
+    if (it->type() == xmc::token::element_end) --depth;
   }
 }
 
@@ -47,12 +47,12 @@ void xmc_file_loader::parse_catalog(Iterator& it, Iterator end) {
     if (!is_lang_id_good(language) || !is_catalog_matched(name)) return skip_element(it, end);
     parse_catalog_content(it, end, name, language, messages);
   } catch (load_error& error) {
-    // What stands in front of the failure counts as read.
-    if (!messages.empty()) keep(messages, name);
+    // The messages before the failure count as read.
+    if (!messages.empty()) add_messages(messages, name);
     error.append_error_stack(load_error::in_catalog, name);
     throw;
   }
-  keep(messages, name);
+  add_messages(messages, name);
 }
 
 template <typename Iterator>
@@ -74,20 +74,24 @@ template ORVA_API void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::
 void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
   message_batch one;
   one.add(message_t(message));
-  keep(one, catalog);
+  add_messages(one, catalog);
 }
 
-/// Of two equals the one read first stays, unlike in a merge: a file adds to those in front of it.
-void xmc_file_loader::keep(message_batch& messages, const ustring8& catalog) {
-  message_table& kept = data_[catalog];
-  kept.reserve(kept.size() + messages.size());
-  // A map that is filled in order finds each place at once; in an empty one that is always the end.
-  const bool were_none = kept.empty();
-  auto hint = were_none ? kept.end() : kept.begin();
+/// Among messages of equal weight the first one stays. (In `merge_messages` the last one does.)
+void xmc_file_loader::add_messages(message_batch& messages, const ustring8& catalog) {
+  message_table& table = data_[catalog];
+  table.reserve(table.size() + messages.size());
+  // In sorted order each message belongs right after the one before, and in an empty table always at the end.
+  // With that hint an insertion needs no search.
+  const bool was_empty = table.empty();
+  auto hint = was_empty ? table.end() : table.begin();
   for (message_batch::node* const node : messages.sorted()) {
-    const auto place = kept.insert(hint, std::move(*node));
-    if (!node->empty() && outweighs(node->mapped(), place->second)) place->second = std::move(node->mapped());
-    if (!were_none) hint = std::next(place);
+    const auto position = table.insert(hint, std::move(*node));
+    const bool exists_already = !node->empty();
+    if (exists_already && outweighs(node->mapped(), position->second)) {
+      position->second = std::move(node->mapped());
+    }
+    if (!was_empty) hint = std::next(position);
   }
 }
 

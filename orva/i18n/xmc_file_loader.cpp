@@ -16,7 +16,8 @@ using types::uint32;
 
 namespace {
 
-/// Up to and with the last separator of either kind: catalogs written on one platform are read on all.
+/// The path up to and including its last separator. Both `/` and `\` are separators on all platforms, so that
+/// the same files can be read on each.
 ustring8 directory_of(const ustring8& file) {
   const auto separator = file.find_last_of("/\\");
   return separator == file.npos ? ustring8("./") : file.substr(0, separator + 1);
@@ -27,14 +28,14 @@ bool is_absolute(const ustring8& path) {
   return path.size() >= 3 && path[1] == ':';
 }
 
-/// Puts the old value back at the end of the scope, in whichever way it is left.
+/// Restores a variable's value at the end of the scope.
 template <typename Value>
-class restored {
+class scoped_restore {
  public:
-  explicit restored(Value& variable) : variable_(variable), value_(variable) {}
-  restored(const restored&) = delete;
-  restored& operator=(const restored&) = delete;
-  ~restored() { variable_ = std::move(value_); }
+  explicit scoped_restore(Value& variable) : variable_(variable), value_(variable) {}
+  scoped_restore(const scoped_restore&) = delete;
+  scoped_restore& operator=(const scoped_restore&) = delete;
+  ~scoped_restore() { variable_ = std::move(value_); }
 
  private:
   Value& variable_;
@@ -65,20 +66,22 @@ load_error xmc_file_loader::parse(const text_argument& file, const text_argument
 load_error xmc_file_loader::parse_file(const ustring8& file) {
   if (!system::io::exists(file)) return {file_not_found, file};
   base_directory_ = directory_of(file);
-  return told_as_error(file, [&] {
+  const auto read = [&] {
     ustring8 text;
     // A file that cannot be read is an empty text, which has its own error.
     static_cast<void>(system::load_file(file, text));
     parse_text(text);
-  });
+  };
+  return result_of(read, file);
 }
 
 load_error xmc_file_loader::parse_string(const ustring8& text, const ustring8& file) {
-  return told_as_error(file, [&] { parse_text(text); });
+  return result_of([&] { parse_text(text); }, file);
 }
 
+/// Calls `read` and returns its exception, if any, as an error in `file`.
 template <typename Read>
-load_error xmc_file_loader::told_as_error(const ustring8& file, Read read) {
+load_error xmc_file_loader::result_of(Read read, const ustring8& file) {
   load_error failure;
   try {
     read();
@@ -86,7 +89,7 @@ load_error xmc_file_loader::told_as_error(const ustring8& file, Read read) {
   } catch (const load_error& error) {
     failure = error;
   } catch (const exceptions::exception&) {
-    // A character reference that is no byte, or a file that is larger than a string.
+    // A character reference above 255, or a file that is larger than a string can hold.
     failure = load_error(load_error::unexpected_parse_error, "");
   }
   failure.append_error_stack(load_error::in_file, file);
@@ -112,7 +115,7 @@ void xmc_file_loader::parse_document(Iterator it, Iterator end) {
     } else if (xmc::is_start_of(*it, "include")) {
       parse_include(it, end);
     } else {
-      throw xmc::misplaced(load_error::invalid_element, it);
+      throw xmc::error_at(it, load_error::invalid_element);
     }
   }
 }
@@ -120,12 +123,12 @@ void xmc_file_loader::parse_document(Iterator it, Iterator end) {
 template <typename Iterator>
 void xmc_file_loader::parse_xmc_header(Iterator& it, Iterator end) {
   xmc::require_token(it, end);
-  if (!xmc::is_start_of(*it, "xmc")) throw xmc::misplaced(load_error::not_xmc_file, it);
+  if (!xmc::is_start_of(*it, "xmc")) throw xmc::error_at(it, load_error::not_xmc_file);
   bool versioned = false;
   xmc::read_attributes(++it, end, [&](Iterator name, Iterator value) {
     if (versioned || !xmc::is_named(name, "version")) return false;
     if (value->value() != "1.1" && value->value() != "1.0")
-      throw xmc::misplaced(load_error::unsupported_version, value);
+      throw xmc::error_at(value, load_error::unsupported_version);
     return versioned = true;
   });
   if (!versioned) throw load_error(load_error::invalid_attribute, "");
@@ -149,8 +152,8 @@ void xmc_file_loader::parse_included_file(const ustring8& file) {
   if (include_depth_ == max_include_depth || included_files_ == max_included_files) {
     throw load_error(load_error::invalid_element, file);
   }
-  const restored directory(base_directory_);
-  const restored depth(include_depth_);
+  const scoped_restore directory(base_directory_);
+  const scoped_restore depth(include_depth_);
   ++include_depth_;
   ++included_files_;
   const load_error error = parse_file(file);

@@ -1,20 +1,29 @@
-/// `xmc_file_loader`: reads XMC files, the XML files of localised messages, for one language.
+/// `xmc_file_loader`: reads XMC files, the XML files of localised messages, for one language. Applications
+/// use `message_catalogs` instead, which loads files and holds the messages.
+///
+///     xmc_file_loader loader;
+///     const load_error error = loader.parse("messages/app.xmc", "de");
+///     if (error.type() == load_error::no_error) loader.move_data(catalogs);
+///
+/// A file looks like this:
 ///
 ///     <?xml version="1.0" encoding="UTF-8"?>
 ///     <xmc version="1.1">
-///       <catalog name="app" lang="de_DE">
+///       <catalog name="app" lang="de">
 ///         <msg name="disk_free" meta="shown in the status bar">Frei: <arg name="n" type="mem"/></msg>
 ///       </catalog>
 ///       <include file="more.xmc"/>
 ///     </xmc>
 ///
-/// A loader is a local object of one load: it collects messages over the file and the files that it includes,
-/// and `combine_data` merges them into a set of catalogs. Applications use `message_catalogs`, which does
-/// both.
+/// A loader collects the messages of a file and of the files that it includes. `combine_data` or `move_data`
+/// merges them into a set of catalogs.
 ///
-/// No bad file throws: every failure is a `load_error`. The first error ends the file, and what was read
-/// before it stays in the loader. Input of any bytes costs time and memory in proportion to its size. One
-/// loader belongs to one thread.
+/// A bad file never throws: each failure is a `load_error`. Reading ends at the first error, and the messages
+/// before it stay in the loader. Any input costs time and memory in proportion to its size.
+///
+/// Threads: a loader is used by one thread at a time.
+///
+/// Edge cases: docs/edges.md#messages.
 #pragma once
 
 #include <map>
@@ -24,9 +33,9 @@
 #include "orva/export.hpp"
 #include "orva/i18n/catalog.hpp"
 #include "orva/i18n/internal/language_tag.hpp"
+#include "orva/i18n/internal/message_table.hpp"
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"
-#include "orva/i18n/internal/message_table.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 #include "orva/strings/text_argument.hpp"
@@ -44,13 +53,14 @@ class ORVA_API xmc_file_loader {
   using enum load_error::error_type;
   using catalog_map = std::map<strings::ustring8, memory::pointers::shared_pointer<catalog_t>>;
 
-  /// How deep files may include each other: a cycle ends here, with `invalid_element` and the file's name.
+  /// How deep files may include each other. A cycle ends at this depth, with `invalid_element` and the file's
+  /// name.
   static constexpr types::uint32 max_include_depth = 64;
-  /// How many files one load may include: without it, a short chain of files that each include the next one
-  /// twice would take as long as one likes. The same error.
+  /// How many files one load may include, with the same error. Without a limit, 60 files that each include
+  /// the next one twice would never be read to the end.
   static constexpr types::uint32 max_included_files = 10000;
 
-  /// Reads a file for the neutral languages "." and "en" only.
+  /// Reads a file for the neutral language "." and English alone.
   [[nodiscard]] load_error parse(const strings::text_argument& file);
   /// Reads a file for a language, its parents, English and the neutral language. An empty language gives
   /// `no_default_locale`, and the file is not read.
@@ -66,30 +76,30 @@ class ORVA_API xmc_file_loader {
   /// the last file that `parse_file` read.
   [[nodiscard]] load_error parse_string(const strings::ustring8& text, const strings::ustring8& file);
 
-  /// Merges what was read into `target`, making the catalogs that it lacks, and returns the number of
-  /// messages stored, new or in place of another. A message that `target` holds stays only if its language
-  /// weighs more.
+  /// Merges the messages into `target`, adds the catalogs that it lacks, and returns the number of messages
+  /// stored, new or in place of another. A message in `target` stays only if its language has the greater
+  /// weight.
   ///
-  /// An empty pointer in `target` under the name of a catalog that was read throws the text "unreferanced
-  /// object".
+  /// If `target` has an empty pointer for a catalog that was read, the text "unreferanced object" is thrown.
   types::uint32 combine_data(catalog_map& target) const;
-  /// The same, but moves: the loader is left without messages.
+  /// The same, but moves the messages: the loader has none afterwards.
   types::uint32 move_data(catalog_map& target);
 
-  /// Keeps `message` for the catalog, unless it holds one of that name whose language weighs as much or more.
+  /// Adds `message` to the catalog, unless that has one of the same name whose language has the same weight
+  /// or a greater one.
   void set_message(const message_t& message, const strings::ustring8& catalog);
-  /// Forgets what was read, but not the languages.
+  /// Drops the messages, but not the languages.
   void reset();
 
   /// Sets the accepted languages; see `accepted_languages`. A new loader accepts none.
   void handle_language(const strings::text_argument& language);
-  /// The place of a language among the accepted ones, counted from 1. The bigger, the better; 0 is not
-  /// wanted.
+  /// The position of a language in the list of accepted ones, counted from 1. A greater weight is a better
+  /// match; 0 means not accepted.
   types::uint32 get_locale_weight(const strings::text_argument& language) const;
   bool is_lang_id_good(const strings::text_argument& language) const {
     return get_locale_weight(language) != 0;
   }
-  /// Whether the load is restricted to one catalog.
+  /// Whether only one catalog is read.
   bool is_cat_id_set() const noexcept { return !catalog_id_.empty(); }
   bool is_catalog_matched(const strings::text_argument& name) const;
 
@@ -97,11 +107,11 @@ class ORVA_API xmc_file_loader {
   using token = parser::xml_token_stream::token;
   using token_iterator = parser::xml_token_stream::iterator;
 
-  // Each stands on the first token of its construct, throws a `load_error`, and leaves `it` behind the
-  // construct.
+  // Each starts at the first token of its construct, leaves `it` after the construct, and throws a
+  // `load_error`.
   //
-  // `Iterator` is `token_iterator`, and names and texts are then moved out of the tokens. A file that the
-  // loader reads itself never becomes such tokens: it is read through views into its text.
+  // `Iterator` is `token_iterator`; names and texts are moved out of the tokens. The loader itself uses
+  // another iterator, which reads views of a file's text.
   template <typename Iterator>
   void parse_xmc_header(Iterator& it, Iterator end);
   template <typename Iterator>
@@ -122,7 +132,7 @@ class ORVA_API xmc_file_loader {
   class message_body;
 
   template <typename Read>
-  load_error told_as_error(const strings::ustring8& file, Read read);
+  load_error result_of(Read read, const strings::ustring8& file);
   void parse_text(const strings::ustring8& text);
   template <typename Iterator>
   void parse_document(Iterator it, Iterator end);
@@ -134,7 +144,7 @@ class ORVA_API xmc_file_loader {
   template <typename Iterator>
   void parse_message_element(Iterator& it, Iterator end, message_body& body);
   void parse_included_file(const strings::ustring8& file);
-  void keep(message_batch& messages, const strings::ustring8& catalog);
+  void add_messages(message_batch& messages, const strings::ustring8& catalog);
   bool outweighs(const message_t& one, const message_t& other) const;
   template <typename Data>
   types::uint32 merge(Data& data, catalog_map& target) const;

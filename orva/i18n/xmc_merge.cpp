@@ -1,4 +1,4 @@
-// From what a loader read into a set of catalogs.
+// Merges the messages of a loader into a set of catalogs.
 #include <cstddef>
 #include <iterator>
 #include <utility>
@@ -14,11 +14,11 @@ using types::uint32;
 namespace {
 
 catalog_t& find_or_make(xmc_file_loader::catalog_map& target, const ustring8& name) {
-  const auto place = target.lower_bound(name);
-  if (place != target.end() && place->first == name) return place->second.checked();
+  const auto position = target.lower_bound(name);
+  if (position != target.end() && position->first == name) return position->second.checked();
   memory::pointers::shared_pointer<catalog_t> made(generic::abilities::create_dynamic<catalog_t>());
   made->_name(name);
-  return *target.emplace_hint(place, name, std::move(made))->second;
+  return *target.emplace_hint(position, name, std::move(made))->second;
 }
 
 }  // namespace
@@ -40,7 +40,8 @@ uint32 xmc_file_loader::merge(Data& data, catalog_map& target) const {
   return stored;
 }
 
-/// Unlike within a load, of two equals the new one wins: loading again brings the later text.
+/// Among messages of equal weight the new one is stored, so that a second load brings the later text. (In
+/// `add_messages` the first one stays.)
 template <typename Messages>
 uint32 xmc_file_loader::merge_messages(Messages& messages, message_table& target) const {
   uint32 stored = 0;
@@ -52,11 +53,12 @@ uint32 xmc_file_loader::merge_messages(Messages& messages, message_table& target
   auto hint = target.begin();
   for (auto& [name, message] : messages) {
     const std::size_t size = target.size();
-    const auto place = target.try_emplace(hint, name, std::move(message));
-    hint = std::next(place);
-    if (target.size() == size) {
-      if (outweighs(place->second, message)) continue;
-      place->second = std::move(message);
+    const auto position = target.try_emplace(hint, name, std::move(message));
+    hint = std::next(position);
+    const bool exists_already = target.size() == size;
+    if (exists_already) {
+      if (outweighs(position->second, message)) continue;
+      position->second = std::move(message);
     }
     ++stored;
   }

@@ -1,4 +1,4 @@
-// The `msg` element and what stands in it.
+// The `msg` element and its content.
 #include <cstddef>
 #include <string_view>
 #include <utility>
@@ -12,13 +12,12 @@ namespace ORVA_NAMESPACE::i18n::_private {
 
 using strings::ustring8;
 
-/// The pieces of a message as they come in: text is gathered until a placeholder or the end cuts it off.
+/// Collects the pieces of a message. Text is joined until a placeholder or the end of the message follows.
 class xmc_file_loader::message_body {
  public:
-  /// Room for that many placeholders and the texts around them.
+  /// Reserves memory for that many placeholders and the texts around them.
   explicit message_body(std::size_t placeholders) { items_.reserve(2 * placeholders + 1); }
 
-  /// A view is copied, and what was taken out of its token is moved.
   template <typename Text>
   void add_text(Text&& text) {
     if (text_.empty()) {
@@ -30,7 +29,7 @@ class xmc_file_loader::message_body {
 
   void add_line_feed() { text_ += '\n'; }
 
-  /// A run of white space is one blank, and none at all at the start of a message.
+  /// A run of white space is one blank, and is dropped at the start of a message.
   void add_space() {
     const bool wanted = text_.empty() ? !items_.empty() : text_.back() != ' ';
     if (wanted) text_ += ' ';
@@ -64,7 +63,7 @@ bool is_placeholder(const Token& found) {
   return xmc::is_start_of(found, "arg") || xmc::is_start_of(found, "argument");
 }
 
-/// In the message whose content begins at `it`.
+/// The number of placeholders in the message whose content starts at `it`.
 template <typename Iterator>
 std::size_t count_placeholders(Iterator it, Iterator end) {
   std::size_t count = 0;
@@ -142,7 +141,7 @@ void xmc_file_loader::parse_message_element(Iterator& it, Iterator end, message_
   } else if (is_placeholder(*it)) {
     body.add_placeholder(parse_message_arg(it, end));
   } else {
-    throw xmc::misplaced(load_error::invalid_element, it);
+    throw xmc::error_at(it, load_error::invalid_element);
   }
 }
 
@@ -191,7 +190,7 @@ message_item::type_t xmc_file_loader::parse_message_type(std::string_view word) 
       {"double", message_item::real},
       {"string", message_item::string},
       {"time", message_item::time},
-      // The placeholder itself becomes the text.
+      // The text is then the placeholder itself.
       {"value", message_item::text},
   };
   for (const type_word& known : words) {

@@ -1,4 +1,4 @@
-/// The formatters as messages use them: each adds its text to another one. Internal.
+/// The formatters in the form that messages use: each appends to a text.
 #pragma once
 
 #include <cstdint>
@@ -11,8 +11,8 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-// What is added is what the formatter of that name returns. False: the attributes are refused, and nothing is
-// added.
+// Each appends what the formatter of the same name returns. If the attributes are refused, it appends nothing
+// and returns false.
 
 bool append_int(std::string& text, std::int64_t value, std::string_view attrs);
 bool append_double(std::string& text, double value, std::string_view attrs);
@@ -22,7 +22,7 @@ bool append_metric(std::string& text, const types::variant& value, std::string_v
 bool append_metric_unit(std::string& text, const types::variant& value, std::string_view attrs);
 bool append_duration(std::string& text, double seconds, std::string_view attrs);
 
-/// The text that `append` adds, or the sign of refusal.
+/// The text that `append` appends, or `refused_value`.
 template <typename Value>
 strings::ustring8 text_or_refused(bool (*append)(std::string&, Value, std::string_view), Value value,
                                   std::string_view attrs) {

@@ -1,4 +1,4 @@
-/// The form of a floating value's text, for all formatters that show one. Internal.
+/// The attributes of a floating value, for all formatters that show one.
 #pragma once
 
 #include <cstdint>
@@ -26,7 +26,7 @@ struct double_attributes {
   bool is_valid() const { return precision >= 0; }
 };
 
-/// Adds what `format_double` gives. REQUIRES: `attributes.is_valid()`.
+/// Appends what `format_double` returns. REQUIRES: `attributes.is_valid()`.
 void append_double_text(std::string& text, double value, const double_attributes& attributes);
 
 }  // namespace ORVA_NAMESPACE::i18n::_private

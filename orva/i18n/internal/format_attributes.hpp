@@ -1,7 +1,10 @@
-/// Attribute strings of placeholders, read without a copy. Internal.
+/// Reads the attribute strings of placeholders without copying them.
 ///
-/// A formatter describes its attributes as a struct of their values with a member `bool set(key, value)` that
-/// answers whether it knows the key and the value makes sense.
+///     int_attributes attributes;
+///     if (!read_attributes("base\x01hex", attributes)) return false;
+///
+/// The attributes of a formatter are a struct of their values. Its `bool set(key, value)` returns whether the
+/// key is known and the value is valid.
 #pragma once
 
 #include <cstddef>
@@ -18,17 +21,17 @@ inline constexpr char field_separator = '\x01';
 
 inline strings::ustring8 refused() { return strings::ustring8(refused_value); }
 
-/// A text in an attribute selects a keyword by being any beginning of it.
+/// Whether a text in an attribute means the keyword: any prefix does.
 constexpr bool selects(std::string_view text, std::string_view keyword) { return keyword.starts_with(text); }
 
-/// The number that a text starts with, or 0.
+/// The number at the start of a text, or 0.
 inline int to_number(std::string_view text) {
   if (text.empty()) return 0;
   return generic::convert::str_to_int(text.data(), text.size(), types::radix_t::decimal, false);
 }
 
-/// Takes the first field off `fields`, which is left empty behind the last one: a separator at the end is
-/// followed by no field.
+/// Removes the first field from `fields` and returns it. After the last one `fields` is empty: no field
+/// follows a separator at the end.
 constexpr std::string_view cut_field(std::string_view& fields) {
   const std::size_t length = fields.find(field_separator);
   const std::string_view field = fields.substr(0, length);
@@ -36,7 +39,7 @@ constexpr std::string_view cut_field(std::string_view& fields) {
   return field;
 }
 
-/// False: a key has no value, or `attributes` refused one.
+/// Returns false if a key has no value or `attributes` refuses one.
 template <typename Attributes>
 bool read_attributes(std::string_view fields, Attributes& attributes) {
   while (!fields.empty()) {
@@ -48,8 +51,8 @@ bool read_attributes(std::string_view fields, Attributes& attributes) {
   return true;
 }
 
-/// The rule of the on-off attributes: everything is true but the beginnings of "false", the empty text among
-/// them.
+/// The value of an on-off attribute: false for a prefix of "false", which the empty text is, and otherwise
+/// true.
 constexpr bool to_flag(std::string_view text) { return !selects(text, "false"); }
 
 }  // namespace ORVA_NAMESPACE::i18n::_private

@@ -46,7 +46,7 @@ uint32 accepted_languages::position(std::string_view tag) const {
   if (!accepts_fixed_tags_) return 0;
   if (tag == neutral) return 1;
   if (tag == english) return 2;
-  // No two prefixes have one length.
+  // Each prefix has a length of its own.
   const auto found = std::lower_bound(prefix_sizes_.begin(), prefix_sizes_.end(), tag.size());
   if (found == prefix_sizes_.end() || *found != tag.size()) return 0;
   if (std::string_view(language_).substr(0, tag.size()) != tag) return 0;

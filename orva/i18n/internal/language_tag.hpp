@@ -1,7 +1,9 @@
-/// Language tags as catalogs know them: parts joined by `_`, the parts of a tag being its parents.
+/// Language tags of catalogs: the spelling with `_`, and the list of languages that a load accepts.
 ///
-/// Used by the loader, which weighs the languages of a file, and by the catalogs, which answer for what was
-/// loaded. Plain values, safe to read from many threads.
+///     normalized_language_tag("de-DE")          =>  "de_DE"
+///     accepted_languages("de-DE").weight("de")  =>  3
+///
+/// `accepted_languages` is a value; any number of threads may read it while none changes it.
 #pragma once
 
 #include <cstddef>
@@ -13,14 +15,15 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// Every `.` and `-` becomes `_`, but for a tag of one character, so that the neutral tag "." stays.
+/// Replaces each `.` and `-` by `_`. A tag of one character is unchanged, for the sake of the neutral tag
+/// ".".
 ///
 ///     "de-DE.UTF-8"  =>  "de_DE_UTF_8"
 ///     "."            =>  "."
 strings::ustring8 normalized_language_tag(std::string_view tag);
 
-/// The tags that a load accepts, from the least to the most specific: the neutral tag, English, then the
-/// wanted language by growing prefixes.
+/// The tags that a load accepts, from the least to the most specific: the neutral tag, English, the first
+/// part of the wanted language, its first two parts, and so on.
 ///
 ///     ""             =>  "."  "en"
 ///     "de_DE"        =>  "."  "en"  "de"  "de_DE"
@@ -33,8 +36,8 @@ class accepted_languages {
   /// Takes a language in any spelling that `normalized_language_tag` takes.
   explicit accepted_languages(std::string_view language);
 
-  /// The place of `tag` in the list, counted from 1; 0 if it is not accepted. The bigger, the better the
-  /// match. A tag that is not found as it stands is tried again normalized.
+  /// The position of `tag` in the list, counted from 1, or 0 if the tag is not accepted. A greater weight is
+  /// a better match. A tag that is not in the list is looked up again in its normalized spelling.
   types::uint32 weight(std::string_view tag) const;
 
  private:
@@ -42,7 +45,8 @@ class accepted_languages {
 
   bool accepts_fixed_tags_ = false;
   strings::ustring8 language_;
-  // The prefixes are kept by their lengths: written out, those of a long tag would take its length squared.
+  // The lengths of the accepted prefixes of `language_`. As texts, the prefixes of a long tag would need
+  // memory in proportion to the square of its length.
   std::vector<std::size_t> prefix_sizes_;
 };
 

@@ -1,9 +1,8 @@
-/// `message_table`: the messages of a catalog, in the order of their names and at hand by name. Not for use
-/// on its own.
+/// `message_table`: the messages of a catalog, sorted by name, with a hash table for lookups.
 ///
-/// Beside the ordered map stands a hash table of its entries, so that a lookup does not walk down a tree of
-/// long names that begin alike. A plain value that owns its messages; many threads may read one that nobody
-/// changes.
+/// The hash table holds pointers to the entries of the sorted map. A lookup in it costs less than the string
+/// comparisons on the way down the map, as the names of a catalog usually have a long common prefix. A table
+/// is a value that owns its messages; any number of threads may read it while none changes it.
 #pragma once
 
 #include <cstddef>
@@ -42,18 +41,18 @@ class message_table {
   const message_t* find(const strings::ustring8& name) const;
 
   const message_t& insert_or_assign(const strings::ustring8& name, const message_t& message);
-  // Like those of the map: what has the name already stays, and its place is returned.
+  // As in the map: a message that has the name already stays, and the result points to it.
   iterator insert(const_iterator hint, map::node_type&& node);
   template <typename Message>
   iterator try_emplace(const_iterator hint, const strings::ustring8& name, Message&& message) {
     reserve(size() + 1);
     const std::size_t before = size();
-    const auto place = messages_.try_emplace(hint, name, std::forward<Message>(message));
-    if (size() != before) take_slot(*place);
-    return place;
+    const auto position = messages_.try_emplace(hint, name, std::forward<Message>(message));
+    if (size() != before) insert_slot(*position);
+    return position;
   }
 
-  /// Makes room in the hash table for that many messages in all.
+  /// Makes the hash table large enough for that many messages in all.
   void reserve(std::size_t messages);
 
  private:
@@ -62,18 +61,18 @@ class message_table {
     const map::value_type* entry = nullptr;
   };
 
-  /// How far a name may stand behind its first slot. One for which there is no slot is found in the map
-  /// alone, so that names chosen for their hashes gain nothing.
-  static constexpr std::size_t longest_walk = 16;
+  /// How many slots are tried for a name. A message that finds none free is looked up in the map instead.
+  /// That bounds the cost of names that were chosen to have one hash.
+  static constexpr std::size_t max_probes = 16;
 
   static std::uint32_t hash_of(std::string_view name) noexcept;
   slot& slot_at(std::size_t position) noexcept { return slots_[position & (slots_.size() - 1)]; }
   const slot& slot_at(std::size_t position) const noexcept { return slots_[position & (slots_.size() - 1)]; }
-  /// REQUIRES: there is room.
-  void take_slot(const map::value_type& entry) noexcept;
+  /// REQUIRES: `reserve` was called for this message, too.
+  void insert_slot(const map::value_type& entry) noexcept;
 
   map messages_;
-  // A power of two, or none at all.
+  // The size is 0 or a power of two.
   std::vector<slot> slots_;
 };
 

@@ -10,7 +10,7 @@ namespace {
 
 bool has_semicolon(std::string_view text) { return text.find(';') != text.npos; }
 
-/// There is no sign in this text: a negative integer shows as the unsigned number of the same bits.
+/// Appends an integer without a sign: a negative one is shown as the unsigned number of the same bits.
 void append_integer(std::string& text, std::uint64_t value) {
   char buffer[generic::convert::number_buffer_size];
   generic::convert::ulltoa(value, buffer, 10);
@@ -60,10 +60,10 @@ bool scaled_attributes::set_number_form(std::string_view key, std::string_view v
 bool scaled_attributes::read_number_form(double_attributes& form) const {
   if (!has_semicolon(precision.text) && !has_semicolon(fieldsize.text)) {
     form = {precision.value, fieldsize.value};
-    // An empty field at the end of an attribute string is none, and its key has no value then.
+    // An empty fieldsize would be the last field of the attribute string, and so a missing value.
     return form.is_valid() && !fieldsize.text.empty();
   }
-  // The texts are those of an attribute string in which ";" separates, so that one inside a number splits it.
+  // The attribute string is built with ";" as separator, so a ";" in one of the texts splits it.
   strings::ustring8 attrs("precision;");
   attrs.append(precision.text).append(";fieldsize;").append(fieldsize.text);
   std::replace(attrs.begin(), attrs.end(), ';', field_separator);

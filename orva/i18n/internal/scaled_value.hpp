@@ -1,4 +1,4 @@
-/// Values scaled in steps of 1000: what memory sizes and metric quantities have in common. Internal.
+/// Values scaled in steps of 1000: the common part of `format_memory` and `format_metric`.
 #pragma once
 
 #include <cstdint>
@@ -14,36 +14,35 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// A value in the unit that it is shown in. Number and unit are made into text separately, since a
-/// placeholder shows one of the two.
+/// A value in its target unit. Number and unit are formatted separately, as a placeholder shows one of them.
 struct scaled_value {
-  /// With decimals in this form, or without any.
+  /// The form of a number with decimals; empty for an integer.
   std::optional<double_attributes> form;
   double floating = 0;
   std::uint64_t integer = 0;
-  /// The index of the unit: the power of 1000 that it stands for.
+  /// The power of 1000 of the unit.
   int unit_index = 0;
-  /// The unit's text, which lives as long as the library.
+  /// A string literal.
   std::string_view unit;
 
   void append_number(std::string& text) const;
 
-  /// A negative zero without decimals, which only a semicolon in the precision can bring.
+  /// Whether the number is a negative zero without decimals, which needs a semicolon in the precision.
   bool reads_as_refused() const;
 };
 
-// Nothing: the attributes are refused.
+// Empty if the attributes are refused.
 std::optional<scaled_value> scale_memory(const types::variant& value, std::string_view attrs);
 std::optional<scaled_value> scale_metric(const types::variant& value, std::string_view attrs);
 
-/// Both texts as the formatters return them.
+/// Both texts in the way that the formatters return them.
 strings::ustring8 number_and_unit(const std::optional<scaled_value>& value, strings::ustring8& unit);
 
-// One of the two texts as messages show it. False: there is no value.
+// Each appends one of the two texts. Returns false if there is no value.
 bool append_number(std::string& text, const std::optional<scaled_value>& value);
 bool append_unit(std::string& text, const std::optional<scaled_value>& value);
 
-/// A number as an attribute gives it. The text is what `format_double` is told.
+/// The number of an attribute, and its text, which is passed on to `format_double`.
 struct number_attribute {
   std::string_view text;
   int value = 0;
@@ -52,7 +51,7 @@ struct number_attribute {
   constexpr number_attribute(std::string_view digits, int number) : text(digits), value(number) {}
 };
 
-/// The attributes that both kinds have. Units are given by their index.
+/// The attributes that both formatters have. A unit is given by its power of 1000.
 struct scaled_attributes {
   int base_unit = 0;
   int target_unit = 0;
@@ -75,7 +74,7 @@ struct scaled_attributes {
 
   bool has_decimals() const { return precision.value != 0; }
 
-  /// False: the texts of precision and field make no valid form.
+  /// Returns false if `format_double` would refuse the texts of precision and fieldsize.
   bool read_number_form(double_attributes& form) const;
 };
 
@@ -88,8 +87,8 @@ Number times_1000(Number value) {
   }
 }
 
-/// Brings the value to the target unit, or below 1000 but no further than `last_unit`. Returns the unit
-/// reached.
+/// Scales the value to the target unit. Without one it is divided until it is below 1000, up to `last_unit`.
+/// Returns the unit.
 template <typename Number>
 int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   int unit = attributes.base_unit;
@@ -102,8 +101,8 @@ int scale(Number& value, const scaled_attributes& attributes, int last_unit) {
   return unit;
 }
 
-/// Scales a value, all but the unit's text. `as_integer` reads it where no decimals are asked for, and the
-/// type of what it reads decides how large and small values behave.
+/// Scales a value, but leaves the unit's text empty. Without decimals, `as_integer` reads the value; its
+/// result type decides whether arithmetic is signed.
 template <typename Read>
 std::optional<scaled_value> scale_by(const types::variant& value, const scaled_attributes& attributes,
                                      int last_unit, Read as_integer) {

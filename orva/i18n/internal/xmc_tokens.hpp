@@ -1,4 +1,4 @@
-/// How the readers of XMC elements step through tokens, which are those of a stream or views. Internal.
+/// Helpers of the functions that read XMC elements from tokens, for both kinds of token iterators.
 #pragma once
 
 #include <string_view>
@@ -35,13 +35,13 @@ bool is_named(Iterator attribute, std::string_view name) {
   return attribute->value() == name;
 }
 
-/// REQUIRES: the value is not looked at again.
+/// REQUIRES: the caller does not use the token's value afterwards.
 inline strings::ustring8 take_value(token_iterator it) { return std::move(it->value()); }
 inline std::string_view take_value(view_iterator it) { return it->value(); }
 
-/// The failure of an element, an attribute or a value that has no place at `it`.
+/// The error about the element, attribute or value at `it`.
 template <typename Iterator>
-load_error misplaced(load_error::error_type type, Iterator it) {
+load_error error_at(Iterator it, load_error::error_type type) {
   return load_error(type, strings::ustring8(it->value()));
 }
 
@@ -50,14 +50,14 @@ void require_token(Iterator it, Iterator end) {
   if (it == end) throw load_error(load_error::unexpected_parse_error, "Value Not Defined");
 }
 
-/// A comment behind a start tag comes before the mark that ends the tag, and says nothing about attributes.
+/// The token of a comment that follows a start tag comes before the token that ends the tag.
 template <typename Iterator>
 void skip_comments(Iterator& it, Iterator end) {
   while (is_type(it, end, token::comment)) ++it;
 }
 
-/// Reads attributes from `it` on, up to and with the mark that ends the start tag. `take(name, value)` gets
-/// each of them and answers whether the element has an attribute of that name.
+/// Reads the attributes from `it` on, and the token that ends the start tag. `take(name, value)` is called
+/// for each attribute and returns whether the element may have it.
 template <typename Iterator, typename Take>
 void read_attributes(Iterator& it, Iterator end, Take take) {
   for (;; ++it) {
@@ -65,9 +65,9 @@ void read_attributes(Iterator& it, Iterator end, Take take) {
     require_token(it, end);
     if (it->type() == token::start_tag_end) break;
     const Iterator name = it;
-    if (name->type() != token::attribute_name) throw misplaced(load_error::invalid_attribute, name);
+    if (name->type() != token::attribute_name) throw error_at(name, load_error::invalid_attribute);
     require_token(++it, end);
-    if (!take(name, it)) throw misplaced(load_error::invalid_attribute, name);
+    if (!take(name, it)) throw error_at(name, load_error::invalid_attribute);
   }
   ++it;
 }
