@@ -6,8 +6,9 @@
 namespace convert = orva::generic::convert;
 using radix = orva::types::radix_t;
 
+// A length of 0 would mean: up to the terminator, which a view does not have.
 int read(std::string_view text, radix::base base) {
-  return convert::str_to_int(text.data(), text.size(), base, false);
+  return text.empty() ? 0 : convert::str_to_int(text.data(), text.size(), base, false);
 }
 
 int main() {

@@ -1,5 +1,6 @@
 #include "orva/generic/convert/str_to_x.hpp"
 
+#include <algorithm>
 #include <array>
 #include <cstdint>
 #include <limits>
@@ -13,7 +14,7 @@ namespace ORVA_NAMESPACE::generic::convert {
 
 namespace {
 
-/// A name as the exceptions tell it.
+/// The functions that the exceptions name.
 constexpr const char* signed_reader = ORVA_QUALIFIED("generic::convert::strtointx");
 constexpr const char* unsigned_reader = ORVA_QUALIFIED("generic::convert::strtouintx");
 
@@ -35,29 +36,28 @@ constexpr std::uint32_t as_unsigned(Unit unit) {
   return static_cast<std::make_unsigned_t<Unit>>(unit);
 }
 
-/// How many digits of a radix always fit, whatever they are.
-template <typename Unsigned>
-constexpr std::size_t safe_digits(unsigned int radix) {
-  constexpr Unsigned max = std::numeric_limits<Unsigned>::max();
+constexpr std::uint64_t max_magnitude = std::numeric_limits<std::uint64_t>::max();
+
+/// The number of digits of a radix that fit into 64 bits whatever they are.
+constexpr std::uint8_t safe_digits(unsigned int radix) {
   const unsigned int highest = radix - 1;
-  std::size_t count = 0;
-  for (Unsigned largest = 0; largest <= (max - highest) / radix; ++count) largest = largest * radix + highest;
+  std::uint8_t count = 0;
+  for (std::uint64_t largest = 0; largest <= (max_magnitude - highest) / radix; ++count) {
+    largest = largest * radix + highest;
+  }
   return count;
 }
 
-template <typename Unsigned>
 constexpr auto safe_digits_by_radix = [] {
   std::array<std::uint8_t, 37> table{};
-  for (unsigned int radix = 2; radix <= 36; ++radix) {
-    table[radix] = static_cast<std::uint8_t>(safe_digits<Unsigned>(radix));
-  }
+  for (unsigned int radix = 2; radix <= 36; ++radix) table[radix] = safe_digits(radix);
   return table;
 }();
 
-static_assert(safe_digits_by_radix<std::uint32_t>[10] == 9 && safe_digits_by_radix<std::uint64_t>[10] == 19);
-static_assert(safe_digits_by_radix<std::uint32_t>[2] == 32 && safe_digits_by_radix<std::uint64_t>[16] == 16);
+static_assert(safe_digits_by_radix[2] == 64 && safe_digits_by_radix[10] == 19 &&
+              safe_digits_by_radix[16] == 16);
 
-/// The digits of the radix that nearly every text has; a constant, so that no multiplication remains.
+/// The digits of the most frequent radix, a constant, so that the compiler multiplies by shifts and sums.
 struct decimal_digits {
   static constexpr unsigned int radix = 10;
 
@@ -75,22 +75,25 @@ struct digits_of {
   }
 };
 
-/// What the digits say. Out of range, the value is that of the digits which fitted.
-template <typename Unsigned>
+/// The number that the digits form. Out of range, `value` is that of the digits that fitted.
 struct magnitude {
-  Unsigned value = 0;
+  std::uint64_t value = 0;
   bool in_range = true;
 };
 
-/// Walks over a text. The unit at the position can always be read as long as no step has answered that the
-/// text ends; the first unit is there before any test of the length.
+/// A cursor over the text of a number. Its unit can be read as long as no step has returned that the text
+/// ends; the first unit is read before any test of the length.
+///
+/// It counts the units that are left instead of comparing with an end: a caller may give a length that
+/// exceeds the text, which then ends at its first unit that is no digit, and `text + length` need not exist.
 template <strings::code_unit Unit>
 class number_text {
  public:
-  number_text(const Unit* text, std::size_t length) : at_(text), end_(text + length) {}
+  number_text(const Unit* text, std::size_t length)
+      : cursor_(text), units_left_(std::max<std::size_t>(length, 1)) {}
 
   bool skip_white_space() {
-    while (internal::character_class::isspace(*at_)) {
+    while (internal::character_class::isspace(*cursor_)) {
       if (!advance()) return false;
     }
     return true;
@@ -119,54 +122,56 @@ class number_text {
   }
 
   /// Reads digits as long as they keep the value within `bound`.
-  template <typename Digits, typename Unsigned>
-  magnitude<Unsigned> read_digits(Digits digits, Unsigned bound) {
-    const std::size_t safe = safe_digits_by_radix<Unsigned>[digits.radix];
-    const Unit* const test_from = static_cast<std::size_t>(end_ - at_) > safe ? at_ + safe : end_;
-    Unsigned value = 0;
-    do {
-      const unsigned int digit = digits.value(unit());
+  template <typename Digits>
+  magnitude read_digits(Digits digits, std::uint64_t bound) {
+    const auto safe = std::min<std::size_t>(units_left_, safe_digits_by_radix[digits.radix]);
+    std::uint64_t value = 0;
+    for (std::size_t i = 0; i < safe; ++i) {
+      const unsigned int digit = digits.value(as_unsigned(cursor_[i]));
       if (digit >= digits.radix) return {value, value <= bound};
-      value = static_cast<Unsigned>(value * digits.radix + digit);
-    } while (++at_ < test_from);
-    if (at_ < end_) return read_long_number(digits, bound, value);
-    return {value, value <= bound};
+      value = value * digits.radix + digit;
+    }
+    if (safe == units_left_) return {value, value <= bound};
+    cursor_ += safe;
+    units_left_ -= safe;
+    return read_long_number(digits, bound, value);
   }
 
  private:
-  std::uint32_t unit() const { return as_unsigned(*at_); }
+  std::uint32_t unit() const { return as_unsigned(*cursor_); }
 
   /// Moves to the next unit. False: the text ends here.
-  bool advance() { return ++at_ < end_; }
+  bool advance() {
+    ++cursor_;
+    return --units_left_ != 0;
+  }
 
-  /// The digits behind those that always fit, each tested before it is added.
-  template <typename Digits, typename Unsigned>
-  magnitude<Unsigned> read_long_number(Digits digits, Unsigned bound, Unsigned value) {
-    const auto limit = static_cast<Unsigned>(bound / digits.radix);
+  /// Reads the digits after those that always fit, and tests each before it is added.
+  template <typename Digits>
+  magnitude read_long_number(Digits digits, std::uint64_t bound, std::uint64_t value) {
+    const std::uint64_t limit = bound / digits.radix;
     const auto rest = static_cast<unsigned int>(bound % digits.radix);
     do {
       const unsigned int digit = digits.value(unit());
       if (digit >= digits.radix) return {value, value <= bound};
       if (value > limit || (value == limit && digit > rest)) return {value, false};
-      value = static_cast<Unsigned>(value * digits.radix + digit);
+      value = value * digits.radix + digit;
     } while (advance());
     return {value, true};
   }
 
-  const Unit* at_;
-  const Unit* end_;
+  const Unit* cursor_;
+  std::size_t units_left_;
 };
 
-template <typename Unsigned>
 struct number {
-  magnitude<Unsigned> size;
+  magnitude size;
   bool negative = false;
 };
 
-/// The steps that both forms share. `bound` tells the greatest magnitude by the sign.
-template <typename Unsigned, strings::code_unit Unit, typename Bound>
-number<Unsigned> read(const Unit* text, std::size_t length, unsigned int radix, const char* function,
-                      Bound bound) {
+/// The steps that both forms share. `bound` returns the greatest magnitude of a number of that sign.
+template <strings::code_unit Unit, typename Bound>
+number read(const Unit* text, std::size_t length, unsigned int radix, const char* function, Bound bound) {
   number_text<Unit> rest(text, length);
   bool negative = false;
   if (!rest.skip_white_space() || !rest.skip_sign(negative)) return {};
@@ -176,89 +181,86 @@ number<Unsigned> read(const Unit* text, std::size_t length, unsigned int radix, 
   return {rest.read_digits(digits_of{radix}, bound(negative)), negative};
 }
 
-/// Wide enough for the type; a number is never built in less than 32 bits.
-template <typename Integer>
-using accumulator = std::conditional_t<sizeof(Integer) <= 4, std::uint32_t, std::uint64_t>;
-
-/// Reads the number that most texts are: a sign at most, then decimal digits, so few that any of them fit.
-/// False: it is another one. Says nothing that the steps in full would not say; it is here to be quick.
+/// A fast path for the most frequent texts: decimal digits that fit, and in front of them at most a minus
+/// where `Integer` is signed. False: the text is another one, and `result` is unchanged.
 template <typename Integer, strings::code_unit Unit>
-bool read_short_decimal(const Unit* text, std::size_t length, types::radix_t::base radix, Integer& result) {
-  if ((radix != types::radix_t::decimal && radix != types::radix_t::prefix) || length == 0) return false;
+bool read_short_decimal(const Unit* text, std::size_t length, types::radix_t::base radix, Integer max,
+                        Integer& result) {
+  if (radix != types::radix_t::decimal && radix != types::radix_t::prefix) return false;
+  if (text == nullptr || length == 0) return false;
   const bool negative = std::is_signed_v<Integer> && *text == '-';
-  const Unit* at = text + (negative ? 1 : 0);
-  const Unit* const end = text + length;
-  if (static_cast<std::size_t>(end - at) - 1 >= std::numeric_limits<Integer>::digits10) return false;
-  unsigned int digit = decimal_digits::value(as_unsigned(*at));
+  const Unit* const digits = text + (negative ? 1 : 0);
+  const std::size_t count = length - (negative ? 1 : 0);
+  if (count == 0 || count > std::numeric_limits<Integer>::digits10) return false;
+  unsigned int digit = decimal_digits::value(as_unsigned(digits[0]));
   if (digit >= 10 || (digit == 0 && radix == types::radix_t::prefix)) return false;
-  accumulator<Integer> value = digit;
-  while (++at < end && (digit = decimal_digits::value(as_unsigned(*at))) < 10) value = value * 10 + digit;
-  result = static_cast<Integer>(negative ? accumulator<Integer>{0} - value : value);
+  auto value = static_cast<Integer>(digit);
+  for (std::size_t i = 1; i < count && (digit = decimal_digits::value(as_unsigned(digits[i]))) < 10; ++i) {
+    value = value * 10 + static_cast<Integer>(digit);
+  }
+  if (value > max) return false;
+  result = negative ? 0 - value : value;
   return true;
 }
 
-template <typename Integer, strings::code_unit Unit>
-[[gnu::noinline]] Integer read_signed(const Unit* text, std::size_t length, unsigned int radix,
-                                      bool throw_on_range) {
-  using limits = std::numeric_limits<Integer>;
-  using unsigned_value = accumulator<Integer>;
+template <strings::code_unit Unit>
+[[gnu::noinline]] long long read_any_signed(const Unit* text, std::size_t length, unsigned int radix,
+                                            bool throw_on_range, long long max) {
   if (text == nullptr) return 0;
   if (length == 0) length = std::char_traits<Unit>::length(text);
-  const auto [size, negative] = read<unsigned_value>(text, length, radix, signed_reader, [](bool below_zero) {
-    return static_cast<unsigned_value>(limits::max()) + (below_zero ? 1u : 0u);
+  const auto [size, negative] = read(text, length, radix, signed_reader, [max](bool below_zero) {
+    return static_cast<std::uint64_t>(max) + (below_zero ? 1u : 0u);
   });
-  if (size.in_range) return static_cast<Integer>(negative ? unsigned_value{0} - size.value : size.value);
-  if (!throw_on_range) return negative ? limits::min() : limits::max();
+  if (size.in_range) return static_cast<long long>(negative ? 0 - size.value : size.value);
+  if (!throw_on_range) return negative ? -max - 1 : max;
   if (negative) raise_underflow(signed_reader);
   raise_overflow(signed_reader);
 }
 
-template <typename Integer, strings::code_unit Unit>
-[[gnu::noinline]] Integer read_unsigned(const Unit* text, std::size_t length, unsigned int radix,
-                                        bool throw_on_range) {
-  constexpr accumulator<Integer> max = std::numeric_limits<Integer>::max();
+template <strings::code_unit Unit>
+[[gnu::noinline]] unsigned long long read_any_unsigned(const Unit* text, std::size_t length,
+                                                       unsigned int radix, bool throw_on_range,
+                                                       unsigned long long max) {
   if (text == nullptr) return 0;
-  const auto [size, negative] =
-      read<accumulator<Integer>>(text, length, radix, unsigned_reader, [](bool) { return max; });
+  const auto [size, negative] = read(text, length, radix, unsigned_reader, [max](bool) { return max; });
   const bool below_zero = negative && (size.value != 0 || !size.in_range);
   if (throw_on_range && below_zero) raise_underflow(unsigned_reader);
   if (throw_on_range && !size.in_range) raise_overflow(unsigned_reader);
   if (below_zero) return 0;
-  return static_cast<Integer>(size.in_range ? size.value : max);
+  return size.in_range ? size.value : max;
 }
 
 }  // namespace
 
-template <typename Integer, strings::code_unit Unit>
-Integer strtointx(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range) {
-  Integer result;
-  if (read_short_decimal(text, length, radix, result)) return result;
-  return read_signed<Integer>(text, length, radix, throw_on_range);
+namespace _private {
+
+template <strings::code_unit Unit>
+long long read_signed(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range,
+                      long long max) {
+  long long result;
+  if (read_short_decimal(text, length, radix, max, result)) return result;
+  return read_any_signed(text, length, radix, throw_on_range, max);
 }
 
-template <typename Integer, strings::code_unit Unit>
-Integer strtouintx(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range) {
-  Integer result;
-  if (read_short_decimal(text, length, radix, result)) return result;
-  return read_unsigned<Integer>(text, length, radix, throw_on_range);
+template <strings::code_unit Unit>
+unsigned long long read_unsigned(const Unit* text, std::size_t length, types::radix_t::base radix,
+                                 bool throw_on_range, unsigned long long max) {
+  unsigned long long result;
+  if (read_short_decimal(text, length, radix, max, result)) return result;
+  return read_any_unsigned(text, length, radix, throw_on_range, max);
 }
 
-#define ORVA_INSTANTIATE(function, integer)                                                        \
-  template integer function(const char*, std::size_t, types::radix_t::base, bool);                 \
-  template integer function(const strings::code_unit16*, std::size_t, types::radix_t::base, bool); \
-  template integer function(const strings::code_unit32*, std::size_t, types::radix_t::base, bool);
+using radix = types::radix_t::base;
+using strings::code_unit16;
+using strings::code_unit32;
 
-ORVA_INSTANTIATE(strtointx, signed char)
-ORVA_INSTANTIATE(strtointx, short)
-ORVA_INSTANTIATE(strtointx, int)
-ORVA_INSTANTIATE(strtointx, long)
-ORVA_INSTANTIATE(strtointx, long long)
-ORVA_INSTANTIATE(strtouintx, unsigned char)
-ORVA_INSTANTIATE(strtouintx, unsigned short)
-ORVA_INSTANTIATE(strtouintx, unsigned int)
-ORVA_INSTANTIATE(strtouintx, unsigned long)
-ORVA_INSTANTIATE(strtouintx, unsigned long long)
+template long long read_signed(const char*, std::size_t, radix, bool, long long);
+template long long read_signed(const code_unit16*, std::size_t, radix, bool, long long);
+template long long read_signed(const code_unit32*, std::size_t, radix, bool, long long);
+template unsigned long long read_unsigned(const char*, std::size_t, radix, bool, unsigned long long);
+template unsigned long long read_unsigned(const code_unit16*, std::size_t, radix, bool, unsigned long long);
+template unsigned long long read_unsigned(const code_unit32*, std::size_t, radix, bool, unsigned long long);
 
-#undef ORVA_INSTANTIATE
+}  // namespace _private
 
 }  // namespace ORVA_NAMESPACE::generic::convert

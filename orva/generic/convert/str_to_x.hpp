@@ -1,23 +1,31 @@
 /// Number readers: text of the three widths into integers of every size, and bytes into floating values.
 ///
-/// The integer readers take a pointer and a length, so that a part of a text is read without a copy or a
-/// terminator; they know no locale but for the white space from 128 to 255, allocate nothing, and either
-/// saturate or throw when the number does not fit. Any thread may call them. The inverse operations stand in
-/// `generic/convert/x_to_str.hpp`.
+///     convert::str_to_int32("12abc", 5, radix_t::decimal, false)    =>  12
+///     convert::str_to_uint8("300", 3, radix_t::decimal, false)      =>  255
+///     convert::str_to_uint8("300", 3, radix_t::decimal, true)       throws exceptions::overflow_error
+///     convert::str_to_double("2.5e-1 litres")                       =>  0.25
 ///
-///     text         radix        str_to_int32
-///     "12abc"      decimal      =>  12            what follows the number is ignored
-///     "  -42"      decimal      =>  -42           white space is allowed in front of the sign
-///     "-  42"      decimal      =>  0             and nowhere else
-///     "0x1F"       prefix       =>  31
-///     "0b101"      prefix       =>  5
-///     "010"        prefix       =>  8
-///     "\x1F"       prefix       =>  31            a backslash serves for the leading zero
-///     "0x1F"       hexadecimal  =>  0             an explicit radix reads no prefix: the number ends at the x
-///     "2147483648" decimal      =>  2147483647, or overflow_error with `throw_on_range`
+/// The integer readers take a pointer and a length, so that a part of a text is read without a copy or a
+/// terminator. They allocate nothing, and use the C locale only for white space from 128 to 255. Any thread
+/// may call them. The inverse operations are in `generic/convert/x_to_str.hpp`.
+///
+///     text         radix         str_to_int32
+///     12abc        decimal       =>  12            text after the number is ignored
+///       -42        decimal       =>  -42           white space may precede the sign
+///     -  42        decimal       =>  0             but may not follow it
+///     0x1F         prefix        =>  31
+///     0b101        prefix        =>  5
+///     010          prefix        =>  8
+///     \x1F         prefix        =>  31            a backslash, written "\\x1F", serves as the leading zero
+///     0x1F         hexadecimal   =>  0             an explicit radix reads no prefix: the number ends at the x
+///     2147483648   decimal       =>  2147483647, or overflow_error with `throw_on_range`
+///
+/// Edge cases: docs/edges.md#numbers
 #pragma once
 
+#include <concepts>
 #include <cstddef>
+#include <limits>
 #include <locale>
 #include <string_view>
 
@@ -28,20 +36,36 @@
 
 namespace ORVA_NAMESPACE::generic::convert {
 
+namespace _private {
+
+// The readers of the widest integers. `max` is the limit of the type that the caller reads.
+
+template <strings::code_unit Unit>
+ORVA_API long long read_signed(const Unit* text, std::size_t length, types::radix_t::base radix,
+                               bool throw_on_range, long long max);
+
+template <strings::code_unit Unit>
+ORVA_API unsigned long long read_unsigned(const Unit* text, std::size_t length, types::radix_t::base radix,
+                                          bool throw_on_range, unsigned long long max);
+
+}  // namespace _private
+
 /// Reads a signed integer: `signed char`, `short`, `int`, `long` or `long long`.
 ///
-/// With `length` 0 the text is measured up to its terminator; a null pointer reads as 0. An empty part of a
-/// longer text is therefore the caller's to look out for: there the length 0 means everything from here on.
-/// White space, then one sign, then the digits of `radix` are read; the first other unit ends the number. No
-/// digit at all reads as 0.
+/// Reads white space, then one sign, then digits of `radix`; the first other unit ends the number. A text
+/// without a digit is 0, and so is a null pointer. A `length` of 0 means that the text ends at its
+/// terminator, so a caller with an empty part of a longer text must not call this function. A length that
+/// exceeds the text is no error where another unit, such as a terminator, ends the number.
 ///
-///     radix 1 or above 36             throws exceptions::invalid_argument_value, unless the text ends before its
-///                                     first digit, as white space alone does
-///     number out of range             the nearest limit of the type, or with `throw_on_range`
-///                                     exceptions::overflow_error or exceptions::underflow_error
-template <typename Integer, strings::code_unit Unit>
-ORVA_API Integer strtointx(const Unit* text, std::size_t length, types::radix_t::base radix,
-                           bool throw_on_range);
+///     radix 1 or above 36        throws exceptions::invalid_argument_value, unless the text ends before its
+///                                first digit, as white space alone does
+///     number out of range        the nearest limit of the type, or with `throw_on_range`
+///                                exceptions::overflow_error or exceptions::underflow_error
+template <std::signed_integral Integer, strings::code_unit Unit>
+Integer strtointx(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range) {
+  constexpr Integer max = std::numeric_limits<Integer>::max();
+  return static_cast<Integer>(_private::read_signed(text, length, radix, throw_on_range, max));
+}
 
 /// Reads an unsigned integer: `unsigned char` to `unsigned long long`. As the signed form, except that:
 ///
@@ -49,10 +73,12 @@ ORVA_API Integer strtointx(const Unit* text, std::size_t length, types::radix_t:
 ///     "-0"               0
 ///     "42", length 0     4: a length of 0 is not measured, and the first unit is read all the same
 ///
-/// REQUIRES: the first unit can be read, also when `length` is 0; a null pointer reads as 0.
-template <typename Integer, strings::code_unit Unit>
-ORVA_API Integer strtouintx(const Unit* text, std::size_t length, types::radix_t::base radix,
-                            bool throw_on_range);
+/// REQUIRES: the first unit can be read, also when `length` is 0, or the pointer is null.
+template <std::unsigned_integral Integer, strings::code_unit Unit>
+Integer strtouintx(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range) {
+  constexpr Integer max = std::numeric_limits<Integer>::max();
+  return static_cast<Integer>(_private::read_unsigned(text, length, radix, throw_on_range, max));
+}
 
 // The readers by name. Results that are 32 bits wide are so on every platform.
 
@@ -130,20 +156,20 @@ unsigned long long str_to_uint64(const Unit* text, std::size_t length, types::ra
   return strtouintx<unsigned long long>(text, length, radix, throw_on_range);
 }
 
-/// Reads a floating value as an input stream with `place` does: leading white space is skipped, what follows
-/// the number is ignored. Where the stream would fail, also for a number out of range, the result is 0.0.
-/// Nothing is thrown. Without a locale the global one is taken.
+/// Reads a floating value as an input stream with this locale does, by default the global one. Leading white
+/// space is skipped, and text after the number is ignored. Where the stream would fail, also for a number
+/// that is too large, the result is 0.0. Never throws.
 ///
 ///     "1e3"    =>  1000.0
 ///     "12abc"  =>  12.0
-///     "12e"    =>  0.0      the stream takes the exponent's letter for part of the number
+///     "12e"    =>  0.0      to the stream the letter is part of the number
 ///     "1e400"  =>  0.0
 ///     "abc"    =>  0.0
 ORVA_API float str_to_float(std::string_view text);
-ORVA_API float str_to_float(std::string_view text, const std::locale& place);
+ORVA_API float str_to_float(std::string_view text, const std::locale& locale);
 ORVA_API double str_to_double(std::string_view text);
-ORVA_API double str_to_double(std::string_view text, const std::locale& place);
+ORVA_API double str_to_double(std::string_view text, const std::locale& locale);
 ORVA_API long double str_to_long_double(std::string_view text);
-ORVA_API long double str_to_long_double(std::string_view text, const std::locale& place);
+ORVA_API long double str_to_long_double(std::string_view text, const std::locale& locale);
 
 }  // namespace ORVA_NAMESPACE::generic::convert

@@ -139,6 +139,9 @@ void for_each_text(std::string_view alphabet, std::size_t length, Visit visit) {
 }
 
 TEST(str_to_x, documentation_example) {
+  EXPECT_EQ(convert::str_to_uint8("300", 3, radix::decimal, false), 255);
+  EXPECT_THROW(convert::str_to_uint8("300", 3, radix::decimal, true), exceptions::overflow_error);
+  EXPECT_EQ(convert::str_to_double("2.5e-1 litres"), 0.25);
   const auto read = [](std::string_view text, radix::base base) {
     return convert::str_to_int32(text.data(), text.size(), base, false);
   };
@@ -149,6 +152,7 @@ TEST(str_to_x, documentation_example) {
   EXPECT_EQ(read("0b101", radix::prefix), 5);
   EXPECT_EQ(read("010", radix::prefix), 8);
   EXPECT_EQ(read("\\x1F", radix::prefix), 31);
+  EXPECT_EQ(read("\x1F", radix::prefix), 0) << "a control character, and no digit";
   EXPECT_EQ(read("0x1F", radix::hexadecimal), 0);
   EXPECT_EQ(read("2147483648", radix::decimal), 2147483647);
 }
@@ -257,6 +261,65 @@ TEST(str_to_x, no_text_at_all_is_0) {
   EXPECT_EQ(convert::str_to_uint8(nothing.data(), nothing.size(), radix::prefix, true), 0);
   const strings::ustring16::view nothing_wide;
   EXPECT_EQ(convert::str_to_int64(nothing_wide.data(), nothing_wide.size(), radix::decimal, true), 0);
+}
+
+template <typename Unit>
+void expect_null_reads_as_0(std::size_t length) {
+  const Unit* const null = nullptr;
+  for (const unsigned int base : {0u, 1u, 2u, 8u, 10u, 16u, 36u, 37u}) {
+    for (const bool throw_on_range : {false, true}) {
+      EXPECT_EQ(convert::str_to_int8(null, length, radix_of(base), throw_on_range), 0) << base;
+      EXPECT_EQ(convert::str_to_int32(null, length, radix_of(base), throw_on_range), 0) << base;
+      EXPECT_EQ(convert::str_to_int64(null, length, radix_of(base), throw_on_range), 0) << base;
+      EXPECT_EQ(convert::str_to_uint16(null, length, radix_of(base), throw_on_range), 0) << base;
+      EXPECT_EQ(convert::str_to_uint64(null, length, radix_of(base), throw_on_range), 0u) << base;
+    }
+  }
+}
+
+TEST(str_to_x, null_text_with_a_length_is_0) {
+  for (const std::size_t length : {std::size_t{0}, std::size_t{1}, std::size_t{5}, std::string::npos}) {
+    expect_null_reads_as_0<char>(length);
+    expect_null_reads_as_0<code_unit16>(length);
+    expect_null_reads_as_0<code_unit32>(length);
+  }
+}
+
+template <typename Unit>
+void expect_terminated_text_is_read_whole(std::size_t length) {
+  const struct {
+    std::string_view text;
+    unsigned int base;
+    long long value;
+  } rows[] = {
+      {"7", 10, 7},
+      {"-1234567890123", 10, -1234567890123},
+      {" \t+42 and more", 10, 42},
+      {"0x7F", 0, 127},
+      {"101", 2, 5},
+      {"zZ", 36, 1295},
+      {"99999999999999999999", 10, std::numeric_limits<long long>::max()},
+      {"", 10, 0},
+      {"-", 10, 0},
+  };
+  for (const auto& row : rows) {
+    const auto text = widen<Unit>(row.text);
+    EXPECT_EQ(convert::str_to_int64(text.c_str(), length, radix_of(row.base), false), row.value) << row.text;
+    if (row.value >= 0 && row.text.size() < 20) {
+      EXPECT_EQ(convert::str_to_uint64(text.c_str(), length, radix_of(row.base), true),
+                static_cast<unsigned long long>(row.value))
+          << row.text;
+    }
+  }
+}
+
+TEST(str_to_x, length_beyond_the_address_space_ends_with_the_digits) {
+  constexpr std::size_t npos = std::string::npos;
+  for (const std::size_t length : {npos, npos / 2, npos / 4 + 1}) {
+    expect_terminated_text_is_read_whole<char>(length);
+    expect_terminated_text_is_read_whole<code_unit16>(length);
+    expect_terminated_text_is_read_whole<code_unit32>(length);
+  }
 }
 
 TEST(str_to_x, every_text_of_one_unit_with_length_0) {
