@@ -1,6 +1,8 @@
 /// Signed arithmetic that wraps at the width of its type, on every platform and at compile time.
 ///
-/// Installed because values that compute in constant expressions need it; it promises nothing to callers.
+///     wrapping_add<int32>(2147483647, 1)    =>  -2147483648
+///
+/// Installed because values that compute in constant expressions need it; not part of the interface.
 #pragma once
 
 #include <concepts>

@@ -1,18 +1,21 @@
-/// `absolute_unit`: a physical length, whatever unit it is told in.
+/// `absolute_unit`: a physical length, independent of the unit that it is shown in.
 ///
-/// The length is kept as a `double` in md, a hundred-thousandth of an inch. `absolute_unit` is what lengths
-/// of all units have in common, and `basic_absolute_impl<N>` is a length that speaks unit N. Plain values,
-/// usable in constant expressions; any thread may read one that nobody changes. `generic/convert/units.hpp`
-/// makes lengths of numbers, and pixels of lengths.
+///     int32 rounded(const absolute_unit& length) { return length.as_int32(); }      in the length's own unit
+///     rounded(convert::to_md(2.54, absolute_unit::centimetre))                  =>  100000
 ///
-/// All of it is compiled into the caller, by the caller's rules: on 32-bit x86 a number now and then comes
-/// out one md off where the compiler computes in the x87's 80 bits. `-msse2 -mfpmath=sse` gives the results
-/// of all other machines.
+/// The length is stored as a `double` in md, a hundred-thousandth of an inch. `absolute_unit` is the common
+/// base of lengths in all units; `basic_absolute_impl<N>` is a length in unit N. `generic/convert/units.hpp`
+/// converts numbers to lengths, and lengths to pixels.
+///
+/// Lengths are plain values, usable in constant expressions. Threads may read one concurrently. Results do
+/// not depend on the compiler flags of the program that uses them, such as those for fused arithmetic.
+///
+/// Edge cases: docs/edges.md#lengths
 #pragma once
 
-#include <concepts>
-
+#include "orva/internal/double_arithmetic.hpp"
 #include "orva/internal/floating_truncation.hpp"
+#include "orva/internal/number_argument.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::types {
@@ -34,18 +37,18 @@ class absolute_unit {
 
   constexpr absolute_unit() = default;
   constexpr absolute_unit(const absolute_unit& other) = default;
-  /// Whole md, cut to 32 bits.
-  template <std::integral Integer>
+  /// Whole md, cut to 32 bits. An unscoped enumeration is an integer too.
+  template <internal::integer_like Integer>
   constexpr absolute_unit(Integer length) : value_(static_cast<int32>(length)) {}
-  /// Whole md, toward zero: 1.9 holds 1. Only `value` keeps fractions.
+  /// Whole md, toward zero: 1.9 is 1 md. Only `value` keeps fractions.
   constexpr absolute_unit(double length) : value_(internal::whole_part(length)) {}
 
-  /// Takes the length; each side keeps its unit.
+  /// Copies the length; each side keeps its unit.
   constexpr absolute_unit& operator=(const absolute_unit& other) = default;
 
   constexpr unit_types type() const { return do_type(); }
 
-  // Below, what 32 bits cannot hold gives the most negative number.
+  // The integer results are the most negative number where the length does not fit into 32 bits.
 
   /// In the unit of this length, rounded to a whole number.
   constexpr int32 as_int32() const { return do_as_int32(); }
@@ -55,20 +58,22 @@ class absolute_unit {
   constexpr int32 as_md() const { return internal::truncate_signed<int32>(value_); }
 
  protected:
-  // Not virtual: a length is a value, and nobody owns one by its base.
+  // Not virtual: a length is a value, and is not deleted through a pointer to its base.
   ~absolute_unit() = default;
 
-  /// The length in the unit that `type()` tells; 0.0 for a unit that is none of the eight.
+  /// The length in the unit of `type()`; 0.0 for a unit that is none of the eight.
   constexpr double value() const {
     const unit_types unit = do_type();
     if (unit == md) return value_;
-    return is_known(unit) ? value_ * per_inch(unit) / m_md_per_inch : 0.0;
+    if (!is_known(unit)) return 0.0;
+    return internal::divide(internal::multiply(value_, per_inch(unit)), m_md_per_inch);
   }
   /// The inverse, which keeps fractions of an md.
   constexpr void value(double length) {
     const unit_types unit = do_type();
-    value_ = length;
-    if (unit != md) value_ = is_known(unit) ? length * m_md_per_inch / per_inch(unit) : 0.0;
+    value_ = unit == md       ? length
+             : is_known(unit) ? internal::divide(internal::multiply(length, m_md_per_inch), per_inch(unit))
+                              : 0.0;
   }
 
   virtual constexpr unit_types do_type() const = 0;

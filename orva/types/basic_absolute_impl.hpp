@@ -1,21 +1,23 @@
-/// `basic_absolute_impl<N>`: a physical length that is told in the unit N of `absolute_unit::unit_types`.
-///
-/// A plain value, usable in constant expressions. Lengths of all units convert into each other: the length
-/// stays, and the unit of its words changes. Note that a plain number is md whatever the unit;
-/// `generic::convert::to_md` takes numbers in a unit.
+/// `basic_absolute_impl<N>`: a physical length that is shown in the unit N of `absolute_unit::unit_types`.
 ///
 ///     basic_absolute_impl<absolute_unit::inch> width(254000);      md, so 2.54 inches
 ///     width.as_int32()                 =>  3
 ///     width.as_double()                =>  2.54
 ///     width.as_md()                    =>  254000
 ///     basic_absolute_impl<absolute_unit::centimetre>(width).as_double()    =>  6.45
+///
+/// A plain value, usable in constant expressions. Lengths of all units convert to each other; only the unit
+/// of the results changes. A plain number is always md, in whatever unit the length is shown: use
+/// `generic::convert::to_md` for a number in a unit.
+///
+/// Edge cases: docs/edges.md#lengths
 #pragma once
 
 #include "orva/types/absolute_unit.hpp"
 
 namespace ORVA_NAMESPACE::types {
 
-/// N is `int`, so that a unit may be told by its number too.
+/// N is an `int`, so that a unit can be given by its number too.
 template <int N>
 class basic_absolute_impl : public absolute_unit {
  public:
@@ -30,10 +32,12 @@ class basic_absolute_impl : public absolute_unit {
   constexpr unit_types do_type() const override { return static_cast<unit_types>(N); }
   /// Halves upward: 2.5 is 3, -2.5 is -2.
   constexpr int32 do_as_int32() const override {
-    return internal::truncate_signed<int32>(internal::floor(value() + 0.5));
+    return internal::truncate_signed<int32>(internal::floor(internal::add(value(), 0.5)));
   }
   /// Halves upward.
-  constexpr double do_as_double() const override { return internal::floor(value() * 100 + 0.5) / 100; }
+  constexpr double do_as_double() const override {
+    return internal::divide(internal::floor(internal::add(internal::multiply(value(), 100), 0.5)), 100);
+  }
 };
 
 }  // namespace ORVA_NAMESPACE::types

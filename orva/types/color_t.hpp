@@ -1,17 +1,18 @@
 /// `color_t`: a colour of four bytes.
 ///
-/// In memory red, green, blue, alpha, and as a number red is the lowest byte, on every platform. A plain
-/// value of 32 bits, usable in constant expressions; any thread may read one that nobody changes.
-///
 ///     color_t(1, 2, 3).as_int32()              =>  0xFF030201      alpha is 255
 ///     color_t(1, 2, 3).as_rgb()                =>  0x030201
 ///     color_t().alpha()                        =>  0
 ///     color_t::rgb(0x33, 0x22, 0x11).alpha()   =>  255
-///     color_t::rgb(0x112233).alpha()           =>  0               a packed number holds all four bytes
+///     color_t::rgb(0x112233).alpha()           =>  0               a packed number contains all four bytes
+///
+/// In memory the bytes are red, green, blue, alpha; as a number, red is the lowest byte, on every platform.
+/// A plain value of 32 bits, usable in constant expressions. Threads may read one concurrently.
+///
+/// Edge cases: docs/edges.md#lengths
 #pragma once
 
-#include <concepts>
-
+#include "orva/internal/number_argument.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::types {
@@ -21,28 +22,25 @@ class alignas(int32) color_t {
   /// Transparent black: all bytes are 0.
   constexpr color_t() = default;
   constexpr color_t(const color_t& other) = default;
-  /// The packed bytes, as `as_int32` gives them; of a wider number the low 32 bits.
-  template <std::integral Integer>
-  constexpr color_t(Integer packed)
-      : red_(static_cast<unsigned char>(packed)),
-        green_(static_cast<unsigned char>(packed >> 8)),
-        blue_(static_cast<unsigned char>(packed >> 16)),
-        alpha_(static_cast<unsigned char>(packed >> 24)) {}
+  /// The packed bytes, as `as_int32` returns them. An integer or unscoped enumeration is cut to 32 bits, and
+  /// a floating value loses its fraction.
+  template <internal::number_like Number>
+  constexpr color_t(Number packed) : color_t(packed_bits{static_cast<uint32>(internal::to_int32(packed))}) {}
   constexpr color_t(unsigned char red, unsigned char green, unsigned char blue, unsigned char alpha = 255)
       : red_(red), green_(green), blue_(blue), alpha_(alpha) {}
 
-  static constexpr color_t rgba(std::integral auto packed) { return packed; }
+  // A packed number is converted as by the constructor.
+
+  static constexpr color_t rgba(internal::number_like auto packed) { return packed; }
   static constexpr color_t rgba(unsigned char red, unsigned char green, unsigned char blue,
                                 unsigned char alpha) {
     return {red, green, blue, alpha};
   }
-  /// All 32 bits, alpha among them, as `rgba` takes them: stored colours keep the alpha that they came with.
-  static constexpr color_t rgb(std::integral auto packed) { return packed; }
+  /// Keeps the alpha of the packed number, as `rgba` does; only `rgb` of three bytes sets it to 255.
+  static constexpr color_t rgb(internal::number_like auto packed) { return packed; }
   static constexpr color_t rgb(unsigned char red, unsigned char green, unsigned char blue) {
     return {red, green, blue};
   }
-
-  // Packed numbers are assigned as they are constructed from.
 
   constexpr color_t& assign(const color_t& other) { return *this = other; }
   constexpr color_t& operator=(const color_t& other) = default;
@@ -51,7 +49,7 @@ class alignas(int32) color_t {
   constexpr bool equal(const color_t& other) const { return as_int32() == other.as_int32(); }
   constexpr bool operator==(const color_t& other) const { return equal(other); }
 
-  // Each setter returns the value that it was given.
+  // Each setter returns the new value.
 
   constexpr unsigned char red() const { return red_; }
   constexpr unsigned char red(unsigned char value) { return red_ = value; }
@@ -71,6 +69,15 @@ class alignas(int32) color_t {
   constexpr int32 as_rgb() const { return as_int32() & 0xFFFFFF; }
 
  private:
+  struct packed_bits {
+    uint32 value;
+  };
+  constexpr explicit color_t(packed_bits packed)
+      : red_(static_cast<unsigned char>(packed.value)),
+        green_(static_cast<unsigned char>(packed.value >> 8)),
+        blue_(static_cast<unsigned char>(packed.value >> 16)),
+        alpha_(static_cast<unsigned char>(packed.value >> 24)) {}
+
   unsigned char red_ = 0;
   unsigned char green_ = 0;
   unsigned char blue_ = 0;

@@ -1,18 +1,19 @@
 /// `device_unit`: a whole number of pixels of some device.
 ///
-/// A plain value of 32 bits, made from any number without a cast and usable in constant expressions; any
-/// thread may read one that nobody changes. `generic/convert/units.hpp` makes physical lengths of pixels, and
-/// back.
-///
-///     device_unit(1.9).as_int32()                =>  1       toward zero
+///     device_unit width = 640;
+///     device_unit(1.9).as_int32()                =>  1              toward zero
 ///     device_unit(-1.9).as_int32()               =>  -1
-///     device_unit(0x100000005LL).as_int32()      =>  5       integers are cut to 32 bits
-///     device_unit(1e10).as_int32()               =>  -2147483648, as for every floating value that does not fit
+///     device_unit(0x100000005LL).as_int32()      =>  5              integers are cut to 32 bits
+///     device_unit(1e10).as_int32()               =>  -2147483648    as for every floating value out of range
+///
+/// A plain value of 32 bits. It is made from any number or unscoped enumeration without a cast, and can be
+/// used in constant expressions. Threads may read one concurrently. `generic/convert/units.hpp` converts
+/// between pixels and physical lengths.
+///
+/// Edge cases: docs/edges.md#lengths
 #pragma once
 
-#include <concepts>
-
-#include "orva/internal/floating_truncation.hpp"
+#include "orva/internal/number_argument.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::types {
@@ -23,12 +24,10 @@ class device_unit {
 
   constexpr device_unit() = default;
   constexpr device_unit(const device_unit& other) = default;
-  template <std::integral Integer>
-  constexpr device_unit(const Integer& pixels) : value_(static_cast<int32>(pixels)) {}
-  template <std::floating_point Floating>
-  constexpr device_unit(const Floating& pixels) : value_(internal::truncate_signed<int32>(pixels)) {}
+  template <internal::number_like Number>
+  constexpr device_unit(const Number& pixels) : value_(internal::to_int32(pixels)) {}
 
-  // Numbers are assigned as they are constructed from: `width = 640`.
+  // A number is converted as by the constructor: `width = 640`.
 
   constexpr device_unit& assign(const device_unit& other) { return *this = other; }
   constexpr device_unit& operator=(const device_unit& other) = default;

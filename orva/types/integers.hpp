@@ -1,8 +1,10 @@
 /// The 32-bit integers of the library's interfaces.
 ///
-/// The library was designed where `long` has 32 bits, and its results, ids and failure values keep that width
-/// everywhere: a program that stores 0xFFFFFFFF as "not found" must find the same value on every platform.
-/// Where `long` has 32 bits these are `long` itself, so that existing declarations go on matching.
+///     types::uint32 position = buffer.position();      0xFFFFFFFF means "past the end" on every platform
+///
+/// The library was designed for platforms where `long` has 32 bits. Its results, ids and failure values have
+/// that width everywhere, so that stored values mean the same on every platform. Where `long` has 32 bits,
+/// these types are `long` itself, so that functions declared with `long` keep matching.
 #pragma once
 
 #include <climits>

@@ -16,7 +16,7 @@ using ORVA_NAMESPACE::types::int32;
 constexpr int32 lowest = std::numeric_limits<int32>::min();
 constexpr double infinity = std::numeric_limits<double>::infinity();
 
-/// A length of unit N with its protected door open.
+/// A length of unit N with its protected members made public.
 template <int N>
 struct open_length : basic_absolute_impl<N> {
   using basic_absolute_impl<N>::basic_absolute_impl;
@@ -97,6 +97,15 @@ TEST(absolute_unit, number_is_md_whatever_the_unit) {
   EXPECT_EQ(basic_absolute_impl<5>(100000L).as_int32(), 1);
   EXPECT_EQ(basic_absolute_impl<5>(100000.0).as_int32(), 1);
   EXPECT_EQ(basic_absolute_impl<4>(0x100000005LL).as_md(), 5);
+}
+
+enum margins { narrow = 1000, outside = -1 };
+enum wide_margins : long long { beyond_32_bits = 0x100000005 };
+
+TEST(absolute_unit, unscoped_enumeration_converts_as_to_int) {
+  EXPECT_EQ(basic_absolute_impl<5>(narrow).as_md(), 1000);
+  EXPECT_EQ(basic_absolute_impl<5>(outside).as_md(), -1);
+  EXPECT_EQ(basic_absolute_impl<5>(beyond_32_bits).as_md(), 5);
 }
 
 TEST(absolute_unit, floating_number_is_truncated_to_whole_md) {

@@ -67,6 +67,34 @@ TEST(color, packed_number_may_have_any_integer_type) {
   EXPECT_EQ(color_t(static_cast<signed char>(-2)).as_int32(), -2);
 }
 
+enum named_color { orange = 0x00A5FF, white = 0xFFFFFFFF };
+enum class scoped_color { value };
+
+TEST(color, unscoped_enumeration_is_a_packed_number) {
+  EXPECT_EQ(color_t(orange).as_int32(), 0x00A5FF);
+  EXPECT_EQ(color_t(white).as_int32(), -1);
+  EXPECT_EQ(color_t::rgb(orange).green(), 0xA5);
+  EXPECT_EQ(color_t::rgba(orange).alpha(), 0);
+  color_t color;
+  color = orange;
+  EXPECT_TRUE(color.equal(orange));
+  EXPECT_EQ(color.assign(white).alpha(), 255);
+  static_assert(!std::is_constructible_v<color_t, scoped_color>);
+}
+
+TEST(color, floating_value_converts_as_to_32_bits) {
+  constexpr int32 lowest = std::numeric_limits<int32>::min();
+  EXPECT_EQ(color_t(258.9).as_int32(), 258);
+  EXPECT_EQ(color_t(-1.5F).as_int32(), -1);
+  EXPECT_EQ(color_t(1e10).as_int32(), lowest);
+  EXPECT_EQ(color_t::rgb(258.9).green(), 1);
+  EXPECT_EQ(color_t::rgba(258.9L).red(), 2);
+  color_t color;
+  color = 258.9;
+  EXPECT_EQ(color.as_int32(), 258);
+  EXPECT_EQ(color.assign(std::numeric_limits<double>::quiet_NaN()).as_int32(), lowest);
+}
+
 TEST(color, rgb_of_a_packed_number_keeps_alpha_where_rgb_of_bytes_sets_it) {
   EXPECT_EQ(color_t::rgb(0x00112233).alpha(), 0);
   EXPECT_EQ(color_t::rgb(0x7F112233).alpha(), 0x7F);

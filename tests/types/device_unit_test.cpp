@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+#include <type_traits>
 
 namespace {
 
@@ -31,6 +32,23 @@ TEST(device_unit, is_made_from_every_type_of_integer) {
   EXPECT_EQ(device_unit(7UL).as_int32(), 7);
   EXPECT_EQ(device_unit(-7LL).as_int32(), -7);
   EXPECT_EQ(device_unit(7ULL).as_int32(), 7);
+}
+
+enum pixels_of_a_tile { tile_width = 32, no_tile = -1 };
+enum wide_flags : long long { beyond_32_bits = 0x100000005 };
+enum byte_flags : unsigned char { top_bit = 0x80 };
+enum class scoped { value };
+
+TEST(device_unit, unscoped_enumeration_converts_as_to_int) {
+  EXPECT_EQ(device_unit(tile_width).as_int32(), 32);
+  EXPECT_EQ(device_unit(no_tile).as_int32(), -1);
+  EXPECT_EQ(device_unit(beyond_32_bits).as_int32(), 5);
+  EXPECT_EQ(device_unit(top_bit).as_int32(), 128);
+  device_unit pixels;
+  pixels = tile_width;
+  EXPECT_TRUE(pixels.equal(tile_width));
+  EXPECT_EQ(pixels.assign(no_tile).as_int32(), -1);
+  static_assert(!std::is_constructible_v<device_unit, scoped>);
 }
 
 TEST(device_unit, wider_integers_are_cut_to_32_bits) {

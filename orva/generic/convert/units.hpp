@@ -1,17 +1,21 @@
-/// Physical lengths and device pixels: numbers into lengths, lengths into pixels, and back.
-///
-/// Everything is computed by value in the call, usable in constant expressions, and open to any thread. A
-/// resolution is told in pixels per inch; one of 0 gives 0.
+/// Conversions between numbers, physical lengths and device pixels.
 ///
 ///     to_md(2.54, absolute_unit::centimetre)                =>  100000 md
 ///     to_device_unit(1, absolute_unit::inch, 300)           =>  300 pixels
 ///     to_device_unit(25.4, absolute_unit::millimetre, 96)   =>  96 pixels
 ///     to_md(150.0, device_unit::pixel, 300)                 =>  50000 md
 ///     to_md(device_unit(150), 300)                          =>  0 md      whole inches only
+///
+/// Resolutions are in pixels per inch. All functions are pure, usable in constant expressions, and callable
+/// from any thread.
+///
+/// Edge cases: docs/edges.md#lengths
 #pragma once
 
-#include <concepts>
+#include <limits>
 
+#include "orva/internal/double_arithmetic.hpp"
+#include "orva/internal/number_argument.hpp"
 #include "orva/internal/wrapping.hpp"
 #include "orva/types/absolute_unit.hpp"
 #include "orva/types/basic_absolute_impl.hpp"
@@ -24,10 +28,10 @@ using length_in_md = types::basic_absolute_impl<types::absolute_unit::md>;
 
 namespace _private {
 
-/// A number in a unit that is known at run time only.
-class told_length : public length_in_md {
+/// A length from a number in a unit that is known at run time only.
+class length_in_any_unit : public length_in_md {
  public:
-  constexpr told_length(double length, unit_types unit) : unit_(unit) { value(length); }
+  constexpr length_in_any_unit(double length, unit_types unit) : unit_(unit) { value(length); }
 
  private:
   constexpr unit_types do_type() const override { return unit_ >= md && unit_ <= pixel_96 ? unit_ : md; }
@@ -35,41 +39,50 @@ class told_length : public length_in_md {
   unit_types unit_;
 };
 
-/// Toward zero, and defined where the language is not.
+/// Toward zero. Also defined for a resolution of 0, which gives 0, and for an overflow, which wraps.
 constexpr types::int32 whole_inches(types::int32 pixels, types::int32 dpi) {
   if (dpi == 0) return 0;
   if (dpi == -1) return internal::wrapping_subtract<types::int32>(0, pixels);
   return pixels / dpi;
 }
 
+/// A quotient of floating values, also for a resolution of 0: infinity, or NaN where there are 0 pixels. A
+/// constant expression cannot divide by 0.
+constexpr double inches(double pixels, types::int32 dpi) {
+  using limits = std::numeric_limits<double>;
+  if (dpi != 0) return internal::divide(pixels, dpi);
+  return pixels > 0 ? limits::infinity() : pixels < 0 ? -limits::infinity() : limits::quiet_NaN();
+}
+
 }  // namespace _private
 
-/// The same length, told in md. Fractions stay.
+/// The same length, shown in md. Fractions stay.
 constexpr length_in_md to_md(const types::absolute_unit& length) { return length; }
 
 /// A number in a unit. Fractions stay. A unit that is none of the eight is md.
 constexpr length_in_md to_md(double length, types::absolute_unit::unit_types unit) {
-  return _private::told_length(length, unit);
+  return _private::length_in_any_unit(length, unit);
 }
-template <std::integral Integer>
+template <internal::integer_like Integer>
 constexpr length_in_md to_md(Integer length, types::absolute_unit::unit_types unit) {
   return to_md(static_cast<double>(length), unit);
 }
 
-// Pixels into a length. Whole pixels give whole inches, as layouts count with them: the inches are
-// truncated toward zero first, and the product wraps at 32 bits. A floating number of pixels loses nothing.
+// Pixels to a length. An integer number of pixels gives whole inches: the inches are truncated toward zero
+// first, and the product wraps at 32 bits; a resolution of 0 gives 0. A floating number of pixels loses
+// nothing; a resolution of 0 gives an infinite length, whose `as_md` is the most negative number.
 
 constexpr length_in_md to_md(const types::device_unit& pixels, types::int32 dpi) {
   return internal::wrapping_multiply<types::int32>(_private::whole_inches(pixels.as_int32(), dpi),
                                                    types::absolute_unit::m_md_per_inch);
 }
-template <std::integral Integer>
+template <internal::integer_like Integer>
 constexpr length_in_md to_md(Integer pixels, types::device_unit::unit_types, types::int32 dpi) {
   return to_md(types::device_unit(pixels), dpi);
 }
 constexpr length_in_md to_md(double pixels, types::device_unit::unit_types, types::int32 dpi) {
-  if (dpi == 0) return {};
-  return to_md(pixels / dpi * 100000.0, types::absolute_unit::md);
+  return to_md(internal::multiply(_private::inches(pixels, dpi), types::absolute_unit::m_md_per_inch),
+               types::absolute_unit::md);
 }
 
 /// A copy, or a number of pixels, truncated toward zero.
@@ -78,17 +91,17 @@ constexpr types::device_unit to_device_unit(const types::device_unit& pixels,
   return pixels;
 }
 
-/// A length into pixels: whole md times `dpi`, which wraps at 32 bits, divided by the md of an inch toward
-/// zero. At 300 pixels per inch that is right up to 71 inches.
+/// A length to pixels: whole md times `dpi`, a product that wraps at 32 bits, divided by the md of an inch
+/// toward zero. At 300 pixels per inch this is correct up to 71 inches.
 constexpr types::device_unit to_device_unit(const types::absolute_unit& length, types::int32 dpi) {
   return internal::wrapping_multiply<types::int32>(length.as_md(), dpi) / types::absolute_unit::m_md_per_inch;
 }
-/// A number in a unit, as `to_md` takes it, into pixels.
+/// A number in a unit, as for `to_md`, to pixels.
 constexpr types::device_unit to_device_unit(double length, types::absolute_unit::unit_types unit,
                                             types::int32 dpi) {
   return to_device_unit(to_md(length, unit), dpi);
 }
-template <std::integral Integer>
+template <internal::integer_like Integer>
 constexpr types::device_unit to_device_unit(Integer length, types::absolute_unit::unit_types unit,
                                             types::int32 dpi) {
   return to_device_unit(to_md(length, unit), dpi);

@@ -7,13 +7,13 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
 #include "orva/strings/ustring.hpp"
 #include "tests/support/hex.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/returned_bits.hpp"
 
 namespace {
@@ -33,8 +33,8 @@ constexpr bool little_endian_host = std::endian::native == std::endian::little;
 std::string reference_bytes(std::uint64_t bits, std::size_t width, bool most_significant_first) {
   std::string bytes;
   for (std::size_t i = 0; i < width; ++i) {
-    const std::size_t place = most_significant_first ? width - 1 - i : i;
-    bytes += static_cast<char>(bits >> (8 * place));
+    const std::size_t significance = most_significant_first ? width - 1 - i : i;
+    bytes += static_cast<char>(bits >> (8 * significance));
   }
   return bytes;
 }
@@ -91,7 +91,7 @@ void expect_written_and_read(const operations<Number>& row, std::uint64_t patter
   const std::string bytes = row.write(value);
   ASSERT_EQ(to_hex(bytes), to_hex(reference_bytes(pattern, sizeof(Number), row.most_significant_first)));
   ASSERT_TRUE(is_read_as(row.read(bytes.data()), pattern)) << to_hex(bytes);
-  ASSERT_TRUE(is_read_as(row.read(bytes + "12345678"), pattern)) << to_hex(bytes) << ", more behind";
+  ASSERT_TRUE(is_read_as(row.read(bytes + "12345678"), pattern)) << to_hex(bytes) << ", more after it";
   if (row.required <= bytes.size()) {
     ASSERT_TRUE(is_read_as(row.read(bytes), pattern)) << to_hex(bytes);
   }
@@ -118,7 +118,7 @@ TEST(byte_order, zero_bytes_are_data) {
   EXPECT_EQ(big_endian::double_to_bin_str(0.0), std::string(8, '\0'));
 }
 
-TEST(byte_order, results_have_the_told_types) {
+TEST(byte_order, results_have_the_types_of_their_names) {
   const std::string none;
   static_assert(std::is_same_v<decltype(convert::bin_str_to_int16(none)), short>);
   static_assert(std::is_same_v<decltype(convert::bin_str_to_int32(none)), int32>);
@@ -167,6 +167,20 @@ TEST(byte_order, readers_take_every_kind_of_byte_string) {
   EXPECT_EQ(big_endian::bin_str_to_int16(ORVA_NAMESPACE::strings::ustring8("a")), 0);
 }
 
+TEST(byte_order, pointer_is_read_by_the_width_of_the_number) {
+  const std::string bytes = from_hex("01 00 02 00 03 00 04 00 FF");
+  EXPECT_EQ(big_endian::bin_str_to_uint16(bytes.data()), 0x0100u);
+  EXPECT_EQ(big_endian::bin_str_to_uint32(bytes.data()), 0x01000200u);
+  EXPECT_EQ(big_endian::bin_str_to_uint64(bytes.data()), 0x0100020003000400u);
+}
+
+TEST(byte_order, names_are_functions) {
+  const auto write = &big_endian::uint16_to_bin_str;
+  const auto read = &little_endian::bin_str_to_uint16;
+  static_assert(std::is_function_v<std::remove_pointer_t<decltype(write)>>);
+  EXPECT_EQ(read(write(0x1234)), 0x3412u);
+}
+
 TEST(byte_order, pointer_needs_no_alignment) {
   std::string bytes = "x";
   bytes += big_endian::uint64_to_bin_str(0x0102030405060708);
@@ -195,9 +209,7 @@ TEST(byte_order, every_bit_of_every_type_is_written_and_read) {
 }
 
 TEST(byte_order, random_patterns_are_written_and_read) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for_each_operation([&]<typename Number>(const operations<Number>& row) {
     for (int run = 0; run < 5000; ++run) {
       const std::uint64_t bits = random() >> (64 - 8 * sizeof(Number));

@@ -2,10 +2,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstdint>
 #include <limits>
-#include <random>
-#include <string>
+
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -17,6 +18,8 @@ using namespace ORVA_NAMESPACE::generic::convert;
 
 constexpr int32 lowest = std::numeric_limits<int32>::min();
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+enum flag { seven = 7, all_bits = -1 };
 
 /// The length with the fraction that `as_md` cuts off.
 double exact_md(const absolute_unit& length) {
@@ -61,7 +64,7 @@ TEST(to_md, unit_that_is_none_of_the_eight_is_md) {
   }
 }
 
-TEST(to_md, result_speaks_md) {
+TEST(to_md, result_is_shown_in_md) {
   EXPECT_EQ(to_md(1.5, absolute_unit::inch).type(), absolute_unit::md);
   EXPECT_EQ(to_md(basic_absolute_impl<5>(7)).type(), absolute_unit::md);
   EXPECT_EQ(to_md(device_unit(1), 1).type(), absolute_unit::md);
@@ -95,11 +98,30 @@ TEST(to_md, whole_inches_wrap_at_32_bits) {
   EXPECT_EQ(to_md(device_unit(5), -1).as_md(), -500000);
 }
 
-TEST(to_md, resolution_of_0_gives_0) {
+TEST(to_md, whole_pixels_over_a_resolution_of_0_are_0) {
   EXPECT_EQ(to_md(device_unit(150), 0).as_md(), 0);
   EXPECT_EQ(to_md(150, device_unit::pixel, 0).as_md(), 0);
-  EXPECT_EQ(to_md(150.0, device_unit::pixel, 0).as_md(), 0);
   EXPECT_EQ(to_md(lowest, device_unit::pixel, 0).as_md(), 0);
+}
+
+TEST(to_md, double_of_pixels_over_a_resolution_of_0_is_infinite) {
+  EXPECT_EQ(exact_md(to_md(150.0, device_unit::pixel, 0)), infinity);
+  EXPECT_EQ(exact_md(to_md(-0.5, device_unit::pixel, 0)), -infinity);
+  EXPECT_TRUE(std::isnan(exact_md(to_md(0.0, device_unit::pixel, 0))));
+  EXPECT_TRUE(std::isnan(exact_md(to_md(std::nan(""), device_unit::pixel, 0))));
+  for (const double pixels : {150.0, -0.5, 0.0}) {
+    EXPECT_EQ(to_md(pixels, device_unit::pixel, 0).as_md(), lowest) << pixels;
+  }
+  static_assert(to_md(150.0, device_unit::pixel, 0).as_md() == lowest);
+}
+
+TEST(units, unscoped_enumeration_converts_as_to_int) {
+  EXPECT_EQ(to_md(seven, absolute_unit::inch).as_md(), 700000);
+  EXPECT_EQ(to_md(seven, device_unit::pixel, 2).as_md(), 300000) << "whole inches, as for an integer";
+  EXPECT_EQ(to_md(all_bits, 1).as_md(), -100000);
+  EXPECT_EQ(to_device_unit(seven, absolute_unit::inch, 300), 2100);
+  EXPECT_EQ(to_device_unit(seven, device_unit::pixel), 7);
+  EXPECT_EQ(to_dpx(seven, absolute_unit::inch, 300), 2100);
 }
 
 TEST(to_device_unit, length_in_each_unit_at_its_own_resolution) {
@@ -155,9 +177,7 @@ TEST(to_dpx, does_what_to_device_unit_does) {
 }
 
 TEST(units, any_numbers_give_what_wider_arithmetic_cut_to_32_bits_gives) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   const auto any = [&] { return static_cast<std::int32_t>(random() >> random() % 33); };
   for (int i = 0; i < 200'000; ++i) {
     const std::int64_t number = any();
