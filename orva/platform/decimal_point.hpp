@@ -1,7 +1,6 @@
 /// The decimal point of the process's current C locale, as `printf` writes it.
 ///
-/// Internal: not installed. A port owes an answer that any thread may ask for while no thread changes the
-/// locale.
+/// Internal: not installed. Any thread may ask while no thread changes the locale.
 #pragma once
 
 #include <string_view>

@@ -1,8 +1,8 @@
 /// `directory_listing`: what one directory search reports.
 ///
-/// Internal: not installed. A port owes the entries in the order that its users are told: "." first, then
-/// "..", then the names sorted by their native units (on Windows as the system gives them); only names that
-/// `to_native` gives for some 16-bit path; and that no search is open when the constructor returns or throws.
+/// Internal: not installed. A port provides the entries in this order: ".", "..", then the names sorted by
+/// their native units (on Windows as the system reports them). It leaves out names that `to_native` makes of
+/// no 16-bit path. No search is open when the constructor returns or throws.
 #pragma once
 
 #include <cstddef>

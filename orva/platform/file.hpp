@@ -1,9 +1,11 @@
-/// File streams by native path: a file that is read at any place, and a file that is written whole.
+/// File streams by native path: a file that is read at any position, and a file that is written whole.
 ///
-/// Internal: not installed. A port owes: binary files, open to other readers and writers meanwhile and closed
-/// in programs that the process starts; no call that waits for the other end of a pipe; calls that a signal
-/// interrupts made again. A path that holds a zero unit names no file. A symbolic link at the last component
-/// is not opened. An object belongs to one thread at a time.
+/// Internal: not installed. An object belongs to one thread at a time. A port provides:
+///
+///     sharing       binary files, open to other readers and writers, closed in programs that the process starts
+///     waiting       an open never waits for the other end of a pipe; it does wait for a lease to be given up
+///     interrupts    a call that a signal interrupts is repeated
+///     paths         one with a zero unit names no file; a symbolic link as the last component is not opened
 #pragma once
 
 #include <cstddef>
@@ -30,7 +32,7 @@ class input_file {
   std::int64_t size() const { return size_; }
 
   /// Reads `count` bytes from `offset` on. Fewer are returned only where the file ends or the system refuses
-  /// to go on, and nothing behind the bytes returned is written to.
+  /// to go on, and the bytes after those returned stay untouched.
   ///
   /// REQUIRES: is_open().
   std::size_t read(std::int64_t offset, char* to, std::size_t count);

@@ -1,8 +1,7 @@
 /// Status of a path, make, rename and remove: one system call each.
 ///
-/// Internal: not installed. A port owes what is told beside each, and that a path which holds a zero unit
-/// names nothing: cut short at that unit, it would name something else. Functions may be called by any
-/// thread.
+/// Internal: not installed. Any thread may call these. A path that holds a zero unit names nothing: cut short
+/// at that unit, it would name something else.
 #pragma once
 
 #include "orva/platform/native_path.hpp"
@@ -15,7 +14,7 @@ struct file_status {
   bool is_directory = false;
   /// A regular file: no directory, pipe, socket or device.
   bool is_file = false;
-  /// The owner's read permission, whoever asks.
+  /// The read permission of the file's owner, not of the process.
   bool owner_may_read = false;
 };
 

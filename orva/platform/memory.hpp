@@ -1,6 +1,6 @@
 /// Advice to the system about memory.
 ///
-/// Internal: not installed. A port owes nothing: doing nothing is right, and slower.
+/// Internal: not installed. A port may ignore it: that costs time and nothing else.
 #pragma once
 
 #include <cstddef>
@@ -9,8 +9,8 @@
 
 namespace ORVA_NAMESPACE::platform {
 
-/// Says that all of this memory is about to be written for the first time, so that the system can hand it out
-/// in large pages. For a file of many megabytes, page faults are what most of the time goes into.
+/// Announces that all of this memory is about to be written for the first time, so that the system can
+/// provide large pages. Most of the time of reading a file of many megabytes is spent in page faults.
 void expect_filling(char* begin, std::size_t size) noexcept;
 
 }  // namespace ORVA_NAMESPACE::platform

@@ -222,7 +222,7 @@ TEST(failing_load_file, size_limit_is_0x7FFFFFFF_and_raising_closes) {
   };
   std::string contents = "before";
   {
-    // The largest size goes on to ask for the memory.
+    // The largest size is accepted: memory is requested.
     const refuse_allocations refuse(1u << 30);
     EXPECT_THROW(std::ignore = sys::load_file(path, contents), std::bad_alloc);
   }
@@ -248,7 +248,7 @@ TEST(failing_store_file, short_and_interrupted_writes_are_put_together) {
   EXPECT_EQ(calls->open_files, 0);
 }
 
-TEST(failing_store_file, full_disk_is_not_told) {
+TEST(failing_store_file, full_disk_is_not_reported) {
   const temporary_directory directory;
   const scripted_calls calls;
   int room = 2;
@@ -377,7 +377,7 @@ TEST(directory_listing, no_search_is_left_open_when_memory_runs_out) {
   EXPECT_EQ(calls->open_searches, 0);
 }
 
-TEST(debug_output, goes_to_standard_error_as_it_stands) {
+TEST(debug_output, is_written_to_standard_error_unchanged) {
   const scripted_calls calls;
   std::string written;
   calls->write = [&](int file, const void* from, std::size_t count) {

@@ -1,5 +1,4 @@
-// The system tells a debugger of its debug output by an exception, which a handler in front of all others
-// sees too.
+// The system reports debug output to a debugger by an exception, which the first handler sees too.
 #include <windows.h>
 
 #include "tests/support/debug_output.hpp"

@@ -1,4 +1,4 @@
-/// What the system's file mode says in the words of `file_status`.
+/// A file mode of the system as a `file_status`.
 #pragma once
 
 #include <sys/stat.h>

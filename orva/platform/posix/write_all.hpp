@@ -1,4 +1,4 @@
-/// A write that goes on until everything is written or the system refuses.
+/// A write that continues until everything is written or the system refuses.
 #pragma once
 
 #include <cerrno>
@@ -8,7 +8,7 @@
 
 namespace ORVA_NAMESPACE::platform::posix {
 
-/// False if something of `text` was not taken. A call that a signal interrupted is made again.
+/// False if part of `text` was not written. A call that a signal interrupts is repeated.
 inline bool write_all(int file, std::string_view text) noexcept {
   while (!text.empty()) {
     const ssize_t written = calls::write(file, text.data(), text.size());

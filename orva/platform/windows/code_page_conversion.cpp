@@ -28,7 +28,7 @@ bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, s
   const auto units = up_to_zero(text);
   bytes.clear();
   if (units.empty()) return true;
-  if (units.size() >= uncountable) return false;
+  if (units.size() >= internal::code_pages::length_limit) return false;
   return convert_into(bytes, [&](char* to, int room) {
     return windows::calls::wide_char_to_multi_byte(static_cast<UINT>(page), units.data(),
                                                    static_cast<int>(units.size()), to, room);
@@ -39,7 +39,7 @@ bool from_code_page(int page, std::string_view bytes, std::basic_string<strings:
   const auto counted = up_to_zero(bytes);
   text.clear();
   if (counted.empty()) return true;
-  if (counted.size() >= uncountable) return false;
+  if (counted.size() >= internal::code_pages::length_limit) return false;
   return convert_into(text, [&](wchar_t* to, int room) {
     return windows::calls::multi_byte_to_wide_char(static_cast<UINT>(page), counted.data(),
                                                    static_cast<int>(counted.size()), to, room);

@@ -1,4 +1,4 @@
-/// What the runtime's file status says in the words of `file_status`.
+/// A status of the runtime as a `file_status`.
 #pragma once
 
 #include "orva/platform/file_operations.hpp"
