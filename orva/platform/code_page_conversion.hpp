@@ -20,8 +20,7 @@ inline constexpr int oem_code_page = 1;
 inline constexpr int utf8_code_page = internal::code_pages::utf8_number;
 
 /// Converts `text`. False for an unknown page, and for a text or a result that reaches
-/// `internal::code_pages::length_limit`; the result is
-/// then unspecified.
+/// `internal::code_pages::length_limit`; the result is then unspecified.
 bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes);
 bool from_code_page(int page, std::string_view bytes, std::basic_string<strings::code_unit16>& text);
 
