@@ -1,5 +1,5 @@
 cmake_minimum_required(VERSION 3.22)
-# A guide page must show its program as it is and the program's output as it is.
+# Checks that a guide page shows its program and the program's output, both unchanged.
 include(${CMAKE_CURRENT_LIST_DIR}/RunProgram.cmake)
 file(READ ${SOURCE} source)
 file(READ ${PAGE} page)

@@ -1,27 +1,27 @@
-# How the targets of this project are made. Each folder lists its own files by calling these.
+# The functions that make the targets of this project. Each folder lists its own files by calling them.
 
 set(ORVA_WARNINGS -Wall -Wextra -Wpedantic -Wconversion -Wshadow)
-# GCC 12 warns of its own std::string where a literal is joined to one: https://gcc.gnu.org/PR105651.
+# GCC 12 warns about its own std::string where a literal is appended to one: https://gcc.gnu.org/PR105651.
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   list(APPEND ORVA_WARNINGS -Wno-restrict)
 endif()
 
-# Options that every target of the project has, the library included.
+# The options of every target of the project, the library included.
 function(orva_compile_options target)
   target_compile_features(${target} PUBLIC cxx_std_20)
   set_target_properties(${target} PROPERTIES CXX_EXTENSIONS OFF)
   target_compile_options(${target} PRIVATE ${ORVA_WARNINGS}
-    # No path of the building machine in __FILE__, and so none in a message or in the library.
+    # Keeps paths of the build machine out of __FILE__, and so out of messages and of the library.
     "-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=")
   if(ORVA_WARNINGS_AS_ERRORS)
     target_compile_options(${target} PRIVATE -Werror)
   endif()
 endfunction()
 
-# orva_component(<name> [HEADERS <public headers>] [INSTALLED_INTERNALS <headers>] [SOURCES <sources>]): called in a folder of the
-# library with names relative to that folder, once or in several folders for one component. A component is an object library,
-# orva_<name>; the shared library is made of all of them. Public headers are installed, checked to compile alone and included by
-# orva.hpp. An internal header is installed where a public template needs it, and stays inside otherwise.
+# orva_component(<name> [HEADERS <public headers>] [INSTALLED_INTERNALS <headers>] [SOURCES <sources>]): adds files of the calling
+# folder to a component; several folders can share one. A component is an object library, orva_<name>, and the shared library is
+# made of all components. Public headers are installed, tested to compile alone, and included by orva.hpp. An internal header is
+# installed only if a public template needs it.
 function(orva_component name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;INSTALLED_INTERNALS;SOURCES")
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
@@ -47,30 +47,34 @@ function(orva_component name)
   target_sources(${component} PRIVATE ${arg_SOURCES})
 endfunction()
 
-# orva_source_options(<component> <option> <sources>...): compiles some sources of a component with one more option.
+# orva_source_options(<component> <option> <sources>...): compiles some sources of a component with one additional option.
 function(orva_source_options component option)
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   set_property(SOURCE ${ARGN} TARGET_DIRECTORY orva_${component} APPEND PROPERTY COMPILE_OPTIONS ${option})
 endfunction()
 
-# orva_test(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): one test program, each of its tests a test of CTest. With
-# INTERNALS the program links the components themselves, so that it can call what the library does not export, and can put
-# functions of its own in place of a source of the library.
+# orva_choose_library(<variable> <internals>): the shared library, or, if <internals> is true, its components, so that a program
+# can call what the library does not export, and can replace a source of the library by functions of its own.
+function(orva_choose_library variable internals)
+  if(internals)
+    set(${variable} orva_internals PARENT_SCOPE)
+  else()
+    set(${variable} orva::orva PARENT_SCOPE)
+  endif()
+endfunction()
+
+# orva_test(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): one test program, whose tests are tests of CTest.
 function(orva_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
   orva_compile_options(${name})
-  if(arg_INTERNALS)
-    set(library orva_internals)
-  else()
-    set(library orva::orva)
-  endif()
+  orva_choose_library(library "${arg_INTERNALS}")
   target_link_libraries(${name} PRIVATE ${library} orva_test_support GTest::gmock GTest::gtest_main ${arg_LIBRARIES})
   if(TARGET orva_test_headers AND NOT arg_INTERNALS)
     target_precompile_headers(${name} REUSE_FROM orva_test_headers)
   endif()
   if(CMAKE_CROSSCOMPILING_EMULATOR)
-    # To start the emulator takes longer than most tests do.
+    # Starting the emulator takes longer than most tests.
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 900)
   else()
@@ -78,10 +82,10 @@ function(orva_test name)
   endif()
 endfunction()
 
-# orva_test_elsewhere(<name> <why>): stands for a test that the system built for cannot run. CTest shows it as skipped, and why
+# orva_test_elsewhere(<name> <reason>): lists a test that the target system cannot run. CTest shows it as skipped, and the reason
 # with -V.
-function(orva_test_elsewhere name why)
-  add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "${why}")
+function(orva_test_elsewhere name reason)
+  add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "${reason}")
   set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION ".")
 endfunction()
 
@@ -93,28 +97,28 @@ function(orva_benchmark name)
   target_link_libraries(${name} PRIVATE orva::orva benchmark::benchmark benchmark::benchmark_main ${arg_LIBRARIES})
 endfunction()
 
-# orva_fuzz_target(<name> [INTERNALS] SOURCES <files>): a libFuzzer program <name> where ORVA_BUILD_FUZZERS is on, and in the
-# test build <name>_replay, which runs the inputs kept in fuzz/corpus/<name> and fuzz/regressions/<name>.
+# orva_fuzz_program(<name> <libraries> <sources>...): what the two programs of a fuzz target have in common.
+function(orva_fuzz_program name libraries)
+  add_executable(${name} ${ARGN})
+  orva_compile_options(${name})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE ${libraries})
+endfunction()
+
+# orva_fuzz_target(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): a libFuzzer program <name> if ORVA_BUILD_FUZZERS is
+# on, and in a build with tests <name>_replay, which runs the inputs in fuzz/corpus/<name> and fuzz/regressions/<name>.
 function(orva_fuzz_target name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "SOURCES;LIBRARIES")
-  if(arg_INTERNALS)
-    set(library orva_internals)
-  else()
-    set(library orva::orva)
-  endif()
+  orva_choose_library(library "${arg_INTERNALS}")
+  set(libraries ${library} ${arg_LIBRARIES})
   if(ORVA_BUILD_FUZZERS)
-    add_executable(${name} ${arg_SOURCES})
-    orva_compile_options(${name})
-    target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
-    target_compile_options(${name} PRIVATE -fsanitize=fuzzer)
-    target_link_options(${name} PRIVATE -fsanitize=fuzzer)
-    target_link_libraries(${name} PRIVATE ${library} ${arg_LIBRARIES})
+    orva_fuzz_program(${name} "${libraries}" ${arg_SOURCES})
+    set(fuzzer -fsanitize=fuzzer)
+    target_compile_options(${name} PRIVATE ${fuzzer})
+    target_link_options(${name} PRIVATE ${fuzzer})
   endif()
   if(ORVA_BUILD_TESTS)
-    add_executable(${name}_replay ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
-    orva_compile_options(${name}_replay)
-    target_include_directories(${name}_replay PRIVATE ${PROJECT_SOURCE_DIR})
-    target_link_libraries(${name}_replay PRIVATE ${library} ${arg_LIBRARIES})
+    orva_fuzz_program(${name}_replay "${libraries}" ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
     add_test(NAME fuzz.${name}.replay
       COMMAND ${name}_replay ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name} ${PROJECT_SOURCE_DIR}/fuzz/regressions/${name})
   endif()

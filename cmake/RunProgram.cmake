@@ -1,5 +1,5 @@
-# run_program(<output> <error> <code> <program> [<arguments>...]): what a program writes and how it ends. EMULATOR runs it where the
-# system cannot; on Windows, told by the variable WINDOWS, lines end with one line feed as elsewhere.
+# run_program(<output> <error> <code> <program> [<arguments>...]): runs a program, by EMULATOR if that is set, and returns what it
+# writes and its exit code. If the variable WINDOWS is true, line ends become line feeds.
 function(run_program output error code)
   execute_process(COMMAND ${EMULATOR} ${ARGN} OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE result)
   if(WINDOWS)
@@ -11,7 +11,7 @@ function(run_program output error code)
   set(${code} "${result}" PARENT_SCOPE)
 endfunction()
 
-# has_text(<result> <wanted> <found>): whether `found` has the text `wanted` in it. On Windows, either separator of a path is as good.
+# has_text(<result> <wanted> <found>): whether `found` contains the text `wanted`. On Windows, / and \ count as equal.
 function(has_text result wanted found)
   if(WINDOWS)
     string(REPLACE "\\" "/" wanted "${wanted}")

@@ -1,5 +1,5 @@
-/// Runs a fuzz target over kept inputs, without the fuzzer: every file in the folders given. A folder that
-/// does not exist holds no inputs.
+/// Runs a fuzz target on stored inputs, without the fuzzer: on every file in the given folders. A folder that
+/// does not exist counts as empty.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -19,7 +19,7 @@ int replay_folder(const std::filesystem::path& folder) {
     if (!entry.is_regular_file()) continue;
     std::ifstream file(entry.path(), std::ios::binary);
     const std::vector<char> bytes{std::istreambuf_iterator<char>(file), {}};
-    // A copy of the exact size, so that a read behind its end is seen by AddressSanitizer.
+    // A copy of the exact size, so that AddressSanitizer finds a read past its end.
     const std::vector<std::uint8_t> input(bytes.begin(), bytes.end());
     LLVMFuzzerTestOneInput(input.data(), input.size());
     ++inputs;

@@ -1,10 +1,10 @@
 cmake_minimum_required(VERSION 3.22)
 
-# Runs a program and compares what comes out of it.
-#   PROGRAM, ARGUMENTS     what is run; the arguments are separated by "|"
-#   CODE                   the exit code it must end with
-#   OUTPUT                 a file that holds its whole standard output (empty output if not given)
-#   ERROR                  the text of its standard error without the last line end, in which @FOLDER@ stands for FOLDER
+# Runs a program and checks how it ends and what it prints.
+#   PROGRAM, ARGUMENTS     the program and its arguments, separated by "|"
+#   CODE                   the exit code expected
+#   OUTPUT                 a file with the standard output expected (without it, no output is expected)
+#   ERROR                  the standard error expected, without the last line end; @FOLDER@ is replaced by FOLDER
 include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/RunProgram.cmake)
 string(REPLACE "|" ";" arguments "${ARGUMENTS}")
 run_program(output error code ${PROGRAM} ${arguments})

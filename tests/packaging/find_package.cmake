@@ -14,11 +14,11 @@ run(${configure} -DORVA_WANTED_VERSION=${major}.${minor})
 run(${CMAKE_COMMAND} --build ${build})
 expect_message(${build}/consumer${suffix})
 
-# Another minor version has another namespace: asking for it must not find this one.
+# Another minor version has another namespace: a request for it must not find this one.
 foreach(version ${major}.${previous_minor} ${major}.${next_minor} ${next_major}.0)
   execute_process(COMMAND ${configure} -DORVA_WANTED_VERSION=${version} RESULT_VARIABLE result
     OUTPUT_QUIET ERROR_QUIET)
   if(result EQUAL 0)
-    message(FATAL_ERROR "version ${version} was asked for and ${VERSION} was accepted")
+    message(FATAL_ERROR "version ${version} was requested and ${VERSION} was accepted")
   endif()
 endforeach()

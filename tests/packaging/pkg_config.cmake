@@ -4,7 +4,7 @@ set(ENV{PKG_CONFIG_PATH} ${PREFIX}/${LIBDIR}/pkgconfig)
 find_program(pkg_config NAMES pkg-config pkgconf REQUIRED)
 execute_process(COMMAND ${pkg_config} --modversion orva OUTPUT_VARIABLE version OUTPUT_STRIP_TRAILING_WHITESPACE)
 if(NOT version STREQUAL VERSION)
-  message(FATAL_ERROR "pkg-config tells version ${version}")
+  message(FATAL_ERROR "pkg-config reports version ${version}")
 endif()
 execute_process(COMMAND ${pkg_config} --cflags --libs orva OUTPUT_VARIABLE flags OUTPUT_STRIP_TRAILING_WHITESPACE
   COMMAND_ERROR_IS_FATAL ANY)

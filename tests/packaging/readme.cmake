@@ -1,5 +1,5 @@
 cmake_minimum_required(VERSION 3.22)
-# The program and the catalog that README shows are those that the other tests build and run.
+# README shows the program and the catalog that the other tests build and run.
 file(READ ${SOURCE_DIR}/README.md readme)
 foreach(file main.cpp messages/app.xmc)
   file(READ ${HERE}/consumer/${file} text)

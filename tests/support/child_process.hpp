@@ -1,5 +1,5 @@
-/// `run_child`: runs a program with arguments and an environment of its own, and collects what it writes. For
-/// the systems that have `posix_spawn`.
+/// `run_child`: runs a program with its own arguments and environment, and collects its standard output. For
+/// systems that have `posix_spawn`.
 #pragma once
 
 #include <spawn.h>
@@ -14,7 +14,7 @@ namespace orva_test {
 
 struct child_result {
   int code = -1;
-  /// Standard output, to its end.
+  /// The whole standard output.
   std::string output;
 };
 
@@ -38,7 +38,7 @@ inline std::string read_all(int from) {
 
 }  // namespace child_process
 
-/// `arguments` begins with the name that the program is to see as its own.
+/// The first of the `arguments` is the name that the program sees as its own.
 inline child_result run_child(const std::string& program, std::vector<std::string> arguments,
                               std::vector<std::string> environment) {
   int ends[2];

@@ -1,4 +1,4 @@
-/// `debug_output_of`: what reaches the system's debug output while `body` runs.
+/// `debug_output_of`: the text that reaches the system's debug output while `body` runs.
 #pragma once
 
 #include <functional>

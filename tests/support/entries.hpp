@@ -1,5 +1,5 @@
-/// Entries of a directory that not every system can make. A test that needs one says why it is skipped where
-/// there is none.
+/// Directory entries that not every system can make. A test that needs one is skipped there, with one of
+/// these reasons.
 #pragma once
 
 #include <filesystem>
@@ -12,7 +12,7 @@ namespace orva_test {
 
 inline constexpr const char* no_links = "no symbolic links can be made here";
 
-/// Makes a symbolic link, and says whether it is there. Some systems have none, or not for everybody.
+/// Makes a symbolic link, and returns whether it exists. Some systems have no links, or not for every user.
 inline bool make_link(std::string_view target, std::string_view link) {
   std::error_code failure;
   std::filesystem::create_symlink(path_of(target), path_of(link), failure);
@@ -21,7 +21,7 @@ inline bool make_link(std::string_view target, std::string_view link) {
 
 inline constexpr const char* always_readable = "every file and directory has the owner's read bit here";
 
-/// Sets the bits of an entry's mode, and says whether it has them now.
+/// Sets the mode bits of an entry, and returns whether it has them now.
 inline bool set_mode(std::string_view path, unsigned mode) {
   const auto wanted = static_cast<std::filesystem::perms>(mode);
   std::error_code failure;

@@ -1,4 +1,4 @@
-/// Lines of a golden file: columns between bars, lines with a # left out.
+/// The lines of a golden file, each split into columns at the bars. Lines that begin with # are comments.
 #pragma once
 
 #include <fstream>

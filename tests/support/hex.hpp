@@ -1,4 +1,7 @@
-/// Bytes as people write them: two upper-case digits each, a blank between.
+/// Bytes as hexadecimal text and back: two upper-case digits for each byte, with blanks between.
+///
+///     to_hex("\r\n")     =>  "0D 0A"
+///     from_hex("0D 0A")  =>  "\r\n"
 #pragma once
 
 #include <sstream>

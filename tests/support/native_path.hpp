@@ -1,4 +1,4 @@
-/// Paths as the system writes them.
+/// Paths with the system's separators, and between the library's text and the standard library's paths.
 #pragma once
 
 #include <algorithm>
@@ -12,10 +12,10 @@ namespace orva_test {
 
 inline constexpr char separator = static_cast<char>(std::filesystem::path::preferred_separator);
 
-/// Whether the system is Windows, or answers as if it was.
+/// Whether the system is Windows, or behaves like it.
 inline constexpr bool on_windows = separator == '\\';
 
-/// `path` with the system's separators for its slashes.
+/// `path` with the system's separators in place of slashes.
 template <typename Path>
 ORVA_NAMESPACE::strings::ustring_for<Path> native(const Path& path) {
   ORVA_NAMESPACE::strings::ustring_for<Path> result(path);
@@ -24,12 +24,12 @@ ORVA_NAMESPACE::strings::ustring_for<Path> native(const Path& path) {
   return result;
 }
 
-/// The standard library's path of UTF-8 text, whatever encoding it takes bytes for.
+/// The standard library's path for UTF-8 text, whatever encoding it assumes for bytes.
 inline std::filesystem::path path_of(std::string_view utf8) {
   return std::filesystem::path(std::u8string(utf8.begin(), utf8.end()));
 }
 
-/// And back, with the system's separators.
+/// The UTF-8 text of a path, with the system's separators.
 inline std::string text_of(std::filesystem::path path) {
   const std::u8string utf8 = path.make_preferred().u8string();
   return {utf8.begin(), utf8.end()};

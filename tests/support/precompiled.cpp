@@ -1,1 +1,1 @@
-// The headers that are compiled once for all tests need a program to be compiled for: this one.
+// Precompiled headers need a target that they are compiled for. This is its only source.

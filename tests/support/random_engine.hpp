@@ -1,6 +1,6 @@
 /// The random numbers of one test.
 ///
-/// Each run takes another seed. A failure shows it, and ORVA_TEST_SEED in the environment repeats the run:
+/// Each run has another seed. A failure shows it, and ORVA_TEST_SEED in the environment repeats the run:
 ///
 ///     orva_test::random_engine random;
 ///     const auto length = random() % 8;

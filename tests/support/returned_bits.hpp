@@ -1,7 +1,7 @@
-/// `has_bits`: whether a floating value that a function returned has the bits that it should have.
+/// `has_bits`: whether a floating value that a function returned has the expected bits.
 ///
-/// On 32-bit x86 a function may return it by a register that makes every NaN a quiet one, which is not the
-/// function's to prevent: the bits of the value or the bits that any call would make of them are right.
+/// On 32-bit x86 a function returns it in a register that makes every NaN a quiet one. The function cannot
+/// prevent that, so the bits that any call would return for the value are accepted too.
 #pragma once
 
 #include <bit>
@@ -16,7 +16,7 @@ using bits_of_floating = std::conditional_t<sizeof(Floating) == 4, std::uint32_t
 template <typename Floating>
 bool has_bits(const Floating& value, bits_of_floating<Floating> bits) {
   using bits_type = bits_of_floating<Floating>;
-  // Volatile, so that the call is made.
+  // Volatile, so that the compiler makes the call.
   Floating (*volatile returned)(bits_type) = [](bits_type pattern) {
     return std::bit_cast<Floating>(pattern);
   };

@@ -1,11 +1,11 @@
-/// Texts at random that alternate between ASCII and anything, as fast ways and plain loops do.
+/// Random texts that alternate between ASCII and any units, so that a fast loop and the plain one take turns.
 #pragma once
 
 #include <random>
 
 namespace reference {
 
-/// Runs of ASCII and runs of anything, of lengths about those of the blocks that the fast ways take.
+/// Runs of ASCII and of units below `values`, of about the lengths of the blocks that the fast loops take.
 template <typename Text, typename Random>
 Text runs(Random& random, unsigned values) {
   std::uniform_int_distribution<unsigned> count(0, 8);

@@ -1,5 +1,5 @@
-/// `with_sign_of_nan`: what a C runtime prints of a floating value, with the sign of a nan, which some
-/// runtimes leave out.
+/// `with_sign_of_nan`: the text that a C runtime prints for a floating value, with the sign of a nan, which
+/// some runtimes leave out.
 #pragma once
 
 #include <cmath>
@@ -7,7 +7,7 @@
 
 namespace orva_test {
 
-/// The sign takes the place of a blank where there is one.
+/// The sign replaces a blank where there is one.
 template <typename Floating>
 std::string with_sign_of_nan(Floating value, std::string text) {
   const bool is_lost = std::isnan(value) && std::signbit(value) && text.find('-') == text.npos;

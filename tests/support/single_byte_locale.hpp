@@ -1,9 +1,9 @@
-/// `single_byte_locale`: a locale with one byte a character, made for one test and current in the C runtime
-/// as long as the object lives.
+/// `single_byte_locale`: a locale with one byte per character, current in the C runtime for the lifetime of
+/// the object.
 ///
-/// Few systems have such a locale installed, so it is built into a temporary directory by the system's
-/// `localedef`. Where that cannot be done the object says so, and the test is skipped. It changes the
-/// process's locale: tests that use it do not run beside others in one process.
+/// Few systems have such a locale installed, so the system's `localedef` builds it in a temporary directory.
+/// Where that is not possible, `made` returns false and the test is skipped. The locale is that of the whole
+/// process: tests that use it must not run at the same time as others in one process.
 #pragma once
 
 #include <clocale>
@@ -16,7 +16,7 @@ namespace orva_test {
 
 class single_byte_locale {
  public:
-  /// `character_set` and `language` by the names of the system's sources: "ISO-8859-1", "de_DE".
+  /// `character_set` and `language` are names that `localedef` knows, such as "ISO-8859-1" and "de_DE".
   single_byte_locale(const std::string& character_set, const std::string& language)
       : name_(language + "." + character_set) {
 #if !defined(_WIN32)

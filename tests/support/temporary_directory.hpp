@@ -1,8 +1,7 @@
-/// `temporary_directory`: a new, empty directory for one test, gone with all that is in it when the object
-/// is.
+/// `temporary_directory`: a new, empty directory for one test. The destructor removes it with its contents.
 ///
-/// Paths come out as UTF-8 in a `std::string`, which every file operation of the library takes. Tests that
-/// run at the same time get different directories.
+/// Paths are returned as UTF-8 in a `std::string`, which every file operation of the library takes. Tests
+/// that run at the same time get different directories.
 #pragma once
 
 #include <cstddef>
@@ -40,19 +39,19 @@ class temporary_directory {
 
   const std::filesystem::path& path() const { return path_; }
 
-  /// The directory itself, without a separator behind it.
+  /// The directory itself, without a separator at the end.
   std::string name() const { return text_of(path_); }
 
-  /// The path of something in the directory: `file("logs/a.txt")`. It need not exist.
+  /// The path of an entry of the directory, which need not exist: `file("logs/a.txt")`.
   std::string file(std::string_view relative) const { return text_of(path_ / path_of(relative)); }
 
-  /// Makes a directory, missing parents too, and returns its path.
+  /// Makes a directory and its missing parents, and returns its path.
   std::string make_directory(std::string_view relative) const {
     std::filesystem::create_directories(path_ / path_of(relative));
     return file(relative);
   }
 
-  /// Writes a file, its missing parents too, and returns its path.
+  /// Writes a file, makes its missing parents, and returns its path.
   std::string write(std::string_view relative, std::string_view contents) const {
     const auto target = path_ / path_of(relative);
     std::filesystem::create_directories(target.parent_path());

@@ -1,5 +1,5 @@
-/// `utf16`, `utf32`: the literals of those encodings in the library's strings, whose units have other types
-/// on some systems.
+/// `utf16`, `utf32`: literals of these encodings as strings of the library, whose units have other types on
+/// some systems.
 #pragma once
 
 #include <string_view>

@@ -1,4 +1,5 @@
-/// `working_directory`: makes a directory the current one until the object goes. For tests of relative paths.
+/// `working_directory`: makes a directory the current one for the lifetime of the object. For tests of
+/// relative paths.
 #pragma once
 
 #include <filesystem>
@@ -8,15 +9,15 @@ namespace orva_test {
 class working_directory {
  public:
   explicit working_directory(const std::filesystem::path& directory)
-      : before_(std::filesystem::current_path()) {
+      : previous_(std::filesystem::current_path()) {
     std::filesystem::current_path(directory);
   }
   working_directory(const working_directory&) = delete;
   working_directory& operator=(const working_directory&) = delete;
-  ~working_directory() { std::filesystem::current_path(before_); }
+  ~working_directory() { std::filesystem::current_path(previous_); }
 
  private:
-  std::filesystem::path before_;
+  std::filesystem::path previous_;
 };
 
 }  // namespace orva_test
