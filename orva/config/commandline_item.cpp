@@ -29,8 +29,8 @@ bool is_option(std::string_view argument) { return argument.starts_with('-') || 
 
 }  // namespace
 
-/// One walk over the arguments. The token lives as long as the walk: a blank repeats the text of the token
-/// before it, also when that one stood in another argument.
+/// Reads all arguments with one token: a blank at the beginning of an argument repeats the last text of the
+/// argument before it.
 class commandline_item::reader {
  public:
   explicit reader(commandline_item& item) : item_(item), arguments_(arguments_of(item.argc_, item.argv_)) {}
@@ -53,12 +53,12 @@ class commandline_item::reader {
     unsigned int position = 1;
     key_.clear();
     while (continues_key(item_.get_token(argument, position, token_))) key_ += token_.text;
-    if (token_.text == "$") return item_.set(key_, rest_of(argument, position), 0);
+    if (token_.text == "$") return item_.set(key_, joined_text(argument, position), 0);
     if (token_.type == tok_types::T_END) return read_bare_option();
     read_attached_values(argument, position);
   }
 
-  /// Of a pair like `+=` the first character still belongs to the key.
+  /// The first character of a pair like `+=` still belongs to the key.
   bool continues_key(tok_types scanned) {
     if (scanned == tok_types::T_END) return false;
     switch (token_.type) {
@@ -81,20 +81,20 @@ class commandline_item::reader {
     }
   }
 
-  /// The texts of all tokens from `position` on.
-  std::string rest_of(std::string_view argument, unsigned int position) {
+  /// The joined texts of all tokens from `position` on.
+  std::string joined_text(std::string_view argument, unsigned int position) {
     std::string text;
     while (item_.get_token(argument, position, token_) != tok_types::T_END) text += token_.text;
     return text;
   }
 
-  /// An option with nothing attached: the words behind it are its values. Once a word is a value, those that
-  /// begin with `/` are, too.
+  /// An option with nothing attached: the words after it are its values. After the first value, words that
+  /// begin with `/` are values, too.
   void read_bare_option() {
     if (next_ == arguments_.size() || is_option(arguments_[next_])) return item_.set(key_, 1);
     varg_list values;
     do {
-      values.push_back(types::variant(rest_of(arguments_[next_++], 0)));
+      values.push_back(types::variant(joined_text(arguments_[next_++], 0)));
     } while (next_ < arguments_.size() && !arguments_[next_].starts_with('-'));
     store(values, values.size() > 1);
   }
@@ -137,13 +137,11 @@ bool commandline_item::load() {
   return true;
 }
 
-bool commandline_item::load(const item_list&) { return load(); }
-
 void commandline_item::unload() { tree_.erase(); }
 
 commandline_item* commandline_item::clone() const { return create_dynamic<commandline_item>(*this); }
 
-/// The raw name is what finds the program's own file, and the name of a program without a dot gives none.
+/// `file_item` looks for the file of the raw name. A program without a dot in its name has an empty one.
 void commandline_item::load_program_name() {
   if (argv_ == nullptr || argv_[0] == nullptr) return;
   const auto pieces = strings::split_string(std::string(argv_[0]), "\\", 0);

@@ -43,7 +43,7 @@ class ORVA_API commandline_item : public base_config_item {
   commandline_item(unsigned int argc, const char* const* argv);
 
   bool load() override;
-  bool load(const item_list& items) override;
+  using base_config_item::load;
   void unload() override;
   commandline_item* clone() const override;
 

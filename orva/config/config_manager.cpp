@@ -5,18 +5,18 @@
 #include <set>
 #include <string>
 
-#include "orva/config/internal/dump_format.hpp"
+#include "orva/config/internal/array_flags.hpp"
 #include "orva/config/internal/lower_case_key.hpp"
+#include "orva/config/internal/unformatted_output.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
+using _private::array_flags;
 using _private::lower_case_key;
 using _private::write_unformatted;
 using types::variant;
 
 namespace {
-
-constexpr unsigned int array_flags = config_tree::NODE_VALUE_SET | config_tree::NODE_ARRAY;
 
 bool is_array_node(const config_tree::node_type* node) {
   return node != nullptr && (node->first & array_flags) == array_flags;

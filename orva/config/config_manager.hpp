@@ -1,16 +1,18 @@
-/// `config_manager`: how a program reads its settings, whatever source they come from.
-///
-/// A manager asks its items in turn, and the first that has a key answers: precedence is by key, and trees of
-/// different sources are not merged. Which items there are is decided by the dispatch given to `init`.
+/// `config_manager`: reads the settings of a program, whichever source they come from.
 ///
 ///     config_manager config;
 ///     config.init(std_config_dispatch(argc, argv, environ, "app.cfg", ""));
 ///     config.load();
 ///     config.get_value("window.width", 640).as_int32()
 ///
-/// Copies of a manager share the items and the dispatch, which live as long as the last of them: what is
-/// loaded or set through one is seen by all. Many threads may read once loading has ended; `init`, `load` and
-/// `unload` must not overlap with reads. No read fails.
+/// A manager asks its items in turn, and the first that has the key answers. Precedence is by key: the trees
+/// of different sources are not merged. The dispatch that `init` gets decides which items there are.
+///
+/// Copies of a manager share the items and the dispatch: a value that is loaded or set through one is seen by
+/// all. Any number of threads may read after loading; `init`, `load` and `unload` must not run at the same
+/// time as reads. No read fails.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include <iosfwd>
@@ -30,13 +32,14 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_manager {
  public:
-  /// Without items: every read misses.
+  /// Without items: no key is found.
   config_manager() = default;
   config_manager(const config_manager& other) = default;
   config_manager& operator=(const config_manager& other) = default;
   virtual ~config_manager();
 
-  /// Takes a clone of the dispatch and the items that it sets up, in place of those before. Loads nothing.
+  /// Replaces dispatch and items by a clone of the dispatch and the items that it sets up. Loads nothing. An
+  /// exception leaves the manager unchanged.
   void init(const config_dispatch& dispatch);
 
   /// False before `init`. `save` writes no file: `get_config_item("standard file")->save()` does.
@@ -46,35 +49,35 @@ class ORVA_API config_manager {
 
   /// The value of a key in the first item that has it, or the default.
   ///
-  ///     of an array                       =>  its first element; nil if it has none
-  ///     of a link                         =>  the value of the key that it names, in the first item that has that one
-  ///     of a link that leads back         =>  the name in the link where the circle closes
-  ///     of a link to what is not there    =>  the default
-  ///     of a node without a value         =>  true
+  ///     an array                   =>  its first element, or nil if it has none
+  ///     a link                     =>  the value of the key that it names, from the first item with that key
+  ///     links in a circle          =>  the name in the link that closes the circle
+  ///     a link to a missing key    =>  the default
+  ///     a node without a value     =>  true
   types::variant get_value(std::string_view key, const types::variant& default_value = {}) const;
 
   /// Whether `get_value` finds anything but nil.
   bool value_exist(std::string_view key) const;
 
-  /// Whether any item has the key as an array, the first that has the key or not.
+  /// Whether any item has the key as an array, even if an earlier item has it as a plain value.
   bool is_array(std::string_view key) const;
 
   /// Appends the values of the elements, from the first item that has the key as an array.
   void get_array(std::string_view key, std::vector<types::variant>& out) const;
 
-  /// Appends the children of a key, from the first item that has the key: names relative to the key, and
-  /// values. With `recursive` also what is below them.
+  /// Appends names and values of the children of a key, from the first item that has the key. Names are
+  /// relative to the key. With `recursive` the nodes below the children are included.
   void get_key_value_array(std::string_view key,
                            std::vector<std::pair<strings::ustring8, types::variant>>& out,
                            bool recursive) const;
 
-  /// The first item of that id, to share, or a null pointer.
+  /// The first item with that id, shared with the manager, or a null pointer.
   ///
   ///     "command line", "standard file", "enviroment"     under a std_config_dispatch
   ///     "standard file", "enviroment", "user_item"        under a module_config_dispatch
   memory::pointers::rc_pointer<base_config_item> get_config_item(std::string_view id) const;
 
-  /// Writes all items for people to read.
+  /// Writes all items in a form for people.
   void dump(std::ostream& stream) const;
 
  private:
@@ -83,7 +86,7 @@ class ORVA_API config_manager {
     const base_config_item::node_type* node = nullptr;
   };
 
-  /// In the first item that has the key.
+  /// The node in the first item that has the key.
   found_node find(std::string_view key) const;
   /// The first item that has the key as an array, or null.
   const base_config_item* find_array(std::string_view key) const;

@@ -10,8 +10,6 @@ bool enviroment_item::load() {
   return true;
 }
 
-bool enviroment_item::load(const item_list&) { return load(); }
-
 void enviroment_item::unload() { tree_.erase(); }
 
 enviroment_item* enviroment_item::clone() const {

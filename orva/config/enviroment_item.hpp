@@ -1,14 +1,17 @@
 /// `enviroment_item`: an environment block as configuration.
 ///
-/// Each entry is read as an expression, as `base_config_item::set` reads it: blanks outside quotes go from
-/// names and values alike, and separators in a name make parts of it.
+/// Each entry is read by `base_config_item::set`: up to the first `=` it is the key, after that the value.
 ///
 ///     HOME=/home/ann              =>  home: "/home/ann"
-///     P=C:\Program Files          =>  p: "C:\ProgramFiles"
-///     A.B=1                       =>  a.b: "1"
+///     P=C:\Program Files          =>  p: "C:\ProgramFiles"        blanks outside quotes are dropped
+///     A.B=1                       =>  a.b: "1"                    separators nest
 ///     EMPTY=                      =>  empty: ""
+///     URL=http://x#y              =>  url: "http://x#y"           there are no comments
+///     LIST[]=a,b                  =>  list[]: "a,b"               and no arrays
 ///
-/// The block is the caller's and is not copied: it must live as long as the item and its copies.
+/// The item does not copy the block: it must outlive the item and its copies.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include "orva/config/base_config_item.hpp"
@@ -22,7 +25,7 @@ class ORVA_API enviroment_item : public base_config_item {
   explicit enviroment_item(const char* const* envp);
 
   bool load() override;
-  bool load(const item_list& items) override;
+  using base_config_item::load;
   void unload() override;
   enviroment_item* clone() const override;
 

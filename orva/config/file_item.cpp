@@ -73,8 +73,6 @@ bool file_item::save() {
   return true;
 }
 
-bool file_item::save(const item_list&) { return true; }
-
 void file_item::unload() { tree_.erase(); }
 
 file_item* file_item::clone() const { return generic::abilities::create_dynamic<file_item>(*this); }

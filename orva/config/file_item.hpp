@@ -1,19 +1,28 @@
 /// `file_item`: a configuration file.
 ///
-///     # a comment, as is what stands behind //
-///     colour = dark blue              colour: "darkblue"          blanks go
-///     title  = "dark blue" # theme    title: "dark blue"          unless they are in quotes
-///     [window.main]                   the keys behind it are in window.main, until the next section
+///     # a comment, to the end of the line; so is text after //
+///     colour = dark blue              colour: "darkblue"          blanks outside quotes are dropped
+///     title  = "dark blue" # theme    title: "dark blue"
+///     [window.main]                   the keys after it are in window.main, up to the next section
 ///     size[] = 640, 480               window.main.size: array of "640", "480"
-///     names[] = a,                    an array goes on
-///               b                     behind a comma at the end of a line
+///     names[] = a,                    after a comma an array continues
+///               b                     on the next line
 ///     []                              back to the top
 ///
-/// Every file can be read: what does not fit becomes an odd key. A line without `=` belongs to the key of the
-/// next line, a key without a value is left out, a byte order mark is part of the first key. Values are
-/// `ustring8` of the bytes that the file holds. docs/configuration.md tells the format to the last byte.
+/// Every text can be read: it has no syntax errors, only unexpected keys. Some of them:
 ///
-/// Reading and writing are not inverse: `save` writes the keys that are in a section, and no comments.
+///     a\nb = 1               =>  ab: "1"                 a key ends only at `=`
+///     = a\nb = 1             =>  ab: "1"                 a `=` without a key is dropped
+///     a =                    =>  no key                  an empty value is not stored, "" neither
+///     a[] = x,\n\n y         =>  a: array of "x", "y"    after a comma, blank lines do not end an array
+///     home = http://x        =>  home: "http:"           // begins a comment
+///
+/// Lines end with LF or CRLF. A CR alone is text. Values are `ustring8` with the bytes of the file. A byte
+/// order mark is part of the first key. docs/configuration.md describes the format.
+///
+/// `save` is not the inverse of `load`: it writes only keys that are in a section, and no comments.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include <string_view>
@@ -26,40 +35,39 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API file_item : public base_config_item {
  public:
-  /// Reads nothing yet. The id is "standard file". The name may be empty, for a file that is to be looked
-  /// for.
+  /// Reads nothing yet. The id is "standard file". The name may be empty: `load(items)` then looks for a
+  /// file.
   explicit file_item(strings::ustring8 filename);
 
   strings::ustring8 get_filename() const { return filename_; }
 
-  /// Adds the file's keys. A file that is not there or cannot be read adds none. True.
+  /// Adds the keys of the file, none if it does not exist or cannot be read. True.
   bool load() override;
-  /// Looks for the file first, and remembers its name. It is the first of these:
+  /// Looks for the file, stores its name and adds its keys. The file is the first of these:
   ///
-  ///     the file that "cfg_file" names, in the first item that names one which can be opened
-  ///     the name that the item has
-  ///     "application.name.raw" followed by ".cfg", in the first item for which that can be opened
+  ///     1.  the first file that can be opened of those that the items name by the key "cfg_file"
+  ///     2.  the name that this item has, also where there is no such file
+  ///     3.  the first file that can be opened of "application.name.raw" of each item, followed by ".cfg"
   ///
-  /// Names are relative to the working directory. A directory or a symbolic link does not open. Items that
-  /// load later than this one name nothing yet. True.
+  /// Names are relative to the working directory. Directories and symbolic links cannot be opened. Items
+  /// after this one have not loaded yet and name no file. True.
   bool load(const item_list& items) override;
 
-  /// Writes the file anew, with `system::store_file`: for each node without a value a section, and in it the
-  /// keys of the sections whose names are as long. True, also where the file cannot be written.
+  /// Replaces the file, by `system::store_file`. Each node without a value becomes a section, with the keys
+  /// of all sections whose names are as long as its own. True, also where the file cannot be written.
   ///
-  /// Keys at the top are not written, nor is a key that follows an array. Text is not escaped; it is quoted
-  /// where it holds a blank, a tab or a line end.
+  /// Keys at the top are not written, and neither is a key that follows an array. Text is quoted where it
+  /// contains a blank, a tab or a line end; nothing is escaped.
   bool save() override;
-  /// Writes nothing. True.
-  bool save(const item_list& items) override;
+  using base_config_item::save;
 
   void unload() override;
   file_item* clone() const override;
 
  protected:
-  /// Reads the file that is named by now; none where the name is empty.
+  /// Adds the keys of the file with the current name, none where the name is empty.
   void load_file();
-  /// Moves `position` to the end of its line, or of the text. Text in quotes may take it over line ends.
+  /// Moves `position` to the next line end outside quotes, or to the end of the text.
   void parse_comment(std::string_view text, unsigned int& position) const;
 
  private:

@@ -1,17 +1,20 @@
 /// `std_config_dispatch`: the sources of a program.
 ///
-///     1.  commandline_item   "command line"
-///     2.  file_item          "standard file"
-///     3.  enviroment_item    "enviroment"
-///
-/// This order is the precedence, and the order of loading: the command line can name the file, by
-/// `-cfg_file=name`, the environment cannot. Arguments and environment are the caller's, and must live as
-/// long as the manager.
-///
 ///     int main(int argc, char** argv) {
 ///       config_manager config;
 ///       config.init(std_config_dispatch(argc, argv, environ, "app.cfg", ""));
 ///       config.load();
+///
+/// It sets up three items, the first with the highest precedence:
+///
+///     1.  commandline_item   "command line"
+///     2.  file_item          "standard file"
+///     3.  enviroment_item    "enviroment"
+///
+/// They load in the same order. Therefore the command line can name the file, by `-cfg_file=name`, and the
+/// environment cannot. The arguments and the environment are not copied: they must outlive the manager.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include "orva/config/config_dispatch.hpp"
@@ -22,8 +25,8 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API std_config_dispatch : public config_dispatch {
  public:
-  /// A negative `argc` is 0. Either array may be null. `file_name` is that of the `file_item`, and may be
-  /// empty; the second name is kept for the program's own use and read by nobody.
+  /// A negative `argc` counts as 0. Either array may be null. `file_name` is the name of the `file_item`, and
+  /// may be empty. The second name is stored and not used.
   std_config_dispatch(int argc, const char* const* argv, const char* const* envp, strings::ustring8 file_name,
                       strings::ustring8 second_file_name);
 

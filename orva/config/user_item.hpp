@@ -1,6 +1,11 @@
 /// `user_item`: the values that a program sets itself, by `set` and `set_array`.
 ///
-/// Loading and unloading leave them alone.
+///     user_item defaults;
+///     defaults.set("window.width", 640, 0);
+///
+/// Loading and unloading do not change them.
+///
+/// Edge cases: docs/edges.md#configuration
 #pragma once
 
 #include "orva/config/base_config_item.hpp"
@@ -12,10 +17,9 @@ class ORVA_API user_item : public base_config_item {
  public:
   /// The id is "user item".
   user_item();
-  /// The id of a copy is "user_item", and so is that of every item in a manager's list: programs find it
-  /// under this name.
+  /// The id of a copy is "user_item". A manager holds a copy: `get_config_item("user_item")` finds it.
   user_item(const user_item& other);
-  /// Takes over values and id.
+  /// Copies values and id.
   user_item& operator=(const user_item& other) = default;
 
   user_item* clone() const override;

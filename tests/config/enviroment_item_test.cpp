@@ -26,6 +26,8 @@ TEST(enviroment_item, entries_are_read_as_expressions) {
                               "M=a=b",
                               "=C:=C:\\dir",
                               "L=first\nsecond",
+                              "URL=http://x#y",
+                              "LIST[]=a,b",
                               nullptr};
   enviroment_item item(envp);
   EXPECT_TRUE(item.load());
@@ -39,6 +41,8 @@ TEST(enviroment_item, entries_are_read_as_expressions) {
   EXPECT_EQ(value_of(item, "m"), "a=b");
   EXPECT_EQ(value_of(item, ""), "C:=C:\\dir");
   EXPECT_EQ(value_of(item, "l"), "first");
+  EXPECT_EQ(value_of(item, "url"), "http://x#y") << "there are no comments";
+  EXPECT_EQ(value_of(item, "list[]"), "a,b") << "there are no arrays";
   EXPECT_EQ(item.get_value("home")->second.type(), typeid(ORVA_NAMESPACE::strings::ustring8));
 }
 

@@ -29,6 +29,18 @@ class file_item_text : public testing::TestWithParam<file_row> {};
 TEST_P(file_item_text, reads_as) { EXPECT_EQ(keys_of_text(GetParam().text), GetParam().keys); }
 
 INSTANTIATE_TEST_SUITE_P(
+    shown_in_the_guide, file_item_text,
+    testing::Values(
+        file_row{"a\n\nb = 1", "ab=1"}, file_row{"a # b = 1", "a#b=1"}, file_row{"a == 1\nb = 2", "a==1b=2"},
+        file_row{"a := 1\nb = 2", "a:=1b=2"}, file_row{"a += 1\nb = 2", "a+=1b=2"},
+        file_row{"= a\nb = 1", "ab=1"}, file_row{"; a = 1", ";a=1"}, file_row{"a =", ""},
+        file_row{"a = \"\"", ""}, file_row{"a[] = 1,,2", "a[] a.0=1 a.1= a.2=2"},
+        file_row{"a[] = 1,\nb = 2", "a[] a.0=1 a.1=b=2"},
+        file_row{"a[] = 1,\"\"\nb[] = 2", "b[] b.0=1 b.1=2"}, file_row{"a = http://x", "a=http:"},
+        file_row{"a = \"http://x\"", "a=http://x"}, file_row{"a = Free \"disk space\"", "a=Freedisk space"},
+        file_row{"a = \"1\nb = 2", "a=1\nb = 2"}, file_row{"# it\"s\na = 1", ""},
+        file_row{"[a # b]\nc = 1", "a#b.c=1"}, file_row{"[window.main]\nc = 1", "window.main.c=1"}));
+INSTANTIATE_TEST_SUITE_P(
     comments, file_item_text,
     testing::Values(file_row{"", ""}, file_row{"\n\r\n \t\n", ""}, file_row{"# a\n// b = c\n", ""},
                     file_row{"# a=b", ""}, file_row{"//", ""}, file_row{"#", ""}, file_row{"#\"a\"=b", ""},
@@ -112,8 +124,16 @@ TEST(file_item, section_without_keys_leaves_no_trace) {
   EXPECT_EQ(listing_of(*load_text("[s]\nk=\n")), lines{});
 }
 
+TEST(file_item, unexpected_keys_are_documented_by_their_examples) {
+  EXPECT_EQ(keys_of_text("a\nb = 1\n"), "ab=1");
+  EXPECT_EQ(keys_of_text("= a\nb = 1\n"), "ab=1");
+  EXPECT_EQ(keys_of_text("a =\nb = \"\"\n"), "");
+  EXPECT_EQ(keys_of_text("a[] = x,\n\n y\n"), "a[] a.0=x a.1=y");
+  EXPECT_EQ(keys_of_text("home = http://x\n"), "home=http:");
+}
+
 TEST(file_item, documentation_example) {
-  EXPECT_EQ(keys_of_text("# a comment, as is what stands behind //\n"
+  EXPECT_EQ(keys_of_text("# a comment, to the end of the line; so is text after //\n"
                          "colour = dark blue\n"
                          "title  = \"dark blue\" # theme\n"
                          "[window.main]\n"

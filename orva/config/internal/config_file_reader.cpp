@@ -10,7 +10,7 @@ using tok_types = config_token::tok_types;
 
 namespace {
 
-// Where the readers below leave the plain text and look at tokens.
+// The bytes at which the functions below look at a token. All other bytes are copied in runs.
 constexpr byte_set comment_stops("\r\n\"");
 constexpr byte_set section_stops("]\r\n\t \"");
 constexpr byte_set key_stops("=<>:+-*/\r\n\t \"");
@@ -71,7 +71,7 @@ void config_file_reader::read_section() {
   }
 }
 
-/// A key runs on to its `=`, over line ends: a long key may be broken anywhere.
+/// A key ends only at `=`. It may continue over line ends.
 void config_file_reader::read_key() {
   key_.clear();
   while (token_.type != tok_types::T_END && token_.type != tok_types::T_EQ) {

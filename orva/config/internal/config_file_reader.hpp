@@ -1,7 +1,9 @@
-/// The reader behind `file_item`: the text of a configuration file into a tree.
+/// `file_item::load`: reads the text of a configuration file into a tree.
 ///
-/// Internal: not installed. One pass; a section's node is walked to once, so that long names cost their
-/// length once.
+///     config_file_reader("[window]\nwidth = 640\n", tree).read();    // window.width: "640"
+///
+/// Internal: not installed. Reads the text in one pass. The node of a section is looked up once for all its
+/// keys, so that a long name costs its length once.
 #pragma once
 
 #include <string_view>
@@ -13,7 +15,7 @@
 
 namespace ORVA_NAMESPACE::config::_private {
 
-/// Moves `position` to the line end that ends a comment, or to the end of the text.
+/// Moves `position` to the line end after a comment, or to the end of the text.
 void skip_comment(std::string_view text, unsigned int& position);
 
 class config_file_reader {
@@ -43,11 +45,12 @@ class config_file_reader {
   scanned_token token_;
 
   strings::ustring8 section_name_;
-  /// The node of the section. Made for the first key: a section without keys leaves no trace.
+  /// The node of the section, null until its first key: a section without keys makes no node.
   config_tree* section_ = nullptr;
   strings::ustring8 key_;
   strings::ustring8 value_;
-  /// What an array left here without its last element is in front of the next array.
+  /// The elements of the array that is being read. An array whose last element is empty is not stored and
+  /// leaves its elements here: the next array begins with them.
   generic::varg_list elements_;
 };
 

@@ -4,6 +4,7 @@
 #include <map>
 #include <string_view>
 
+#include "orva/config/internal/array_flags.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -12,19 +13,17 @@ namespace {
 
 using value_entry = config_tree::value_entry;
 
-constexpr unsigned int array_flags = config_tree::NODE_VALUE_SET | config_tree::NODE_ARRAY;
 constexpr std::string_view line_end = "\r\n";
 
 unsigned int flags_of(const value_entry& entry) { return entry.second.first; }
 
-/// What stands behind the last dot that has anything behind it, up to the next dot: an empty part at the end
-/// counts for nothing.
+/// The text after the last dot. One dot at the very end is ignored.
 std::string_view last_part(std::string_view name) {
   if (name.ends_with('.')) name.remove_suffix(1);
   return name.substr(name.rfind('.') + 1);
 }
 
-/// Whether the name of an array's element. Element 0 begins an array and never goes on with one.
+/// Whether the name is that of an array's element after the first.
 bool is_later_element(const value_entry& entry) {
   const std::string_view name = last_part(entry.first);
   return !name.empty() &&
@@ -34,7 +33,7 @@ bool is_later_element(const value_entry& entry) {
 class writer {
  public:
   explicit writer(const std::vector<value_entry>& entries) : entries_(entries) {
-    for (std::size_t i = 0; i < entries.size(); ++i) sort_by_place(i);
+    for (std::size_t i = 0; i < entries.size(); ++i) assign_to_sections(i);
   }
 
   strings::ustring8 write() {
@@ -45,9 +44,9 @@ class writer {
   }
 
  private:
-  /// An entry is written in every section whose name has the length of what stands before the entry's last
-  /// part. Readers of written files count on keys under all of these sections.
-  void sort_by_place(std::size_t index) {
+  /// An entry is written in every section whose name is as long as the part of the entry's name before its
+  /// last dot, not only in its own. Programs that read written files depend on that.
+  void assign_to_sections(std::size_t index) {
     const value_entry& entry = entries_[index];
     const std::string_view name = entry.first;
     const std::size_t length = last_part(name).size();
@@ -60,14 +59,14 @@ class writer {
     write_quoted(name);
     text_ += ']';
     text_ += line_end;
-    std::size_t behind_array = 0;
+    std::size_t next = 0;
     for (const std::size_t index : by_section_length_[name.size()]) {
-      if (index >= behind_array) behind_array = write_entry(index);
+      if (index >= next) next = write_entry(index);
     }
     text_ += line_end;
   }
 
-  /// The index of the first entry that may follow in the section.
+  /// Returns the index of the first entry that may follow in the section.
   std::size_t write_entry(std::size_t index) {
     const value_entry& entry = entries_[index];
     const bool is_array = flags_of(entry) == array_flags;
@@ -83,7 +82,8 @@ class writer {
     return next;
   }
 
-  /// Element 0 and the others behind it. The entry that ends the array goes with it, unwritten.
+  /// Writes element 0 and the elements after it. The entry that ends the array is skipped without being
+  /// written.
   std::size_t write_elements(std::size_t index) {
     if (index < entries_.size() && last_part(entries_[index].first) == "0") {
       write_quoted(entries_[index].second.second.as_utf8());

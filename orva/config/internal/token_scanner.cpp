@@ -13,7 +13,7 @@ using internal::character_class::isalpha;
 using internal::character_class::isdigit;
 using tok_types = config_token::tok_types;
 
-/// Text in quotes that are not closed ends one behind the source, and that position must be a number, too.
+/// The position after a quote that is not closed is one more than the length. It must not overflow, either.
 constexpr std::size_t longest_source = std::numeric_limits<unsigned int>::max() - 1;
 
 struct match {
@@ -29,8 +29,8 @@ match with_equals(char next, tok_types single, tok_types pair) {
   return single_or_pair(next, '=', single, pair);
 }
 
-/// What the bytes that stand for themselves begin; `next` is 0 at the end of the source. A slash and a star
-/// are never one token: there are no comments between marks.
+/// The token of a byte that is neither a letter, a digit, a blank nor a quote. `next` is the byte after it,
+/// or 0 at the end of the source. `/*` is two tokens: the language has no block comments.
 match fixed_token(char first, char next) {
   switch (first) {
     case '=':
@@ -70,7 +70,7 @@ match fixed_token(char first, char next) {
   }
 }
 
-/// How many bytes from `start` on `belongs` holds for.
+/// The length of the run of bytes from `start` for which `belongs` is true.
 template <typename Test>
 unsigned int run_length(std::string_view source, unsigned int start, Test belongs) {
   std::size_t end = start + 1;
@@ -78,12 +78,12 @@ unsigned int run_length(std::string_view source, unsigned int start, Test belong
   return static_cast<unsigned int>(end - start);
 }
 
-/// The place of the quote that ends the text beginning at `start`, or the end of the source. A backslash and
-/// the character behind it both stay in the text.
+/// The position of the quote that ends the text beginning at `start`, or the end of the source. A backslash
+/// protects the next character; both stay in the text.
 std::size_t closing_quote(std::string_view source, std::size_t start) {
-  std::size_t at = start;
-  while (at < source.size() && source[at] != '"') at += source[at] == '\\' ? 2 : 1;
-  return at < source.size() ? at : source.size();
+  std::size_t position = start;
+  while (position < source.size() && source[position] != '"') position += source[position] == '\\' ? 2 : 1;
+  return position < source.size() ? position : source.size();
 }
 
 match any_token(std::string_view source, unsigned int start) {
@@ -92,8 +92,8 @@ match any_token(std::string_view source, unsigned int start) {
   if (isdigit(first)) return {tok_types::T_NUM, run_length(source, start, isdigit<char>)};
   if (first == ' ') return {tok_types::T_SPACE, run_length(source, start, [](char c) { return c == ' '; })};
   if (first == '"') {
-    const std::size_t behind = closing_quote(source, std::size_t{start} + 1) + 1;
-    return {tok_types::T_STRING, static_cast<unsigned int>(behind - start)};
+    const std::size_t end = closing_quote(source, std::size_t{start} + 1) + 1;
+    return {tok_types::T_STRING, static_cast<unsigned int>(end - start)};
   }
   return fixed_token(first, std::size_t{start} + 1 < source.size() ? source[start + 1] : '\0');
 }

@@ -1,6 +1,10 @@
-/// The scanner behind `base_config_item::get_token`, without its copies: a token is a piece of the source.
+/// The scanner of `base_config_item::get_token`, without copies: the text of a token is a view of the source.
 ///
-/// Internal: not installed. Every byte sequence has tokens, and nothing is ever refused.
+///     unsigned int position = 0;
+///     scanned_token token;
+///     while (scan_token("a = b", position, token) != config_token::T_END) use(token);
+///
+/// Internal: not installed. Every byte sequence has tokens.
 #pragma once
 
 #include <algorithm>
@@ -13,7 +17,7 @@
 namespace ORVA_NAMESPACE::config::_private {
 
 struct scanned_token {
-  /// Within the source. Kept from the token before by T_END and T_SPACE.
+  /// A view of the source. T_END and T_SPACE leave it unchanged, so that it is the text of the token before.
   std::string_view text;
   unsigned int start_position = 0;
   unsigned int end_position = 0;
@@ -25,15 +29,14 @@ struct scanned_token {
   }
 };
 
-/// Scans the token at `position` and moves `position` behind it.
+/// Scans the token at `position` and moves `position` to its end.
 ///
-/// The result and `token.type` are the same but for `*/`: its type is T_ENDCOMMENT and the result T_FSFS, so
-/// that those who ask the result see something like a comment, and those who ask the type see what it is.
+/// The result equals `token.type`, except for `*/`: there the type is T_ENDCOMMENT and the result T_FSFS.
 ///
-/// Positions have 32 bits: what lies behind 4 GiB of a source is not read.
+/// Positions have 32 bits: a source is read up to 4 GiB.
 config_token::tok_types scan_token(std::string_view source, unsigned int& position, scanned_token& token);
 
-/// Bytes at which a reader wants to look, by their values.
+/// A set of byte values.
 class byte_set {
  public:
   constexpr explicit byte_set(std::string_view members) {
@@ -45,11 +48,11 @@ class byte_set {
   std::array<bool, 256> contains_{};
 };
 
-/// The bytes from `position` up to the first that is in `stops`, to which it is moved: many tokens in one
-/// step, where a reader joins their texts again and no token that it looks at begins with another byte.
+/// Returns the bytes from `position` to the first byte in `stops`, and moves `position` there. This replaces
+/// many calls of `scan_token` where a reader would only join the texts of the tokens again.
 ///
-/// REQUIRES: `stops` holds the double quote and the line ends; blank and tab, if the text is used; and the
-/// first byte of each pair that ends in a byte of `stops`.
+/// REQUIRES: `stops` contains the double quote, the line ends, and the first byte of each pair whose second
+/// byte is in `stops`; also blank and tab, if the returned text is used.
 inline std::string_view scan_plain(std::string_view source, unsigned int& position, const byte_set& stops) {
   const std::size_t start = position;
   std::size_t end = start;
