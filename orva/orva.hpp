@@ -49,8 +49,6 @@
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 // parser
-#include "orva/parser/empty_node_queue.hpp"
-#include "orva/parser/name_list.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_stream_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"

@@ -39,7 +39,7 @@
 
 #include "orva/export.hpp"
 #include "orva/functor/delegate.hpp"
-#include "orva/parser/name_list.hpp"
+#include "orva/internal/xml/name_list.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 

@@ -56,8 +56,8 @@
 #include <vector>
 
 #include "orva/export.hpp"
-#include "orva/parser/empty_node_queue.hpp"
-#include "orva/parser/name_list.hpp"
+#include "orva/parser/internal/empty_node_queue.hpp"
+#include "orva/internal/xml/name_list.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/system/path_argument.hpp"
 #include "orva/types/integers.hpp"

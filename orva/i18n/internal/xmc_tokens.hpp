@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "orva/i18n/load_error.hpp"
-#include "orva/internal/xml/view_tokens.hpp"
+#include "orva/internal/xml_view_tokens.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 #include "orva/strings/ustring.hpp"
 

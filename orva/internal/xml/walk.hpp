@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "orva/internal/xml/scanner.hpp"
-#include "orva/parser/name_list.hpp"
+#include "orva/internal/xml/name_list.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::parser::_private {

@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "orva/internal/xml/walk.hpp"
-#include "orva/parser/name_list.hpp"
+#include "orva/internal/xml/name_list.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 #include "orva/strings/ustring.hpp"

@@ -1,4 +1,4 @@
-#include "orva/internal/xml/view_tokens.hpp"
+#include "orva/internal/xml_view_tokens.hpp"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "orva/parser/empty_node_queue.hpp"
+#include "orva/parser/internal/empty_node_queue.hpp"
 
 namespace ORVA_NAMESPACE::parser {
 

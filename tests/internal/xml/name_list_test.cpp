@@ -1,4 +1,4 @@
-#include "orva/parser/name_list.hpp"
+#include "orva/internal/xml/name_list.hpp"
 
 #include <gtest/gtest.h>
 
