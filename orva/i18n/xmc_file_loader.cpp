@@ -97,7 +97,7 @@ load_error xmc_file_loader::result_of(Read read, const ustring8& file) {
 }
 
 void xmc_file_loader::parse_text(const ustring8& text) {
-  parser::_private::xml_view_tokens tokens;
+  internal::xml_view_tokens tokens;
   const xml_parser::parse_error error = tokens.parse(text);
   if (error.type != xml_parser::parse_error::no_error) throw load_error(load_error::xml_parse_error, error);
   parse_document(tokens.begin(), tokens.end());

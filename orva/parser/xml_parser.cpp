@@ -2,23 +2,28 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 
+#include "orva/internal/xml/failure.hpp"
+#include "orva/internal/xml/lexical_rules.hpp"
 #include "orva/internal/xml/scanner.hpp"
 #include "orva/internal/xml/walk.hpp"
 
 namespace ORVA_NAMESPACE::parser {
 
-/// What a walk finds, told to the parser's delegates. The text of an event is a copy, which costs no
+namespace xml = internal::xml;
+
+/// Passes the events of a walk to the parser's delegates. The text of an event is a copy, which costs no
 /// allocation once the strings have grown.
 class xml_parser::delegate_events {
  public:
   explicit delegate_events(const xml_parser& parser) : parser_(parser) {}
 
-  void element_start(std::string_view name) { tell(parser_.on_element_start, name); }
-  void element_end(std::string_view name) { tell(parser_.on_element_end, name); }
-  void character(std::string_view text) { tell(parser_.on_character, text); }
-  void space(std::string_view text) { tell(parser_.on_space, text); }
-  void comment(std::string_view text) { tell(parser_.on_comment, text); }
+  void element_start(std::string_view name) { call(parser_.on_element_start, name); }
+  void element_end(std::string_view name) { call(parser_.on_element_end, name); }
+  void character(std::string_view text) { call(parser_.on_character, text); }
+  void space(std::string_view text) { call(parser_.on_space, text); }
+  void comment(std::string_view text) { call(parser_.on_comment, text); }
 
   void attribute(std::string_view name, std::string_view value) {
     if (!parser_.on_attribute) return;
@@ -28,7 +33,7 @@ class xml_parser::delegate_events {
   }
 
  private:
-  void tell(const text_delegate& delegate, std::string_view text) {
+  void call(const text_delegate& delegate, std::string_view text) {
     if (!delegate) return;
     text_.assign(text);
     delegate(text_);
@@ -41,13 +46,31 @@ class xml_parser::delegate_events {
 
 namespace {
 
-/// Lets `scan` take what stands at `it`, and moves `it` behind it.
+using parse_error = xml_parser::parse_error;
+
+static_assert(int{parse_error::no_error} == xml::failure::no_error);
+static_assert(int{parse_error::unexpected_eof} == xml::failure::unexpected_eof);
+static_assert(int{parse_error::mismatched_end_element} == xml::failure::mismatched_end_element);
+static_assert(int{parse_error::no_root_element} == xml::failure::no_root_element);
+static_assert(int{parse_error::bad_header} == xml::failure::bad_header);
+static_assert(int{parse_error::unexpected_character} == xml::failure::unexpected_character);
+static_assert(int{parse_error::missing_quote} == xml::failure::missing_quote);
+static_assert(int{parse_error::unknown_entity} == xml::failure::unknown_entity);
+static_assert(int{parse_error::missing_equals} == xml::failure::missing_equals);
+static_assert(int{parse_error::attribute_redefined} == xml::failure::attribute_redefined);
+static_assert(int{parse_error::data_after_root} == xml::failure::data_after_root);
+
+/// Lets `scan` read a construct at `it`, and moves `it` to its end.
 template <typename Scan>
 strings::ustring8 take(xml_parser::iterator& it, xml_parser::iterator end, types::uint32& line, Scan scan) {
   const char* const first = std::to_address(it);
-  _private::xml_scanner scanner(first, std::to_address(end), line);
+  xml::document_scanner scanner(first, std::to_address(end), line);
   strings::ustring8 taken;
-  scan(scanner, taken);
+  try {
+    scan(scanner, taken);
+  } catch (xml::failure& found) {
+    throw std::move(found).as<parse_error>();
+  }
   it += scanner.position() - first;
   return taken;
 }
@@ -71,8 +94,8 @@ xml_parser::parse_error xml_parser::do_parse(iterator& it, iterator& end) const 
   line_ = 0;
   const char* const first = std::to_address(it);
   delegate_events events(*this);
-  _private::xml_walk walk(first, std::to_address(end), line_, open_elements_, seen_attributes_, events);
-  parse_error result = walk.document();
+  xml::document_walk walk(first, std::to_address(end), line_, open_elements_, seen_attributes_, events);
+  parse_error result = walk.document().as<parse_error>();
   it += walk.position() - first;
   return result;
 }
@@ -100,8 +123,6 @@ xml_parser::ustring8 xml_parser::parse_whitespace(iterator& it, iterator& end) c
   return take(it, end, line_, [](auto& scanner, ustring8& taken) { taken = scanner.white_space(); });
 }
 
-bool xml_parser::is_white_space(const iterator& it) const {
-  return _private::xml_scanner::is_white_space(*it);
-}
+bool xml_parser::is_white_space(const iterator& it) const { return xml::is_white_space(*it); }
 
 }  // namespace ORVA_NAMESPACE::parser

@@ -1,17 +1,17 @@
-/// `xml_parser`: an event parser for a small subset of XML that stands whole in memory.
-///
-/// It walks the bytes once, calls the delegates as it meets elements, attributes, text, white space and
-/// comments, and returns a `parse_error` that says how the walk ended. It builds nothing and keeps nothing of
-/// the text: the texts given to a delegate live until the delegate returns. `xml_token_stream` keeps the
-/// events as a list.
-///
-/// `parse` is const in name only: it writes scratch state, so one parser serves one thread at a time, and a
-/// delegate must not parse with the parser that called it. Delegates run on the caller's thread.
+/// `xml_parser`: an event parser for a small subset of XML, for documents that are whole in memory.
 ///
 ///     xml_parser parser;
 ///     parser.on_attribute = member_function_t<reader, void(const ustring8&, const ustring8&)>(&r, &reader::take);
 ///     const auto error = parser.parse("<?xml version='1.0'?><a b='1'/>");
 ///     if (error.type != xml_parser::parse_error::no_error) complain(error.line, error.data);
+///
+/// It reads the bytes once, calls a delegate for each element, attribute, text, white space and comment, and
+/// returns a `parse_error` that describes how the document ended. The texts that a delegate gets live until
+/// the delegate returns. `xml_token_stream` keeps the events as a list; `xml_stream_parser` reads files that
+/// are larger than memory.
+///
+/// `parse` is declared const but writes scratch state: one parser serves one thread at a time, and a delegate
+/// must not parse with the parser that called it. Delegates run on the caller's thread.
 ///
 /// The grammar:
 ///
@@ -21,7 +21,7 @@
 ///                  There is no : - or . in a name, and no byte of a multi-byte character unless the locale says so
 ///     values       within ' or ", the other quote being plain; < is refused; nothing is normalised
 ///     text         delivered in runs: two white-space characters in a row end a run and arrive as space
-///     CDATA        delivered as text, as it stands
+///     CDATA        delivered as text, unchanged
 ///     entities     &lt; &gt; &amp; &apos; &quot; and &nbsp;, which gives a plain space
 ///     references   &#65; and &#x41; give one byte, unencoded: &#233; is the byte 0xE9, also in UTF-8 text
 ///     not at all   document type declarations, processing instructions, namespaces
@@ -32,7 +32,9 @@
 ///     <a><!-- x --></a>   =>  start a, comment " x ", end a
 ///     <a>&lt;&#65;</a>    =>  start a, character "<A", end a
 ///
-/// Time and memory are in proportion to the text, whatever it holds, and nesting costs no stack.
+/// Time and memory are in proportion to the length of the text. Nesting costs no stack.
+///
+/// Edge cases: docs/edges.md#xml
 #pragma once
 
 #include <string>
@@ -56,25 +58,25 @@ class ORVA_API xml_parser {
   /// How a parse ended.
   struct ORVA_API parse_error {
     enum error_type {
-      no_error = 0,    ///< the text was walked to its end, and no element stays open
+      no_error = 0,    ///< the text was read to its end, and no element is open
       unexpected_eof,  ///< the text ends in a comment, CDATA section or end tag, or with elements open
       mismatched_end_element,  ///< an end tag names another element than the innermost open one, or none is
                                ///< open
-      no_root_element,         ///< the text ends in or right behind the header
+      no_root_element,         ///< the text ends in the header or directly after it
       bad_header,              ///< the text does not begin with <?xml, or the header holds < or > before ?>
       unexpected_character,    ///< a character that the grammar has no place for
       missing_quote,        ///< an attribute value does not start with a quote, or the text ends inside one
       unknown_entity,       ///< & followed by something that opens no known entity
-      missing_equals,       ///< no = behind an attribute's name
+      missing_equals,       ///< no = after an attribute's name
       attribute_redefined,  ///< an attribute's name comes twice in one start tag
       data_after_root,      ///< a second top-level element starts
     };
 
     error_type type = no_error;
-    /// The line feeds met as white space between and inside tags; those in text, comments, values and the
-    /// header are not counted. 0 on the first line, and also where the text was walked to its end.
+    /// The number of line feeds in the white space between and inside tags. Those in text, comments, values
+    /// and the header are not counted. 0 on the first line, and also if the text was read to its end.
     types::uint32 line = 0;
-    /// What it was about:
+    /// The text that the error is about:
     ///
     ///     unexpected_character                    that one character; empty if the text ended instead
     ///     mismatched_end_element                  the end tag's name; empty for />
@@ -93,69 +95,68 @@ class ORVA_API xml_parser {
   attribute_delegate on_attribute;
   /// Each run of text, its entities expanded, and each CDATA section as it stands.
   text_delegate on_character;
-  /// White space between tags and between runs of text; not that inside a tag, and not that behind the
+  /// White space between tags and between runs of text, but not inside a tag and not directly after the
   /// header.
   text_delegate on_space;
   /// The inner text of each comment.
   text_delegate on_comment;
 
-  /// A parser without delegates: an event whose delegate is empty is skipped.
+  /// A parser without delegates. An event whose delegate is empty is skipped.
   xml_parser();
-  /// Clones the delegates, which stay bound to what they were bound to, and copies the names that a failed
-  /// parse left behind.
+  /// Clones the delegates; the clones are bound to the same objects. Also copies the names of the elements
+  /// that a failed parse left open.
   xml_parser(const xml_parser& other);
   xml_parser& operator=(const xml_parser& other);
   ~xml_parser();
 
-  /// Walks the text and calls the delegates until its end or the first error; what was delivered is not
-  /// undone.
+  /// Reads the text and calls the delegates until its end or the first error.
   ///
-  /// A malformed text is told by the result and never thrown. What a delegate throws passes through, and so
-  /// does `exceptions::overflow_error` for a character reference above 255.
+  /// A malformed text is reported by the result, not by an exception. Exceptions of a delegate pass through,
+  /// and so does `exceptions::overflow_error` for a character reference above 255.
   ///
-  /// A parse that failed leaves its open elements behind, and the next one on the same object starts with
-  /// them: its end tags will mismatch. Parse anew with a fresh parser.
-  parse_error parse(const ustring8& text) const;
+  /// A parse that failed leaves its elements open, and the next one on the same object starts with them: its
+  /// end tags will not match. Use a new parser after a failure.
+  [[nodiscard]] parse_error parse(const ustring8& text) const;
   /// The same for a range of a byte string. Reads nothing outside [first, last).
-  parse_error parse(iterator first, iterator last) const;
+  [[nodiscard]] parse_error parse(iterator first, iterator last) const;
 
  protected:
-  // The scanners of the grammar, for parsers that derive from this one. Each takes the position `it` and the
-  // end of the text and moves `it`; a malformed text throws a `parse_error`, and `it` is then where it was.
+  // The scanners of the grammar, for classes that derive from this one. Each takes the position `it` and the
+  // end of the text, and moves `it`. A malformed text throws a `parse_error` and leaves `it` unchanged.
 
-  /// The whole walk. `it` ends where the walk ended.
+  /// Reads the whole document. `it` ends where reading ended.
   parse_error do_parse(iterator& it, iterator& end) const;
 
   /// A name. `it` ends on its last character.
-  /// Throws `unexpected_character` if no letter stands at `it`.
+  /// Throws `unexpected_character` if there is no letter at `it`.
   ustring8 parse_name(iterator& it, iterator& end) const;
 
   /// A value from its opening quote on. `it` ends on the closing quote, or at the end of the text, which is
-  /// no error here. Throws `missing_quote` if no quote stands at `it`, `unexpected_character` for a <, and
+  /// no error here. Throws `missing_quote` if there is no quote at `it`, `unexpected_character` for a <, and
   /// what `parse_character` throws.
   ustring8 parse_attrib_value(iterator& it, iterator& end) const;
 
-  /// The one byte that an entity or a character reference stands for. `it` goes from the & to the semicolon.
+  /// The one byte that an entity or a character reference gives. `it` goes from the & to the semicolon.
   ///
   ///     &#65;  &#x41;      =>  "A"
   ///     &#;                =>  a zero byte: no digits are read as 0
   ///     &#256;             =>  throws exceptions::overflow_error
   ///     &#12x  &#X41;      =>  throws unexpected_character with the character that is no digit
-  ///     &amx;  &lx;  &l    =>  throws unexpected_character with the second character behind the &
+  ///     &amx;  &lx;  &l    =>  throws unexpected_character with the second character after the &
   ///     &foo;  &           =>  throws unknown_entity
   ustring8 parse_character(iterator& it, iterator& end) const;
 
-  /// White space, which may be none. `it` ends behind it. Each line feed counts as a line.
+  /// White space, which may be empty. `it` ends after it. Each line feed counts as a line.
   ustring8 parse_whitespace(iterator& it, iterator& end) const;
 
-  /// True for space, tab, carriage return and line feed. REQUIRES: `it` stands on a character.
+  /// True for space, tab, carriage return and line feed. REQUIRES: `it` is not the end of the text.
   bool is_white_space(const iterator& it) const;
 
  private:
   class delegate_events;
 
-  mutable _private::name_list open_elements_;
-  mutable _private::name_set seen_attributes_;
+  mutable internal::xml::name_list open_elements_;
+  mutable internal::xml::name_set seen_attributes_;
   mutable types::uint32 line_ = 0;
 };
 

@@ -1,6 +1,7 @@
 #include "orva/parser/xml_token_stream.hpp"
 
 #include "orva/functor/member_function.hpp"
+#include "orva/internal/xml/token_events.hpp"
 
 namespace ORVA_NAMESPACE::parser {
 
@@ -41,39 +42,19 @@ xml_parser::parse_error xml_token_stream::parse(xml_parser::iterator first, xml_
   return parser_.parse(first, last);
 }
 
-void xml_token_stream::on_element_start(const ustring8& name) {
-  close_start_tag();
-  tokens_.emplace_back(token::element_start, name);
-  start_tag_closed_ = false;
+/// The rule for tokens, which writes to this list.
+auto xml_token_stream::events() {
+  const auto add = [this](token::token_type type, const ustring8& text) { tokens_.emplace_back(type, text); };
+  return internal::xml::token_events<token, decltype(add)>(start_tag_closed_, add);
 }
 
-void xml_token_stream::on_element_end(const ustring8& name) {
-  close_start_tag();
-  tokens_.emplace_back(token::element_end, name);
-}
-
+void xml_token_stream::on_element_start(const ustring8& name) { events().element_start(name); }
+void xml_token_stream::on_element_end(const ustring8& name) { events().element_end(name); }
+void xml_token_stream::on_space(const ustring8& text) { events().space(text); }
+void xml_token_stream::on_character(const ustring8& text) { events().character(text); }
+void xml_token_stream::on_comment(const ustring8& text) { events().comment(text); }
 void xml_token_stream::on_attribute(const ustring8& name, const ustring8& value) {
-  tokens_.emplace_back(token::attribute_name, name);
-  tokens_.emplace_back(token::attribute_value, value);
-}
-
-void xml_token_stream::on_space(const ustring8& text) {
-  close_start_tag();
-  tokens_.emplace_back(token::space, text);
-}
-
-void xml_token_stream::on_character(const ustring8& text) {
-  close_start_tag();
-  tokens_.emplace_back(token::character, text);
-}
-
-// A comment may stand anywhere, and leaves a start tag as it is.
-void xml_token_stream::on_comment(const ustring8& text) { tokens_.emplace_back(token::comment, text); }
-
-void xml_token_stream::close_start_tag() {
-  if (start_tag_closed_) return;
-  tokens_.emplace_back(token::start_tag_end);
-  start_tag_closed_ = true;
+  events().attribute(name, value);
 }
 
 }  // namespace ORVA_NAMESPACE::parser

@@ -1,15 +1,21 @@
 /// `xml_token_stream`: the events of `xml_parser` as one flat list of tokens, for a reader that walks them
 /// with iterators.
 ///
-/// It owns its parser and its tokens; iterators stay valid until the stream is assigned to or destroyed, also
-/// while a second `parse` appends. The whole document lives in memory as tokens, so this is for documents of
-/// the size of a message catalog. One object belongs to one thread at a time.
+///     xml_token_stream tokens;
+///     if (tokens.parse(text).type != xml_parser::parse_error::no_error) return;
+///     for (const auto& token : tokens) take(token.type(), token.value());
+///
+/// It owns its parser and its tokens. Iterators stay valid until the stream is assigned to or destroyed, also
+/// while a second `parse` appends. The whole document is in memory as tokens, so this is for documents of the
+/// size of a message catalog. One object belongs to one thread at a time.
 ///
 ///     <a x="1"><b/>t</a>  =>  element_start "a", attribute_name "x", attribute_value "1", start_tag_end,
 ///                             element_start "b", start_tag_end, element_end "b", character "t", element_end "a"
 ///
-/// `start_tag_end` is made here, as the events do not tell it: it stands in front of the first event that is
-/// no attribute. Only a comment leaves it waiting, so a comment right behind a start tag comes before it.
+/// `start_tag_end` is no event of the parser. It comes before the first event that is neither an attribute
+/// nor a comment, so that a comment directly after a start tag comes before it.
+///
+/// Edge cases: docs/edges.md#xml
 #pragma once
 
 #include <list>
@@ -35,7 +41,7 @@ class ORVA_API xml_token_stream {
       element_end,        ///< the element's name
       attribute_name,     ///< the attribute's name; its `attribute_value` is the next token
       attribute_value,    ///< the value, entities expanded
-      start_tag_end,      ///< empty: the attributes of the last element_start are over
+      start_tag_end,      ///< empty; the last element_start has no further attributes
       comment,            ///< the inner text
       space,              ///< the white space
       character,          ///< a run of text, or a CDATA section
@@ -45,7 +51,7 @@ class ORVA_API xml_token_stream {
 
     token_type type() const noexcept { return type_; }
     const ustring8& value() const noexcept { return value_; }
-    /// Open to a reader that takes the text over instead of copying it.
+    /// For a reader that moves the text out instead of copying it.
     ustring8& value() noexcept { return value_; }
 
     bool operator==(const token& other) const { return type_ == other.type_ && value_ == other.value_; }
@@ -66,10 +72,10 @@ class ORVA_API xml_token_stream {
   xml_token_stream& operator=(const xml_token_stream& other);
   ~xml_token_stream();
 
-  /// Appends the tokens of the text to the list and returns how the parse ended. After an error the tokens in
-  /// front of it are in the list. What `xml_parser::parse` throws passes through.
-  xml_parser::parse_error parse(const ustring8& text);
-  xml_parser::parse_error parse(xml_parser::iterator first, xml_parser::iterator last);
+  /// Appends the tokens of the text to the list and returns how the parse ended. After an error the tokens
+  /// before it are in the list. Throws what `xml_parser::parse` throws.
+  [[nodiscard]] xml_parser::parse_error parse(const ustring8& text);
+  [[nodiscard]] xml_parser::parse_error parse(xml_parser::iterator first, xml_parser::iterator last);
 
   iterator begin() noexcept { return tokens_.begin(); }
   iterator end() noexcept { return tokens_.end(); }
@@ -86,11 +92,11 @@ class ORVA_API xml_token_stream {
   void on_comment(const ustring8& text);
 
  private:
-  void close_start_tag();
+  auto events();
 
   bool start_tag_closed_ = true;
-  // Tokens come by the hundred thousand and go all at once, so that each having memory of its own would be
-  // most of the work.
+  // There may be a hundred thousand tokens, which are freed together. An allocation for each would take most
+  // of the time.
   std::pmr::monotonic_buffer_resource memory_;
   token_list tokens_{&memory_};
   xml_parser parser_;

@@ -2,19 +2,19 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "orva/exceptions/exception.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
+using ORVA_NAMESPACE::internal::view_token;
+using ORVA_NAMESPACE::internal::xml_view_tokens;
 using ORVA_NAMESPACE::parser::xml_parser;
 using ORVA_NAMESPACE::parser::xml_token_stream;
-using ORVA_NAMESPACE::parser::_private::view_token;
-using ORVA_NAMESPACE::parser::_private::xml_view_tokens;
 
 /// How a parse ended, and the tokens in front of that.
 struct outcome {
@@ -78,9 +78,7 @@ TEST(xml_view_tokens, end_where_the_stream_ends_when_the_document_is_cut_anywher
 }
 
 TEST(xml_view_tokens, changed_documents_are_read_as_the_stream_reads_them) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const std::string pieces = "<>/=&;'\"!-[]?# \n\tax1_\xC3";
   for (int run = 0; run < 3000; ++run) {
     std::string text(document);

@@ -1,12 +1,15 @@
 #include "orva/parser/xml_stream_parser.hpp"
+#include "orva/exceptions/exception.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cstddef>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "orva/exceptions/exception.hpp"
 #include "tests/support/xml_stream_feed.hpp"
 #include "tests/support/xml_stream_file.hpp"
 #include "tests/support/xml_stream_transcript.hpp"
@@ -275,6 +278,14 @@ TEST(xml_stream_parser, lines_in_front_of_the_header_count) {
   xml_stream_parser parser(file.path(), 1);
   parser.parse();
   EXPECT_EQ(parser.node_queue_front().line(), 4u);
+}
+
+TEST(xml_stream_parser, fatal_error_keeps_the_exception_that_caused_it) {
+  feed broken("<r><a>&#999;</a></r>");
+  EXPECT_EQ(broken.parser.cause(), nullptr);
+  EXPECT_EQ(broken.parser.parse(), xml_stream_parser::fatal_error);
+  ASSERT_NE(broken.parser.cause(), nullptr);
+  EXPECT_THROW(std::rethrow_exception(broken.parser.cause()), ORVA_NAMESPACE::exceptions::overflow_error);
 }
 
 // The header.

@@ -148,7 +148,9 @@ class reference_xml_stream {
     if (finished()) return false;
     const std::size_t before = read_;
     read_ = window_ < text_.size() - mark_ ? mark_ + window_ : text_.size();
-    return read_ > before;
+    if (read_ == before) return false;
+    at_ = mark_;
+    return true;
   }
 
   bool find_start_tag(const std::list<std::string>& tags) {

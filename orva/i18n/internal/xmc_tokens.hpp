@@ -13,7 +13,7 @@ namespace ORVA_NAMESPACE::i18n::_private::xmc {
 
 using token = parser::xml_token_stream::token;
 using token_iterator = parser::xml_token_stream::iterator;
-using view_iterator = parser::_private::xml_view_tokens::iterator;
+using view_iterator = internal::xml_view_tokens::iterator;
 
 template <typename Iterator>
 bool is_type(Iterator it, Iterator end, token::token_type type) {

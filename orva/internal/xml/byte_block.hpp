@@ -1,8 +1,12 @@
-/// Eight bytes of text looked at in one step, for scanners that skip what is of no interest to them.
+/// `byte_block`: eight bytes of text that are searched in one step, for scanners that skip plain text.
 ///
-/// Internal: not installed. A question is answered by a set of places in the block; sets are joined with |,
-/// and the first place of a set is exact. Behind a place that is in a set, the next may be in it without
-/// reason.
+/// Internal: not installed. A search gives the set of places where a byte was found; sets are joined with |.
+/// The first place of a set is exact. Places after it may be wrong: a borrow of the subtraction marks a byte
+/// that was not searched for.
+///
+///     const byte_block block(text);
+///     const auto ends = block.of('<') | block.of('&');
+///     if (!ends.empty()) text += ends.first();
 #pragma once
 
 #include <bit>
@@ -12,7 +16,7 @@
 
 #include "orva/version.hpp"
 
-namespace ORVA_NAMESPACE::parser::_private {
+namespace ORVA_NAMESPACE::internal::xml {
 
 class byte_block {
  public:
@@ -47,7 +51,7 @@ class byte_block {
     return places((zero_where_equal - ones) & ~zero_where_equal & high_bits);
   }
 
-  /// Where a space or control character has another one behind it in the block.
+  /// Where a space or control character is followed by another one in the block.
   places of_two_blanks_in_a_row() const noexcept {
     const std::uint64_t above_space = ((bytes_ & ~high_bits) + ones * (0x7F - ' ')) | bytes_;
     const std::uint64_t blanks = ~above_space & high_bits;
@@ -68,4 +72,4 @@ class byte_block {
   std::uint64_t bytes_;
 };
 
-}  // namespace ORVA_NAMESPACE::parser::_private
+}  // namespace ORVA_NAMESPACE::internal::xml

@@ -1,8 +1,9 @@
-/// The collections of names that the parsers keep while they walk a document. Not for use on their own.
+/// The collections of names that the parsers keep while they walk a document. Internal: installed because a
+/// parser has them as members.
 ///
-/// A name is a string of its own or, where the document outlives the collections, a view into it. Both keep
-/// the memory of some names that were taken off for the names that follow, since a document opens and closes
-/// elements by the thousand. One object belongs to one thread.
+/// A name is a string of its own or, where the document outlives the collections, a view into it. Both
+/// collections reuse the memory of names that were removed, since a document opens and closes elements by the
+/// thousand. One object belongs to one thread.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +15,7 @@
 
 #include "orva/strings/ustring.hpp"
 
-namespace ORVA_NAMESPACE::parser::_private {
+namespace ORVA_NAMESPACE::internal::xml {
 
 /// A stack of names.
 template <typename Name>
@@ -38,7 +39,7 @@ class basic_name_list {
   void pop_back() noexcept {
     if (empty()) return;
     --size_;
-    if (size_ >= kept) names_.pop_back();
+    if (size_ >= reused_names) names_.pop_back();
   }
 
   void clear() noexcept {
@@ -46,17 +47,16 @@ class basic_name_list {
   }
 
  private:
-  /// As many names keep their memory; a document that nests deeper than most gives the rest back.
-  static constexpr std::size_t kept = 64;
+  /// So many names keep their memory. A document that nests deeper than most gives the rest back.
+  static constexpr std::size_t reused_names = 64;
 
-  // The first `size_` are the list; behind them stands only memory.
+  // The first `size_` are the list; the others are memory to reuse.
   std::deque<Name> names_;
   std::size_t size_ = 0;
 };
 
-/// A set of names. The first few stand side by side and are searched from end to end, which is all that most
-/// start tags need; only what comes behind them pays for a tree, so that a tag of a million attributes stays
-/// cheap.
+/// A set of names. The first few are in an array, which is searched from end to end; most start tags need no
+/// more. The others are in a tree, so that a tag of a million attributes stays cheap.
 template <typename Name>
 class basic_name_set {
  public:
@@ -76,7 +76,7 @@ class basic_name_set {
   }
 
  private:
-  // The first `listed_` are in the set; behind them stands only memory.
+  // The first `listed_` are in the set; the others are memory to reuse.
   std::array<Name, 16> first_;
   std::size_t listed_ = 0;
   std::set<Name> rest_;
@@ -85,4 +85,4 @@ class basic_name_set {
 using name_list = basic_name_list<strings::ustring8>;
 using name_set = basic_name_set<strings::ustring8>;
 
-}  // namespace ORVA_NAMESPACE::parser::_private
+}  // namespace ORVA_NAMESPACE::internal::xml

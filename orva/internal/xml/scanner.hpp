@@ -1,39 +1,31 @@
-/// The scanners of the grammar that `xml_parser` reads, each under the name of its construct.
+/// `document_scanner`: reads the constructs of the grammar of `xml_parser`, one function for each.
 ///
-/// Internal: not installed. A scanner stands on a position of the text and moves behind what it took. It
-/// never reads at the end of the text: where a construct is cut off there, it fails with no character to
-/// show.
+/// Internal: not installed. A scanner is at a position of the text and moves to the end of what it took. It
+/// never reads past the end of the text: a construct that is cut off there fails without a character to show.
 #pragma once
 
-#include <algorithm>
-#include <array>
 #include <cstddef>
-#include <cstdint>
 #include <cstring>
 #include <string_view>
 #include <utility>
 
-#include "orva/generic/convert/str_to_x.hpp"
-#include "orva/internal/text/character_class.hpp"
 #include "orva/internal/xml/byte_block.hpp"
-#include "orva/parser/xml_parser.hpp"
+#include "orva/internal/xml/failure.hpp"
+#include "orva/internal/xml/lexical_rules.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_NAMESPACE::parser::_private {
+namespace ORVA_NAMESPACE::internal::xml {
 
-class xml_scanner {
+class document_scanner {
  public:
   using ustring8 = strings::ustring8;
-  using parse_error = xml_parser::parse_error;
 
-  /// `line` is counted on, and told by failures.
-  xml_scanner(const char* first, const char* last, types::uint32& line) noexcept
+  /// `line` counts the line feeds in white space; failures report it.
+  document_scanner(const char* first, const char* last, types::uint32& line) noexcept
       : at_(first), end_(last), line_(line) {}
 
   const char* position() const noexcept { return at_; }
-
-  static constexpr bool is_white_space(char c) { return is(white, c); }
 
   std::string_view white_space() {
     const char* at = at_;
@@ -41,22 +33,22 @@ class xml_scanner {
     types::uint32 feeds = 0;
     for (; at != end_ && is_white_space(*at); ++at) feeds += *at == '\n' ? 1 : 0;
     line_ += feeds;
-    return between(std::exchange(at_, at), at);
+    return take_up_to(at);
   }
 
   std::string_view name() {
     const char* at = at_;
-    if (at == end_ || !internal::character_class::isalpha(*at)) fail_at(at);
-    while (++at != end_ && is_name_character(*at)) {
+    if (at == end_ || !is_document_name_start(*at)) fail_at(at);
+    while (++at != end_ && is_document_name_character(*at)) {
     }
-    return between(std::exchange(at_, at), at);
+    return take_up_to(at);
   }
 
-  // What entities are expanded in is put together in `expanded`; what has none is shown where it stands.
+  // A text with entities is put together in `expanded`; one without is returned as a view of the document.
 
   /// From the opening quote to the closing one, or to the end of the text.
   std::string_view attribute_value(ustring8& expanded) {
-    if (at_end() || !is_quote(*at_)) fail(parse_error::missing_quote);
+    if (at_end() || !is_quote(*at_)) fail(failure::missing_quote);
     const char quote = *at_++;
     const std::string_view plain = plain_value(quote);
     if (at_end() || *at_ == quote) return plain;
@@ -81,60 +73,38 @@ class xml_scanner {
     return expanded;
   }
 
-  /// The byte that an entity or a character reference stands for.
+  /// The byte that an entity or a character reference gives.
   char character() {
     if (at_end() || *at_ != '&') fail_at(at_);
-    if (starts_with("&#x")) return character_reference(3, types::radix_t::hexadecimal);
-    if (starts_with("&#")) return character_reference(2, types::radix_t::decimal);
-    return named_entity();
+    return starts_with("&#") ? numbered_character() : named_character();
   }
 
-  [[noreturn]] void fail(parse_error::error_type type, std::string_view data = {}) const {
-    throw parse_error{type, line_, ustring8(data)};
+  [[noreturn]] void fail(failure::error_type type, std::string_view data = {}) const {
+    throw failure{type, line_, ustring8(data)};
   }
 
   /// An unexpected character, which is none if the text ended instead.
   [[noreturn]] void fail_at(const char* place) const {
-    fail(parse_error::unexpected_character, {place, place < end_ ? 1u : 0u});
+    fail(failure::unexpected_character, {place, place < end_ ? 1u : 0u});
   }
 
  protected:
   bool at_end() const noexcept { return at_ == end_; }
   char current() const noexcept { return *at_; }
   void step(std::size_t count = 1) noexcept { at_ += count; }
-  std::string_view rest() const noexcept { return between(at_, end_); }
+  std::string_view rest() const noexcept { return {at_, remaining(at_)}; }
   /// With a literal the comparison is one of constants.
   bool starts_with(std::string_view opener) const noexcept {
     return remaining(at_) >= opener.size() && std::memcmp(at_, opener.data(), opener.size()) == 0;
   }
 
  private:
-  static std::string_view between(const char* first, const char* last) noexcept {
+  std::string_view take_up_to(const char* last) noexcept {
+    const char* const first = std::exchange(at_, last);
     return {first, static_cast<std::size_t>(last - first)};
   }
 
-  enum byte_class : std::uint8_t { white = 1, in_name = 2, may_end_text = 4, may_end_value = 8 };
-
-  static constexpr auto classes = [] {
-    std::array<std::uint8_t, 256> table{};
-    const auto add = [&table](std::string_view bytes, unsigned int in) {
-      for (const char byte : bytes) table[static_cast<unsigned char>(byte)] |= static_cast<std::uint8_t>(in);
-    };
-    add(" \t\r\n", white | may_end_text);
-    add("<&", may_end_text | may_end_value);
-    add("'\"", may_end_value);
-    add("ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789_", in_name);
-    return table;
-  }();
-
-  static constexpr bool is(byte_class expected, char c) {
-    return (classes[static_cast<unsigned char>(c)] & expected) != 0;
-  }
-
-  /// Below 128 the table answers; the rest is the locale's.
-  static bool is_name_character(char c) {
-    return is(in_name, c) || (static_cast<unsigned char>(c) >= 128 && internal::character_class::isalnum(c));
-  }
+  std::size_t remaining(const char* at) const noexcept { return static_cast<std::size_t>(end_ - at); }
 
   /// Up to the closing quote, a < or an &.
   std::string_view plain_value(char quote) {
@@ -142,16 +112,17 @@ class xml_scanner {
     for (; remaining(at) >= byte_block::size; at += byte_block::size) {
       const byte_block block(at);
       const auto ends = block.of(quote) | block.of('<') | block.of('&');
-      if (!ends.empty()) return between(std::exchange(at_, at + ends.first()), at + ends.first());
+      if (!ends.empty()) return take_up_to(at + ends.first());
     }
-    while (at != end_ && (!is(may_end_value, *at) || (*at != quote && is_quote(*at)))) ++at;
-    return between(std::exchange(at_, at), at);
+    const unsigned int ends = markup | (quote == '"' ? double_quote : single_quote);
+    while (at != end_ && !is_in(*at, ends)) ++at;
+    return take_up_to(at);
   }
 
   /// Up to a <, an & or the first of two white-space characters.
   std::string_view plain_text() {
     const char* at = at_;
-    // The last byte of a block is looked at again as the first of the next: a pair may lie across both.
+    // The last byte of a block is also the first of the next one: a pair may lie across both.
     for (; remaining(at) >= byte_block::size; at += byte_block::size - 1) {
       const byte_block block(at);
       const auto ends = block.of('<') | block.of('&') | block.of_two_blanks_in_a_row();
@@ -159,47 +130,34 @@ class xml_scanner {
       at += ends.first();
       break;
     }
-    while (at != end_ && (!is(may_end_text, *at) || is_lone_white_space(at))) ++at;
-    return between(std::exchange(at_, at), at);
+    while (at != end_ && (!is_in(*at, markup | byte_class::white_space) || is_lone_white_space(at))) ++at;
+    return take_up_to(at);
   }
 
-  std::size_t remaining(const char* at) const noexcept { return static_cast<std::size_t>(end_ - at); }
-
-  static constexpr bool is_quote(char c) { return c == '\'' || c == '"'; }
   bool is_lone_white_space(const char* at) const {
     return is_white_space(*at) && (remaining(at) == 1 || !is_white_space(at[1]));
   }
 
-  char character_reference(std::size_t opener, types::radix_t::base radix) {
-    const char* const digits = at_ + opener;
-    const char* const last = std::find_if_not(digits, end_, [radix](char c) {
-      return radix == types::radix_t::hexadecimal ? internal::character_class::isxdigit(c)
-                                                  : internal::character_class::isdigit(c);
-    });
-    if (last == end_ || *last != ';') fail_at(last);
-    // Without digits the reader takes the semicolon for the first unit, and no digit reads as 0.
-    const auto value =
-        generic::convert::str_to_uint8(digits, static_cast<std::size_t>(last - digits), radix, true);
-    at_ = last + 1;
-    return static_cast<char>(value);
+  char numbered_character() {
+    const character_reference reference(rest());
+    if (!reference.is_closed()) fail_at(reference.end_of_digits());
+    const char value = reference.value();
+    at_ = reference.end_of_digits() + 1;
+    return value;
   }
 
-  char named_entity() {
-    struct entity {
-      std::string_view text;
-      char value;
-    };
-    static constexpr std::array<entity, 6> entities{
-        {{"&lt;", '<'}, {"&gt;", '>'}, {"&amp;", '&'}, {"&apos;", '\''}, {"&quot;", '"'}, {"&nbsp;", ' '}}};
-    bool opens_one = false;
-    for (const auto& [text, value] : entities) {
+  /// The first letter decides between an unknown entity and a wrong character in a known one, and the
+  /// character shown is the second one.
+  char named_character() {
+    bool has_known_letter = false;
+    for (const auto& [text, value, letters] : named_entities) {
       if (starts_with(text)) {
         step(text.size());
         return value;
       }
-      opens_one = opens_one || starts_with(text.substr(0, 2));
+      has_known_letter = has_known_letter || starts_with(letters.substr(0, 2));
     }
-    if (!opens_one) fail(parse_error::unknown_entity);
+    if (!has_known_letter) fail(failure::unknown_entity);
     fail_at(at_ + 2);
   }
 
@@ -208,4 +166,4 @@ class xml_scanner {
   types::uint32& line_;
 };
 
-}  // namespace ORVA_NAMESPACE::parser::_private
+}  // namespace ORVA_NAMESPACE::internal::xml

@@ -1,4 +1,5 @@
-/// The walk over a document that `xml_parser` makes, for readers that take its events without delegates.
+/// `document_walk`: the walk over a document that `xml_parser` makes, for readers that take its events
+/// without delegates.
 ///
 /// Internal: not installed.
 #pragma once
@@ -6,52 +7,56 @@
 #include <cstddef>
 #include <string_view>
 
-#include "orva/internal/xml/scanner.hpp"
+#include "orva/internal/xml/failure.hpp"
 #include "orva/internal/xml/name_list.hpp"
+#include "orva/internal/xml/scanner.hpp"
+#include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_NAMESPACE::parser::_private {
+namespace ORVA_NAMESPACE::internal::xml {
 
-/// One walk over a document: the scanners, and what they find told to `Events`, which has a member function
-/// for each event. The texts given to them stand in the document, or are gone with the next event if entities
-/// were expanded.
+/// One walk over a document. It calls a member function of `Events` for each event. A text that these get is
+/// a view of the document, or, if entities were expanded, of a buffer that the next event overwrites.
 template <typename Name, typename Events>
-class xml_walk : public xml_scanner {
+class document_walk : public document_scanner {
  public:
-  /// Starts with the names that an earlier walk left, and leaves those that it cannot finish.
-  xml_walk(const char* first, const char* last, types::uint32& line, basic_name_list<Name>& open,
-           basic_name_set<Name>& seen_attributes, Events& events)
-      : xml_scanner(first, last, line), open_(open), seen_attributes_(seen_attributes), events_(events) {}
+  /// Starts with the names that an earlier walk left open, and leaves those that it does not close.
+  document_walk(const char* first, const char* last, types::uint32& line, basic_name_list<Name>& open,
+                basic_name_set<Name>& seen_attributes, Events& events)
+      : document_scanner(first, last, line),
+        open_(open),
+        seen_attributes_(seen_attributes),
+        events_(events) {}
 
-  parse_error document() {
+  failure document() {
     try {
       skip_byte_order_mark();
       header();
       while (!at_end()) construct();
-    } catch (const parse_error& error) {
-      return error;
+    } catch (const failure& found) {
+      return found;
     }
-    return {open_.empty() ? parse_error::no_error : parse_error::unexpected_eof, 0, {}};
+    return {open_.empty() ? failure::no_error : failure::unexpected_eof, 0, {}};
   }
 
  private:
-  /// Whatever the three bytes are: only what follows them is looked at.
+  /// Any three bytes are skipped; only the byte after them is tested.
   void skip_byte_order_mark() {
     if (rest().size() >= 4 && rest()[3] == '<') step(3);
   }
 
   void header() {
     constexpr std::string_view opener = "<?xml";
-    if (!starts_with(opener)) fail(parse_error::bad_header);
+    if (!starts_with(opener)) fail(failure::bad_header);
     step(opener.size());
     while (!starts_with("?>")) {
-      if (at_end()) fail(parse_error::no_root_element);
-      if (current() == '<' || current() == '>') fail(parse_error::bad_header);
+      if (at_end()) fail(failure::no_root_element);
+      if (current() == '<' || current() == '>') fail(failure::bad_header);
       step();
     }
     step(2);
     white_space();
-    if (at_end()) fail(parse_error::no_root_element);
+    if (at_end()) fail(failure::no_root_element);
   }
 
   void construct() {
@@ -74,31 +79,31 @@ class xml_walk : public xml_scanner {
     start_tag();
   }
 
-  /// The closing > is left to `end_of_tag`, so that white space may stand before it.
+  /// The closing > is left to `end_of_tag`, so that white space may come before it.
   void end_tag() {
     step(2);
     const auto closed = name();
-    if (open_.empty() || open_.back() != closed) fail(parse_error::mismatched_end_element, closed);
+    if (open_.empty() || open_.back() != closed) fail(failure::mismatched_end_element, closed);
     open_.pop_back();
-    if (at_end()) fail(parse_error::unexpected_eof);
+    if (at_end()) fail(failure::unexpected_eof);
     events_.element_end(closed);
   }
 
   void comment() { events_.comment(section(4, "-->")); }
   void character_data() { events_.character(section(9, "]]>")); }
 
-  /// Whatever stands between an opener of that length and the closer.
+  /// The text between an opener of that length and the closer.
   std::string_view section(std::size_t opener, std::string_view closer) {
     const auto inner = rest().substr(opener);
     const auto length = inner.find(closer);
-    if (length == inner.npos) fail(parse_error::unexpected_eof);
+    if (length == inner.npos) fail(failure::unexpected_eof);
     step(opener + length + closer.size());
     in_tag_ = false;
     return inner.substr(0, length);
   }
 
   void start_tag() {
-    if (open_.empty() && root_seen_) fail(parse_error::data_after_root);
+    if (open_.empty() && root_seen_) fail(failure::data_after_root);
     step();
     const auto opened = name();
     open_.push_back(opened);
@@ -116,7 +121,7 @@ class xml_walk : public xml_scanner {
   void end_of_empty_element() {
     step();
     if (at_end() || current() != '>') fail_at(position());
-    if (open_.empty()) fail(parse_error::mismatched_end_element);
+    if (open_.empty()) fail(failure::mismatched_end_element);
     events_.element_end(open_.back());
     in_tag_ = false;
     open_.pop_back();
@@ -127,13 +132,13 @@ class xml_walk : public xml_scanner {
   /// A value that the end of the text cuts off is delivered before it fails.
   void attribute() {
     const auto attribute = name();
-    if (!seen_attributes_.insert(attribute)) fail(parse_error::attribute_redefined, attribute);
+    if (!seen_attributes_.insert(attribute)) fail(failure::attribute_redefined, attribute);
     white_space();
-    if (at_end() || current() != '=') fail(parse_error::missing_equals, attribute);
+    if (at_end() || current() != '=') fail(failure::missing_equals, attribute);
     step();
     white_space();
     events_.attribute(attribute, attribute_value(expanded_));
-    if (at_end()) fail(parse_error::missing_quote, attribute);
+    if (at_end()) fail(failure::missing_quote, attribute);
     step();
   }
 
@@ -147,4 +152,4 @@ class xml_walk : public xml_scanner {
   ustring8 expanded_;
 };
 
-}  // namespace ORVA_NAMESPACE::parser::_private
+}  // namespace ORVA_NAMESPACE::internal::xml

@@ -1,4 +1,6 @@
-/// `EmptyNodeQueue`: what `xml_stream_parser` throws at whoever asks an empty queue for a node.
+/// `EmptyNodeQueue`: the exception of `xml_stream_parser` when a node is asked for and none can be taken.
+///
+/// Internal: installed because the parser's header includes it, which is what a user includes.
 #pragma once
 
 #include <exception>

@@ -3,12 +3,13 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <random>
 #include <string>
+
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
-using ORVA_NAMESPACE::parser::_private::byte_block;
+using ORVA_NAMESPACE::internal::xml::byte_block;
 
 /// The length of the text if there are none.
 std::size_t plainly_two_blanks(const std::string& bytes) {
@@ -71,9 +72,7 @@ TEST(byte_block, blanks_are_told_from_every_other_pair_in_every_place) {
 }
 
 TEST(byte_block, random_blocks_are_as_the_plain_loop_says) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for (int run = 0; run < 100000; ++run) {
     std::string bytes(byte_block::size, '\0');
     // Few different bytes, so that neighbours that are alike come up.

@@ -6,8 +6,8 @@
 
 namespace {
 
-using ORVA_NAMESPACE::parser::_private::name_list;
-using ORVA_NAMESPACE::parser::_private::name_set;
+using ORVA_NAMESPACE::internal::xml::name_list;
+using ORVA_NAMESPACE::internal::xml::name_set;
 
 std::string name_of(int number) { return "a_name_too_long_for_the_string_itself_" + std::to_string(number); }
 

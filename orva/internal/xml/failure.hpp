@@ -1,0 +1,40 @@
+/// `failure`: why the walk over a document stopped. Its numbers are those of `xml_parser::parse_error`, which
+/// describes them.
+///
+/// Internal: not installed.
+#pragma once
+
+#include <utility>
+
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_NAMESPACE::internal::xml {
+
+struct failure {
+  enum error_type {
+    no_error = 0,
+    unexpected_eof,
+    mismatched_end_element,
+    no_root_element,
+    bad_header,
+    unexpected_character,
+    missing_quote,
+    unknown_entity,
+    missing_equals,
+    attribute_redefined,
+    data_after_root,
+  };
+
+  error_type type = no_error;
+  types::uint32 line = 0;
+  strings::ustring8 data;
+
+  /// The same as a struct of the parser.
+  template <typename Error>
+  Error as() && {
+    return Error{static_cast<typename Error::error_type>(type), line, std::move(data)};
+  }
+};
+
+}  // namespace ORVA_NAMESPACE::internal::xml

@@ -1,0 +1,103 @@
+/// The implementation of `xml_stream_parser`: its grammar, and how it feeds on the window and fills the
+/// queue.
+///
+/// Internal. The parts are the window on the file (`stream_window`), the reader of names, values and texts
+/// (`stream_lexer`), the queue (`node_queue`) and the search after an error (`find_start_tag`).
+///
+/// Parsing goes token by token. A token is consumed when it is whole; one that is cut off by the end of the
+/// window is read again from its start after the window has moved.
+#pragma once
+
+#include <deque>
+#include <exception>
+#include <string_view>
+#include <vector>
+
+#include "orva/internal/xml/name_list.hpp"
+#include "orva/parser/internal/node_queue.hpp"
+#include "orva/parser/internal/stream_lexer.hpp"
+#include "orva/parser/internal/stream_window.hpp"
+#include "orva/parser/xml_stream_parser.hpp"
+#include "orva/strings/ustring.hpp"
+#include "orva/types/integers.hpp"
+
+namespace ORVA_NAMESPACE::parser {
+
+class xml_stream_parser::implementation {
+ public:
+  using queue_type = _private::node_queue;
+
+  explicit implementation(unsigned int open_depth) : open_depth_(open_depth) {}
+
+  /// Starts anew, with this file.
+  void init(const strings::ustring16& file);
+
+  const error_type& parse();
+  const error_type& recover(const std::vector<std::string_view>& tags);
+  node pop();
+
+  /// Moves the window and fills it. The number of bytes read. If the file cannot be read, it is 0 and the
+  /// reason is in `error`.
+  std::size_t load();
+  /// Parses until enough nodes can be taken.
+  void do_parse();
+  /// Parses what is in the window. True if it stopped because enough nodes can be taken.
+  bool parse_next();
+  /// Skips the rest of a comment; false if its end is not in the window.
+  bool finish_comment();
+  void close_element();
+  void end_of_open_level(std::string_view name, error_type status);
+
+  _private::stream_lexer& lexer() noexcept { return lexer_; }
+  const _private::stream_window& window() const noexcept { return window_; }
+  queue_type& queue() noexcept { return queue_; }
+  const ustring8& root() const noexcept { return root_; }
+  const error_type& error() const noexcept { return error_; }
+  const std::exception_ptr& cause() const noexcept { return cause_; }
+
+ private:
+  enum class step { taken, cut_off, paused };
+
+  /// A file that is shorter is not parsed.
+  static constexpr std::int64_t smallest_file = 50;
+  static constexpr std::size_t shortest_header = 6;
+
+  bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
+  void consume() noexcept;
+
+  bool read_header();
+  error_type scan_header();
+  node parse_after_taking(queue_type::node_list& taken);
+
+  // The tokens of the grammar.
+  step next_token();
+  step markup();
+  step start_tag();
+  void end_tag();
+  void close_open_level(std::string_view name);
+  void declaration();
+  step self_close();
+  void closing_bracket();
+  void attribute();
+  void text();
+
+  _private::stream_window window_;
+  // Reads in the window. What is in front of it is consumed, or will be with the token that it reads.
+  _private::stream_lexer lexer_;
+  types::uint32 line_of_window_ = 1;
+  _private::node_queue queue_;
+  ustring8 root_;
+  bool in_tag_ = false;
+  bool awaiting_close_ = false;
+  bool in_comment_ = false;
+  bool header_done_ = false;
+  bool root_closed_ = false;
+  bool synchronized_ = true;
+  unsigned int open_depth_;
+  std::deque<ustring8> open_names_;
+  internal::xml::name_set seen_attributes_;
+  error_type error_ = no_error;
+  std::exception_ptr cause_;
+};
+
+}  // namespace ORVA_NAMESPACE::parser
