@@ -1,12 +1,20 @@
-/// `labeled_serialize_buffer`: values under labels, and groups of them nested under labels.
+/// `labeled_serialize_buffer`: values and nested groups under labels, to be stored or sent as one text.
 ///
-/// Where the plain buffers rely on the order of the calls, a labeled one answers for what its reader knows
-/// and keeps the rest, so that programs of different age can share it. One label can hold a value, a group,
-/// both or neither. `labeled_text_buffer` is the form there is. A buffer belongs to one thread, even where it
-/// is const, for `as_str` keeps its result in it. Buffers may be held by `memory::pointers::rc_pointer`.
+///     void load(labeled_serialize_buffer& settings) {
+///       if (settings.has_value("width")) width = settings.retrieve_value("width").as_int32();
+///     }
 ///
-/// `add_value` and `create_group` cut blanks, tabs and line ends from both ends of a label. The lookups take
-/// it as it is: what was added under " a " is found under "a" only.
+/// A `serialize_buffer` must be read in the order in which it was written. A labeled buffer is read by label:
+/// programs of different versions read the labels that they know and keep the others. A label can have a
+/// value, a group, both or neither. `labeled_text_buffer` implements this class.
+///
+/// A buffer belongs to one thread: `as_str` stores its result in it even if it is const. Buffers may be held
+/// by `memory::pointers::rc_pointer`.
+///
+/// `add_value` and `create_group` remove blanks, tabs and line ends from both ends of a label. Lookups do
+/// not: what was added as " a " is found as "a" only.
+///
+/// Edge cases: docs/edges.md#serialization
 #pragma once
 
 #include <string>
@@ -26,51 +34,51 @@ class ORVA_API labeled_serialize_buffer
  public:
   enum result_type {
     label_set = 0,       ///< The label had no value before, or nil.
-    label_replaced = 1,  ///< The label had another value before.
+    label_replaced = 1,  ///< The label had a value before, which is replaced.
   };
 
   labeled_serialize_buffer() noexcept = default;
   labeled_serialize_buffer(const labeled_serialize_buffer&) noexcept = default;
   ~labeled_serialize_buffer() override;
 
-  /// Does what `assign` does.
+  /// The same as `assign`.
   labeled_serialize_buffer& operator=(const labeled_serialize_buffer& other) { return assign(other); }
   labeled_serialize_buffer& operator=(const std::string& text) { return assign(text); }
 
-  /// Replaces the content by what the flat form tells. A negative length throws `std::length_error`, "string
-  /// too long".
+  /// Replaces the content by that of a flat form. A negative length throws `std::length_error`, "string too
+  /// long".
   virtual labeled_serialize_buffer& assign(const char* data, int length) = 0;
   virtual labeled_serialize_buffer& assign(const std::string& text) = 0;
-  /// Goes through the other's `as_str`, and so works across classes.
+  /// Assigns the `as_str` of the other buffer, which may be of any class.
   virtual labeled_serialize_buffer& assign(const labeled_serialize_buffer& other) = 0;
 
-  /// The flat form; its inverse is `assign`. Valid until the next call on this buffer.
+  /// The flat form. The inverse is `assign`. The reference is valid until the next call on this buffer.
   virtual const std::string& as_str() const = 0;
 
-  /// Stores the value under the label, in place of the one before. A group of that label stays.
+  /// Sets the value of the label. A group of the label stays.
   virtual result_type add_value(const std::string& label, const types::variant& value) = 0;
-  /// Makes an empty group under the label, in place of the one before, whose content goes. A value of that
-  /// label stays. The buffer owns the group.
+  /// Sets the group of the label to an empty one; a group that it had loses its content. A value of the label
+  /// stays. The buffer owns the group.
   virtual labeled_serialize_buffer* create_group(const std::string& label) = 0;
 
-  /// Whether the label is there, with a value, a group or neither.
+  /// Whether the label exists, also without value and group.
   virtual bool has_label(const std::string& label) const = 0;
   /// Whether the label has a value that is not nil.
   virtual bool has_value(const std::string& label) const = 0;
   /// Whether the label has a group that is not empty.
   virtual bool has_group(const std::string& label) const = 0;
-  /// Whether there is no label.
+  /// Whether the buffer has no labels.
   virtual bool is_empty() const = 0;
 
-  /// The value; nil where the label is absent or has none.
+  /// The value, or nil if the label is absent or has no value.
   virtual types::variant retrieve_value(const std::string& label) = 0;
-  /// The group; null where the label is absent, and an empty group where it has none. The buffer owns it.
+  /// The group, which the buffer owns: empty if the label has no group, null if the label is absent.
   virtual labeled_serialize_buffer* retrieve_group(const std::string& label) = 0;
   virtual const labeled_serialize_buffer* retrieve_group(const std::string& label) const = 0;
 
   /// A new empty buffer of the same class; the caller owns it.
   virtual labeled_serialize_buffer* create() const = 0;
-  /// A new copy, deep in its groups; the caller owns it.
+  /// A new deep copy; the caller owns it.
   virtual labeled_serialize_buffer* clone() const = 0;
 };
 

@@ -52,13 +52,13 @@ labeled_text_buffer::labeled_text_buffer(labeled_text_buffer&& other) noexcept
 labeled_text_buffer::~labeled_text_buffer() = default;
 
 labeled_text_buffer& labeled_text_buffer::operator=(labeled_text_buffer&& other) noexcept {
-  // By way of a local: the other may be a group of this buffer.
+  // Moved to a local first: `other` may be a group of this buffer.
   owned_contents taken = std::move(other.contents_);
   contents_ = std::move(taken);
   return *this;
 }
 
-/// Copies entry by entry, and groups after the entries that hold them.
+/// Copies the entries of one group after another, without recursion.
 labeled_text_buffer::owned_contents labeled_text_buffer::copy(const contents* source) {
   if (source == nullptr) return nullptr;
   owned_contents root(new contents);
@@ -83,7 +83,7 @@ labeled_text_buffer& labeled_text_buffer::assign(const char* data, int length) {
 
 labeled_text_buffer& labeled_text_buffer::assign(const std::string& text) {
   if (text.size() > stored_buffer::max_size) throw std::length_error("string too long");
-  // The text may belong to a group that goes with the old content.
+  // Copied first: the text may belong to a group that is destroyed with the old content.
   owned_contents made(new contents);
   made->text = text;
   contents_ = std::move(made);
@@ -166,7 +166,7 @@ void labeled_text_buffer::overlay(const labeled_text_buffer& other) {
     labeled_text_buffer* below;
     owned_contents above;
   };
-  // What is laid over is a copy: it can be taken apart, and does not change while this buffer does.
+  // A copy of the other buffer, whose entries can be moved out, and which does not change with this one.
   std::vector<layer> open;
   open.push_back({this, copy(other.contents_.get())});
   while (!open.empty()) {

@@ -1,7 +1,13 @@
 /// `serialize_binary_buf`: the binary form of a `serialize_buffer`.
 ///
-/// Values stand one behind the other with no tag, no padding and no header, the least significant byte first
-/// on every platform:
+///     serialize_binary_buf buffer;
+///     buffer.append_string("abc");
+///     buffer.append_int16(0x1234);
+///     serialize_binary_buf received(buffer.as_str());
+///     received.read_string();                           // "abc"
+///
+/// Items follow each other without tags, padding or header, the least significant byte first on every
+/// platform:
 ///
 ///     append_int8, append_uint8           1 byte
 ///     append_int16(0x1234)                34 12
@@ -10,12 +16,14 @@
 ///     append_float(1.5f, any)             00 00 C0 3F                  IEEE 754, every bit
 ///     append_double(1.0, any)             00 00 00 00 00 00 F0 3F
 ///     append_string("abc")                03 00 00 00 61 62 63         length, then the bytes
-///     append_buffer(other)                the same, with other.as_str() for the bytes
+///     append_buffer(other)                the same with the bytes of other.as_str()
 ///
-/// No byte outside the data is read. Of a number that the data ends in, the missing bytes are zero; a string
-/// or buffer that claims more than there is ends with the data. A length moves the position by as much as it
-/// says, in 32 bits: one near 4 GiB leads back, so that a loop until `at_end` over data of strangers counts
-/// what it reads.
+/// No byte outside the data is read. If the data ends within a number, its missing bytes are zero; if it ends
+/// within a string or buffer, that is cut. The position moves by the stored length, in 32 bits: a length
+/// close to 4 GiB moves it back. A loop until `at_end` over untrusted data must count the items that it
+/// reads.
+///
+/// Edge cases: docs/edges.md#serialization
 #pragma once
 
 #include <bit>
@@ -31,19 +39,19 @@
 
 namespace ORVA_NAMESPACE::serialization {
 
-/// Final, and its small operations inline: where the class is known, an append or a read costs no virtual
-/// call.
+/// Final, with inline operations: if the class is known to the compiler, appends and reads are not virtual
+/// calls.
 class ORVA_API serialize_binary_buf final : public stored_buffer {
  public:
   serialize_binary_buf() noexcept = default;
   serialize_binary_buf(const serialize_binary_buf&) = default;
   serialize_binary_buf(serialize_binary_buf&&) noexcept = default;
-  /// Takes the bytes of a buffer of any class, and begins to read at the first.
+  /// Copies the bytes of a buffer of any class; the read position is 0.
   explicit serialize_binary_buf(const serialize_buffer& other) : stored_buffer(other.as_str()) {}
   explicit serialize_binary_buf(std::string data) : stored_buffer(std::move(data)) {}
   ~serialize_binary_buf() override;
 
-  /// From a binary buffer takes data and read position; from anything else as `assign`.
+  /// Copies data and read position of a binary buffer; the other assignments are `assign`.
   serialize_binary_buf& operator=(const serialize_binary_buf&) = default;
   serialize_binary_buf& operator=(serialize_binary_buf&&) noexcept = default;
   using serialize_buffer::operator=;
@@ -59,7 +67,7 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   void append_float(const float& value, const types::uint32&) override { append_number(value); }
   void append_double(const double& value, const types::uint32&) override { append_number(value); }
   void append_string(const std::string& text) override {
-    // A text that is too long for its length does not fit into the data either.
+    // If the size does not fit into 32 bits, the text does not fit into the data, and `append` throws.
     const auto length = bytes_of(static_cast<types::uint32>(text.size()));
     append({length.data(), length.size()}, text, {});
   }
@@ -76,8 +84,8 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
   float read_float() const override { return read_number<float>(); }
   double read_double() const override { return read_number<double>(); }
   std::string read_string() override { return std::string(read_bytes().value_or(std::string_view())); }
-  /// Null at the end of the data, also where only the length is left: an empty buffer at the very end reads
-  /// as null, and as an empty buffer anywhere else.
+  /// Null at the end of the data, and also after the length: an empty buffer as the last item reads as null,
+  /// anywhere else as an empty buffer.
   serialize_binary_buf* read_buffer() const override;
 
   serialize_binary_buf* create() const override;
@@ -103,7 +111,7 @@ class ORVA_API serialize_binary_buf final : public stored_buffer {
     return generic::convert::_private::read_bytes<Number, std::endian::little>(rest.data(), rest.size());
   }
 
-  /// The bytes of a string or buffer; nothing at the end of the data.
+  /// The bytes of a string or buffer; empty at the end of the data.
   std::optional<std::string_view> read_bytes() const {
     const auto length = read_number<types::uint32>();
     if (at_end()) return std::nullopt;

@@ -1,13 +1,28 @@
-/// `serialize_buffer`: values flattened into bytes, and taken back in the order in which they were written.
+/// `serialize_buffer`: flattens values into bytes, and reads them back in the order in which they were
+/// written.
 ///
-/// The writer appends values one after another; the reader takes them back through a read position that the
-/// buffer keeps. Nothing in the data tells a type, so both sides agree on the order of the calls.
-/// `serialize_binary_buf` and `serialize_text_buf` are the two forms; code written for this class runs on
-/// either. Any mix of appends and reads may follow each other: appending does not move the read position.
+///     void save(serialize_buffer& buffer) {
+///       buffer.append_string("/home");
+///       buffer.append_uint32(1500);
+///     }
+///     void load(serialize_buffer& buffer) {
+///       const std::string path = buffer.read_string();
+///       const types::uint32 size = buffer.read_uint32();
+///     }
 ///
-/// Reading never fails for lack of data: at the end every read answers 0, an empty string or no buffer, and
-/// `at_end` alone tells that from a stored zero. A reading buffer belongs to one thread, even where it is
-/// const, for its position moves. Buffers may be held by `memory::pointers::rc_pointer`.
+/// The data holds no types, so writer and reader must agree on the order of the calls. There are two forms:
+/// `serialize_binary_buf` and `serialize_text_buf`. Code that uses this class works with both.
+///
+/// The buffer keeps a read position. Appending does not move it, so appends and reads may be mixed. Reads
+/// past the end return 0, an empty string or no buffer; only `at_end` distinguishes them from stored values.
+/// Reads of the binary form never fail. In the text form, a read that begins past the end of the data throws
+/// `std::out_of_range`, "invalid string position": after a length that is too large, or after `assign` of
+/// shorter data.
+///
+/// A buffer belongs to one thread: reading moves the position even of a const buffer. Buffers may be held by
+/// `memory::pointers::rc_pointer`.
+///
+/// Edge cases: docs/edges.md#serialization
 #pragma once
 
 #include <string>
@@ -29,24 +44,23 @@ class ORVA_API serialize_buffer
   serialize_buffer(const serialize_buffer&) noexcept = default;
   ~serialize_buffer() override;
 
-  /// Does what `assign` does, and so keeps the read position.
+  /// The same as `assign`; keeps the read position.
   serialize_buffer& operator=(const serialize_buffer& other) { return assign(other); }
   serialize_buffer& operator=(const std::string& data) { return assign(data); }
 
-  /// Replaces the data and leaves the read position where it is: call `reset_read` to read the new data. The
-  /// bytes may be any, zeros too. A negative length, or data of more than 4294967294 bytes, throws
+  /// Replaces the data and keeps the read position: call `reset_read` before reading the new data. Any bytes
+  /// are allowed, zeros too. A negative length, or data of more than `stored_buffer::max_size` bytes, throws
   /// `std::length_error`, "string too long".
   virtual serialize_buffer& assign(const char* data, int length) = 0;
   virtual serialize_buffer& assign(const std::string& data) = 0;
-  /// Takes the other's `as_str`. Nothing happens if that is this very data.
+  /// Assigns the `as_str` of the other buffer. Assigning a buffer to itself does nothing.
   virtual serialize_buffer& assign(const serialize_buffer& other) = 0;
 
-  /// The whole data, written or received, without a header; its inverse is `assign`. Valid until the data
-  /// changes.
+  /// All data, appended or assigned. The inverse is `assign`. Valid until the data changes.
   virtual const std::string& as_str() const = 0;
 
-  // Appending throws `std::length_error`, "string too long", where the data would pass 4294967294 bytes, and
-  // leaves the data as it was.
+  // Each append throws `std::length_error`, "string too long", if the data would exceed
+  // `stored_buffer::max_size` bytes. The data is unchanged then.
 
   virtual void append_int8(const signed char& value) = 0;
   virtual void append_int16(const short& value) = 0;
@@ -56,12 +70,12 @@ class ORVA_API serialize_buffer
   virtual void append_uint16(const unsigned short& value) = 0;
   virtual void append_uint32(const types::uint32& value) = 0;
   virtual void append_uint64(const unsigned long long& value) = 0;
-  /// `precision` is the number of significant digits where the form is text; the binary form keeps every bit.
+  /// `precision` is the number of significant digits in the text form; the binary form keeps every bit.
   virtual void append_float(const float& value, const types::uint32& precision) = 0;
   virtual void append_double(const double& value, const types::uint32& precision) = 0;
-  /// The bytes may be any.
+  /// Any bytes are allowed.
   virtual void append_string(const std::string& text) = 0;
-  /// Nests the other's `as_str`, whatever its class; the buffer itself will do too.
+  /// Appends the `as_str` of a buffer of any class, also of this one, as one item.
   virtual void append_buffer(const serialize_buffer& other) = 0;
 
   virtual signed char read_int8() const = 0;
@@ -75,18 +89,18 @@ class ORVA_API serialize_buffer
   virtual float read_float() const = 0;
   virtual double read_double() const = 0;
   virtual std::string read_string() = 0;
-  /// A new buffer of this class over the nested bytes, at its beginning. The caller owns it; an `rc_pointer`
-  /// takes it. What it is at the end of the data, each form tells.
+  /// A new buffer of the same class with the nested bytes, at its beginning. The caller owns it, for example
+  /// in an `rc_pointer`. At the end of the data the binary form returns null, the text form an empty buffer.
   virtual serialize_buffer* read_buffer() const = 0;
 
-  /// Whether nothing is left to read.
+  /// Whether no data is left to read.
   virtual bool at_end() const = 0;
-  /// Reading begins again with the first value.
+  /// Moves the read position to the first value.
   virtual void reset_read() const = 0;
 
   /// A new empty buffer of the same class; the caller owns it.
   virtual serialize_buffer* create() const = 0;
-  /// A new copy, the read position included; the caller owns it.
+  /// A new copy, also of the read position; the caller owns it.
   virtual serialize_buffer* clone() const = 0;
 };
 

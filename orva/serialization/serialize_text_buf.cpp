@@ -12,11 +12,11 @@
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/serialization/internal/floating_text.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
-#include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
 
 namespace convert = generic::convert;
+using _private::number_of;
 using _private::separator;
 using generic::abilities::create_dynamic;
 
@@ -50,13 +50,6 @@ std::string written_by_stream(Floating value, types::uint32 precision) {
   stream.precision(static_cast<std::streamsize>(precision));
   stream << value;
   return stream.str();
-}
-
-/// No text at all is 0; the readers take a length of 0 for something else.
-template <auto read>
-auto read_integer(std::string_view text) {
-  using integer = decltype(read(text.data(), text.size(), types::radix_t::prefix, false));
-  return text.empty() ? integer{0} : read(text.data(), text.size(), types::radix_t::prefix, false);
 }
 
 }  // namespace
@@ -108,34 +101,33 @@ void serialize_text_buf::append_string(const std::string& text) {
 std::string_view serialize_text_buf::take_number() const { return _private::take_number(data(), position()); }
 
 signed char serialize_text_buf::read_int8() const {
-  return read_integer<convert::str_to_int8<char>>(take_number());
+  return number_of<convert::str_to_int8<char>>(take_number());
 }
-short serialize_text_buf::read_int16() const {
-  return read_integer<convert::str_to_int16<char>>(take_number());
-}
+short serialize_text_buf::read_int16() const { return number_of<convert::str_to_int16<char>>(take_number()); }
 types::int32 serialize_text_buf::read_int32() const {
-  return read_integer<convert::str_to_int32<char>>(take_number());
+  return number_of<convert::str_to_int32<char>>(take_number());
 }
 long long serialize_text_buf::read_int64() const {
-  return read_integer<convert::str_to_int64<char>>(take_number());
+  return number_of<convert::str_to_int64<char>>(take_number());
 }
 unsigned char serialize_text_buf::read_uint8() const {
-  return read_integer<convert::str_to_uint8<char>>(take_number());
+  return number_of<convert::str_to_uint8<char>>(take_number());
 }
 unsigned short serialize_text_buf::read_uint16() const {
-  return read_integer<convert::str_to_uint16<char>>(take_number());
+  return number_of<convert::str_to_uint16<char>>(take_number());
 }
 types::uint32 serialize_text_buf::read_uint32() const {
-  return read_integer<convert::str_to_uint32<char>>(take_number());
+  return number_of<convert::str_to_uint32<char>>(take_number());
 }
 unsigned long long serialize_text_buf::read_uint64() const {
-  return read_integer<convert::str_to_uint64<char>>(take_number());
+  return number_of<convert::str_to_uint64<char>>(take_number());
 }
 float serialize_text_buf::read_float() const { return convert::str_to_float(take_number()); }
 double serialize_text_buf::read_double() const { return convert::str_to_double(take_number()); }
 
 std::string_view serialize_text_buf::read_bytes() const {
   if (position() == past_end) return {};
+  // By the virtual function, which a derived class may replace.
   const types::int32 length = read_int32();
   return _private::take_bytes(data(), position(), length);
 }

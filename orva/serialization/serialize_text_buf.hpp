@@ -1,29 +1,37 @@
-/// `serialize_text_buf`: the text form of a `serialize_buffer`.
+/// `serialize_text_buf`: the text form of a `serialize_buffer`, readable by people and by other programs.
 ///
-/// Every value is text, closed by the byte 0x01, which is written ~ here:
+///     serialize_text_buf buffer;
+///     buffer.append_int32(-5);
+///     buffer.append_string("ab");                       // the data is "-5~2~ab~"
+///     buffer.read_int32();                              // -5
+///     buffer.read_string();                             // "ab"
+///
+/// Each item is text, closed by the byte 0x01, which is shown as ~ here:
 ///
 ///     append_int32(-5)                    -5~
 ///     append_uint8(200)                   200~
-///     append_double(3.14159265, 3)        3.14~              significant digits, as an output stream writes them
+///     append_double(3.14159265, 3)        3.14~              significant digits, as in an output stream
 ///     append_double(1500000.0, 2)         1.5e+06~
 ///     append_string("ab")                 2~ab~              the length, then the bytes, which may be any
 ///     append_string("")                   0~~
-///     append_buffer(other)                the same, with other.as_str() for the bytes
+///     append_buffer(other)                the same with the bytes of other.as_str()
 ///
-/// Numbers are read leniently: a value saturates at the limits of the type read, a prefix (0x, 0b, 0) chooses
-/// the radix, text that is no number reads as the number it begins with, or 0. Floating values follow the
-/// global C++ locale, as streams do.
+/// Numbers are read leniently. A number that is too large reads as the limit of its type. A prefix (0x, 0b,
+/// 0) selects the radix. Text that is not a number reads as the number that it begins with, or as 0. Floating
+/// values use the global C++ locale, as streams do.
 ///
-///     data            reads as
-///     70000~          read_int16 => 32767
-///     12              read_int32 => 12, and the reader has passed the end: at_end, and every number is 0
-///     -4~             read_string => "", and reading begins again: a length below 0 leads back
-///     9~abc           read_string => "abc"; the position is behind the data, and a number read there throws
-///                     std::out_of_range, "invalid string position"
+///     data            read            result
+///     70000~          read_int16      32767
+///     12              read_int32      12, then past the end: at_end is true, every number is 0
+///     -4~             read_string     "", then the position is 0: a length below 0 moves back
+///     9~abc           read_string     "abc", then past the end: the next number throws std::out_of_range,
+///                                     "invalid string position"
 ///
-/// Past the last item, numbers are 0 and stay so, whereas `read_string` and `read_buffer` are empty and
-/// rewind: the next read gets the first item again. Callers read a list of strings round and round in this
-/// way; a loop that is to end tests `at_end` before each read.
+/// After the last item, numbers read as 0 without end. `read_string` and `read_buffer` return empty text and
+/// move the position to 0: the next read gets the first item again. Callers use this to read a list of
+/// strings in a circle; test `at_end` before each read to stop at the end.
+///
+/// Edge cases: docs/edges.md#serialization
 #pragma once
 
 #include <string>
@@ -41,12 +49,12 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   serialize_text_buf() noexcept = default;
   serialize_text_buf(const serialize_text_buf&) = default;
   serialize_text_buf(serialize_text_buf&&) noexcept = default;
-  /// Takes the bytes of a buffer of any class, and begins to read at the first.
+  /// Copies the bytes of a buffer of any class; the read position is 0.
   explicit serialize_text_buf(const serialize_buffer& other) : stored_buffer(other.as_str()) {}
   explicit serialize_text_buf(std::string data) : stored_buffer(std::move(data)) {}
   ~serialize_text_buf() override;
 
-  /// From a text buffer takes data and read position; from anything else as `assign`.
+  /// Copies data and read position of a text buffer; the other assignments are `assign`.
   serialize_text_buf& operator=(const serialize_text_buf&) = default;
   serialize_text_buf& operator=(serialize_text_buf&&) noexcept = default;
   using serialize_buffer::operator=;
@@ -59,9 +67,9 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   void append_uint16(const unsigned short& value) override;
   void append_uint32(const types::uint32& value) override;
   void append_uint64(const unsigned long long& value) override;
-  /// Trailing zeros are not kept, and a precision of 0 is one digit. To read back the same value take 9
-  /// digits for a `float` and 17 for a `double`. What is not finite is written in the stream's words and
-  /// reads as 0.
+  /// Trailing zeros are not written, and a precision of 0 means one digit. To read back the same value, use 9
+  /// digits for a `float` and 17 for a `double`. Infinity and NaN are written as streams write them, and read
+  /// as 0.
   void append_float(const float& value, const types::uint32& precision) override;
   void append_double(const double& value, const types::uint32& precision) override;
   void append_string(const std::string& text) override;
@@ -77,7 +85,7 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   unsigned long long read_uint64() const override;
   float read_float() const override;
   double read_double() const override;
-  /// The length is read by `read_int32`: of a text longer than 2 GiB the first 2147483647 bytes are read.
+  /// The length is read as by `read_int32`: of a longer string the first 2147483647 bytes are returned.
   std::string read_string() override { return std::string(read_bytes()); }
   /// Never null: an empty buffer at the end of the data.
   serialize_text_buf* read_buffer() const override;

@@ -40,7 +40,7 @@ void stored_buffer::append_growing(std::string_view head, const std::string& byt
   const std::size_t length = bytes.size();
   const std::size_t more = head.size() + length + tail.size();
   require_room(more);
-  // Behind this nothing can fail. Doubling, as the string grows by itself.
+  // Doubled, as the string itself grows. After this nothing can fail.
   data_.reserve(std::max(data_.size() + more, std::min(2 * data_.capacity(), data_.max_size())));
   data_.append(head);
   data_.append(bytes, 0, length);

@@ -1,8 +1,7 @@
-/// `stored_buffer`: what the binary and the text form have in common, the data as one byte string and the
-/// read position in it.
+/// `stored_buffer`: the base of the binary and the text form: one byte string and a read position in it.
 ///
-/// The position has 32 bits on every platform and wraps, and the data ends one byte before the position that
-/// marks a reader which ran out of data: no position of the data is ever the mark.
+/// The position has 32 bits on every platform, and wraps. Its largest value, `past_end`, marks a reader that
+/// has passed the end; data is limited to `max_size`, so that it has no such position.
 #pragma once
 
 #include <algorithm>
@@ -22,8 +21,8 @@ class ORVA_API stored_buffer : public serialize_buffer {
  public:
   /// The read position of a reader that has passed the end.
   static constexpr types::uint32 past_end = 0xFFFFFFFF;
-  /// The longest data; anything longer throws `std::length_error`, "string too long". No string is longer
-  /// than a difference of pointers, which is less on a machine of 32 bits.
+  /// The longest data: 4294967294 bytes, or 2147483647 where pointers have 32 bits, as no string is longer.
+  /// Longer data throws `std::length_error`, "string too long".
   static constexpr std::size_t max_size =
       std::min<std::size_t>(past_end - 1, std::numeric_limits<std::ptrdiff_t>::max());
 
@@ -32,16 +31,16 @@ class ORVA_API stored_buffer : public serialize_buffer {
   serialize_buffer& assign(const serialize_buffer& other) override;
   const std::string& as_str() const override { return data_; }
 
-  /// No test for the mark: it lies behind the longest data.
+  /// `past_end` needs no test of its own: it is larger than `max_size`.
   bool at_end() const override { return position_ >= data_.size(); }
   void reset_read() const override { position_ = 0; }
 
  protected:
   stored_buffer() noexcept = default;
   explicit stored_buffer(std::string data) : data_(std::move(data)) { require_room(0); }
-  /// Copies take the read position over.
+  /// Copies the read position too.
   stored_buffer(const stored_buffer&) = default;
-  /// The source is left empty, at its beginning.
+  /// Leaves the source empty, with the read position 0.
   stored_buffer(stored_buffer&& other) noexcept
       : serialize_buffer(other), data_(std::move(other.data_)), position_(other.position_) {
     other.clear();
@@ -67,19 +66,19 @@ class ORVA_API stored_buffer : public serialize_buffer {
     data_.append(bytes.data(), bytes.size());
   }
 
-  /// Appends all three or nothing. `bytes` may be the data itself.
+  /// Appends all three pieces, or none if there is no room. `bytes` may be the data itself.
   void append(std::string_view head, const std::string& bytes, std::string_view tail) {
     const std::size_t length = bytes.size();
     if (!has_capacity(head.size() + length + tail.size())) return append_growing(head, bytes, tail);
     data_.append(head.data(), head.size());
-    // By length: if the bytes are the data itself, they are longer by now.
+    // By its length: if `bytes` is the data itself, it has grown by `head`.
     data_.append(bytes.data(), length);
     data_.append(tail.data(), tail.size());
   }
 
  private:
-  /// In the words in which the string tests for itself: behind this test the compiler drops the string's own,
-  /// and an append of a few bytes is a few instructions.
+  /// Written like the string's own test of its capacity, so that the compiler drops that one after it: an
+  /// append of a few bytes is a few instructions.
   bool has_capacity(std::size_t more) const noexcept {
     return data_.size() + more <= data_.capacity() && data_.size() + more <= max_size;
   }

@@ -15,7 +15,7 @@ bool is_dots(native_view name) {
   return name.size() <= 2 && name.find_first_not_of(static_cast<platform::native_char>('.')) == name.npos;
 }
 
-/// Joins a directory and the names of its entries in the width of the result.
+/// Joins the path of a directory and the names of its entries, in the width of the result.
 template <typename Ustring>
 class path_joiner {
  public:
@@ -35,7 +35,7 @@ class path_joiner {
   Ustring prefix_;
 };
 
-/// A directory that the walk is in, and how far it has come there.
+/// A directory that the walk has entered, and the next of its entries.
 template <typename Ustring>
 struct walked_directory {
   explicit walked_directory(native_string directory)
@@ -47,8 +47,8 @@ struct walked_directory {
   std::size_t next = 0;
 };
 
-/// The native path of an entry, empty if its path in the width of the result names something else: such a
-/// directory is not entered. It would be another one, or the same one again and again.
+/// The native path of an entry; empty if its path in the width of the result names something else. Such a
+/// directory is not entered: it would be another one, or the same one again and again.
 template <typename Ustring>
 native_string path_to_enter(const walked_directory<Ustring>& directory, native_view name) {
   const auto native = platform::to_native(path_argument(directory.join(name)).get());
@@ -63,8 +63,7 @@ std::vector<Ustring> list(const Ustring& path) {
   if (listing.size() == 0) return paths;
   paths.reserve(listing.size());
   const path_joiner<Ustring> join(native);
-  // The first entry goes unseen: it is "." wherever there is one, and where there is none callers expect what
-  // is first to be missing.
+  // The first entry is skipped: it is "." in directories that have it. Without it a real entry is lost.
   for (std::size_t i = 1; i < listing.size(); ++i)
     if (!is_dots(listing.name(i))) paths.push_back(join(listing.name(i)));
   return paths;

@@ -17,8 +17,8 @@ namespace {
 
 constexpr std::int64_t largest_size = 0x7FFFFFFF;
 
-/// Gives `contents` room for `size` bytes without copying what it holds, which is no longer wanted. Where
-/// there is no memory it keeps what it holds.
+/// Clears `contents` and gives it room for `size` bytes, without copying the old bytes. They stay if there is
+/// no memory.
 void reserve_anew(std::string& contents, std::size_t size) {
   if (size > contents.capacity()) {
     std::string larger;
@@ -30,8 +30,8 @@ void reserve_anew(std::string& contents, std::size_t size) {
 }
 
 void read_whole(platform::input_file& file, std::size_t size, std::string& contents) {
-  // The zeros of a piece are still in the cache when the file's bytes overwrite them; filling all of a large
-  // text with zeros first would move it through memory twice.
+  // Resized in pieces: the zeros of a piece are still in the cache when the file's bytes overwrite them. Zeros
+  // for the whole of a large file would pass through memory twice.
   constexpr std::size_t piece_size = 0x20000;
   reserve_anew(contents, size);
   while (contents.size() < size) {
@@ -72,8 +72,8 @@ bool create_directory(const path_argument& path) {
   const std::basic_string_view<strings::code_unit16> whole = path.get();
   const auto native = platform::to_native(whole);
   const bool separator_at_end = whole.ends_with(platform::separator);
-  // The status of "logs/" must not be asked for: whether a separator at the end does any harm is the system's
-  // choice, and callers get the answer of the walk below everywhere.
+  // The status of "logs/" is not used: systems differ on a separator at the end, and the result is that of the
+  // loop below on all of them.
   const bool has_status = !separator_at_end || platform::is_root(native);
   if (has_status && platform::status(native).is_directory) return true;
   if (whole.find(strings::code_unit16{}) != whole.npos) return false;

@@ -1,12 +1,26 @@
-/// Whole files and directories: load and store, create, list.
+/// Whole files and directories: load, store, create, list.
 ///
-/// A file is read or written in one call and closed again; nothing is kept between calls, so any number of
-/// threads may call, each with strings of its own. Failure is a return value; what throws is named.
+///     strings::ustring8 text;
+///     if (system::load_file("settings.xml", text) != 0) return use_defaults();
+///     if (system::store_file("settings.bak", text) != 0) return report("settings.bak");
+///     for (const strings::ustring8& path : system::list_directory("logs")) archive(path);
 ///
-/// Paths are text of any of the three widths, as `path_argument` tells. Joined paths use the platform's
-/// separator, `/` outside Windows. A path that holds a zero unit names nothing.
+/// Each call opens, uses and closes what it needs; nothing is kept between calls. Any thread may call, with
+/// strings of its own. Failures are return values, except those listed here:
 ///
-/// Single calls (exists, is_file, move, remove_file and so on) are in `system/io.hpp`.
+///     a file of more than 0x7FFFFFFF bytes            exceptions::runtime_error, by `load_file`
+///     the status of a path is not available, as in    boost::filesystem::filesystem_error, by `load_file`
+///     a directory that may not be searched            and `store_file`
+///     no memory                                       std::bad_alloc, by all
+///
+/// `filesystem_error` derives from `std::runtime_error`: a program that does not use Boost catches that.
+///
+/// Paths are text of any of the three widths, see `path_argument`. Joined paths use the separator of the
+/// system, `/` outside Windows. A path that contains a zero unit names nothing.
+///
+/// `system/io.hpp` has the single operations: exists, is_file, move, remove_file and others.
+///
+/// Edge cases: docs/edges.md#files
 #pragma once
 
 #include <string>
@@ -18,75 +32,72 @@
 
 namespace ORVA_NAMESPACE::system {
 
-/// Reads a whole file into `contents`, a `ustring8` or a byte string, in place of what it held. The bytes
-/// arrive as they are in the file: a byte order mark stays (`strings::remove_BOM` takes it off) and no
-/// encoding is looked for.
+/// Replaces `contents`, a `ustring8` or a byte string, by all bytes of a file. A byte order mark stays
+/// (`strings::remove_BOM` removes it), and no encoding is detected.
 ///
 /// Inverse: `store_file`.
 ///
-///     a regular file                           =>  0
-///     a file that shrinks or fails meanwhile   =>  0   its size as it was at first, zeros for what was not read
-///     no file, a directory, a pipe, a terminal =>  1   `contents` untouched
-///     a symbolic link as last component        =>  1   `contents` untouched, whatever the link points to
+///     a regular file                               =>  0
+///     a file that shrinks or fails while it is read =>  0   its first size, with zeros for the missing bytes
+///     a file that reports the size 0               =>  0   empty, even if it has contents, as in /proc
+///     no file, a directory, a pipe, a terminal     =>  1   `contents` is unchanged
+///     a symbolic link as the last component        =>  1   `contents` is unchanged
 ///
-/// Throws `exceptions::runtime_error` for a file of more than 0x7FFFFFFF bytes: its size and " is large than
-/// a string can hold". `boost::filesystem::filesystem_error` passes through when the status of the path
-/// cannot be asked for, as in a directory that may not be searched, and `std::bad_alloc` when memory is
-/// short; `contents` is untouched then.
+/// A file of more than 0x7FFFFFFF bytes throws `exceptions::runtime_error`: its size and " is large than a
+/// string can hold". `contents` is unchanged if anything is thrown.
 [[nodiscard]] ORVA_API int load_file(const path_argument& path, std::string& contents);
 
-/// Makes `contents` the whole file: a new file, or an existing one from its first byte on, cut to the new
-/// length. The bytes are written as they are, without a byte order mark.
+/// Writes `contents` as the whole file, which is created or replaced. No byte order mark is added.
 ///
 /// Inverse: `load_file`.
 ///
-///     written, or opened and then not written whole  =>  0   a full disk is not told
-///     cannot be opened, a directory, a pipe          =>  1
-///     a symbolic link as last component              =>  1   the link's target is untouched
-///
-/// Throws as `load_file` does, but for the size.
+///     written, or opened and only partly written   =>  0   a full disk is not reported
+///     cannot be opened, a directory, a pipe        =>  1
+///     a symbolic link as the last component        =>  1   the target of the link is unchanged
 [[nodiscard]] ORVA_API int store_file(const path_argument& path, const std::string& contents);
 
-/// Makes a directory and its missing parents. True if it is there already, or if the last call of the system
-/// made it.
+/// Creates a directory and its missing parents. Returns whether the directory exists already or the last
+/// component was created.
 ///
-///     "logs"         there already             =>  true    nothing is created
-///     "a/b/c"        nothing there             =>  true    a, a/b and a/b/c
-///     "a/b/"         a/b not there             =>  true    a and a/b
-///     "a/b/"         a/b there already         =>  false   the last call had nothing to make
+///     "logs"         exists                    =>  true    nothing is created
+///     "a/b/c"        nothing exists            =>  true    a, a/b and a/b/c are created
+///     "a/b/"         a/b does not exist        =>  true    a and a/b are created
+///     "a/b/"         a/b exists                =>  false   with a separator at its end it is not looked for
 ///     "file/b"       "file" is a file          =>  false
 ///     ""                                       =>  false
 ORVA_API bool create_directory(const path_argument& path);
 
-/// Whether the path names something with the owner's read bit. Whether this process may read it is another
-/// question: to the superuser a file without the bit is readable, and still answers false here.
+/// Whether the path names something with the owner's read bit. This is not whether the process may read it:
+/// the superuser can read a file without the bit, for which this is false.
 ORVA_API bool have_read_access(const path_argument& path);
 
-/// The full paths of what stands directly in a directory, files and directories alike: the path given, a
-/// separator, the name. Sorted by the bytes of the name outside Windows; on Windows in the order of the
-/// system. Empty for a directory that is empty, missing or not readable, and for what is no directory. The
-/// empty path lists the root.
+/// Lists the files and directories in a directory, by their full paths: the given path, a separator, the name.
+/// They are sorted by the bytes of their names; on Windows they have the order of the system. Empty if the
+/// directory is empty, missing or not readable, or not a directory. The empty path lists the root.
 ///
 ///     list_directory("logs")   =>  {"logs/a.txt", "logs/old"}    a vector of ustring8
 ///     list_directory(u"logs")  =>  {u"logs/a.txt", u"logs/old"}  a vector of ustring16
 ///     list_directory("logs/")  =>  {"logs//a.txt", "logs//old"}
 ///
-/// The first entry that the system reports is dropped unseen, as it is "." wherever a directory has one.
+/// The first entry that the system reports is skipped without a look at its name, which is "." in directories
+/// that have it.
 ///
-/// An entry whose name is no UTF-8 is left out, as no path of the library could name it: whatever is returned
-/// as `ustring8` or `ustring16` can be opened. As `ustring32`, names are told with their true code points;
-/// those that `utf32_to_utf16` makes something else of (U+FFFF and above) do not open.
+/// An entry whose name is not UTF-8 is left out, as no path can name it: every returned `ustring8` or
+/// `ustring16` can be opened. A `ustring32` has the true code points; a path with one above U+FFFE names
+/// another file when it is used (see `path_argument`).
 ORVA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& path);
 ORVA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& path);
 ORVA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& path);
 
-/// Appends the full paths of all files below a directory to `files`, which is not cleared: regular files that
-/// `have_read_access` holds for, in the order of `list_directory`, with the files of a directory in the place
-/// of its name. A directory without that bit is not entered. Names are told as by `list_directory`; in
-/// `ustring32`, a directory whose path would not open is not entered.
+/// Appends the full paths of all files in a directory and its subdirectories to `files`, which is not cleared.
+/// The files are the regular ones with the owner's read bit (`have_read_access`); subdirectories without it
+/// are skipped. Order and names are those of `list_directory`, with the files of a subdirectory at the place
+/// of its name. With `ustring32`, a subdirectory whose path would name another one is skipped.
 ///
-/// Symbolic links are followed, and there is no guard against a link that leads back up: the walk then goes
-/// round until the system refuses the path for its length or its number of links. The depth costs no stack.
+/// Symbolic links are followed, also those that lead back to a parent: the walk then repeats until the system
+/// refuses the path, for its length or for its links (40 on Linux). Two such links in one directory double the
+/// paths at each level, so that the walk does not end in practice: do not walk directories that others can
+/// write. The depth uses no stack.
 ORVA_API void get_directory_files(const strings::ustring8& path, std::vector<strings::ustring8>& files);
 ORVA_API void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files);
 ORVA_API void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files);

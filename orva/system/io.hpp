@@ -1,8 +1,13 @@
-/// Single file system calls by a path of any width.
+/// Single operations of the file system.
 ///
-/// Paths are text of any of the three widths, as `path_argument` tells; symbolic links are followed, except
-/// by `remove_file` and `move`, which act on the link. A path that holds a zero unit names nothing. Nothing
-/// throws but for want of memory, and nothing is shared, so any thread may call.
+///     if (!system::io::is_directory("logs")) system::io::mkdir("logs");
+///     system::io::move("logs/old.txt", "logs/new.txt");          // the new name is the first
+///
+/// Paths are text of any of the three widths, see `path_argument`. A path that contains a zero unit names
+/// nothing. Symbolic links are followed, except by `remove_file` and `move`, which act on the link itself.
+/// Only `std::bad_alloc` is thrown. Any thread may call.
+///
+/// Edge cases: docs/edges.md#files
 #pragma once
 
 #include "orva/export.hpp"
@@ -10,29 +15,28 @@
 
 namespace ORVA_NAMESPACE::system::io {
 
-/// Whether the path names anything that can be reached.
+/// Whether the path names anything: a file, a directory, a device or other.
 ORVA_API bool exists(const path_argument& path);
 
-/// Whether it is a directory. Where the path names nothing, neither this nor `is_file` is true.
+/// Whether the path names a directory.
 ORVA_API bool is_directory(const path_argument& path);
 
-/// Whether it is a regular file: no directory, pipe, socket or device.
+/// Whether the path names a regular file, not a directory, pipe, socket or device.
 ORVA_API bool is_file(const path_argument& path);
 
-// The following four report nothing, neither success nor failure. Ask with `exists` afterwards where it
-// matters.
+// The following four report neither success nor failure. Call `exists` afterwards where it matters.
 
-/// Makes one directory, whose parent must exist. `system::create_directory` makes parents too.
+/// Creates a directory, whose parent must exist. `system::create_directory` creates parents too.
 ORVA_API void mkdir(const path_argument& path);
 
-/// Gives the file or directory `from` the name `to`: the new name comes first. A name that is taken already
-/// is not replaced, and both stay as they are.
+/// Renames the file or directory `from` to `to`. Note the order: the new name is first. If `to` exists,
+/// nothing changes.
 ORVA_API void move(const path_argument& to, const path_argument& from);
 
-/// Removes a file, or the symbolic link itself. A directory stays.
+/// Removes a file or a symbolic link, but not a directory.
 ORVA_API void remove_file(const path_argument& path);
 
-/// Removes an empty directory. Anything else stays.
+/// Removes an empty directory, and nothing else.
 ORVA_API void remove_dir(const path_argument& path);
 
 }  // namespace ORVA_NAMESPACE::system::io

@@ -1,4 +1,4 @@
-/// Text that grows at its beginning, with the strings of the text form in it.
+/// Writes strings of the text form from the last to the first.
 ///
 /// Internal: not installed.
 #pragma once
@@ -19,13 +19,12 @@ namespace ORVA_NAMESPACE::serialization::_private {
 
 class backward_text_writer {
  public:
-  /// Writes into `target`, whose content goes. It holds the text after `finish`, and keeps its memory for the
-  /// next one.
+  /// Replaces the content of `target`, which holds the text after `finish`. Its memory is used again.
   explicit backward_text_writer(std::string& target) : units_(target), begin_(target.size()) {}
 
   std::size_t size() const { return units_.size() - begin_; }
 
-  /// A string of two pieces, with its length in front.
+  /// Writes a string of two pieces, with its length before it.
   void prepend_string(std::string_view bytes, std::string_view tail = {}) {
     close_string();
     prepend(tail);
@@ -33,7 +32,7 @@ class backward_text_writer {
     open_string(bytes.size() + tail.size());
   }
 
-  /// What stands behind the bytes of a string, and in front of them.
+  /// Write the separator after the bytes of a string, and the length before them.
   void close_string() { prepend({&separator, 1}); }
   void open_string(std::size_t length) {
     close_string();
@@ -52,7 +51,7 @@ class backward_text_writer {
     std::copy(bytes.begin(), bytes.end(), units_.begin() + static_cast<std::ptrdiff_t>(begin_));
   }
 
-  /// Puts free space in front, at least as much as there is text if a string can hold it.
+  /// Adds free space before the text: at least its size again, if a string can hold that.
   void grow(std::size_t needed) {
     const std::size_t used = size();
     const std::size_t wanted = std::max<std::size_t>(2 * used, 256) + needed;
@@ -63,7 +62,7 @@ class backward_text_writer {
   }
 
   std::string& units_;
-  /// Where the text begins; in front of it is free space.
+  /// The beginning of the text, after the free space.
   std::size_t begin_;
 };
 

@@ -8,10 +8,8 @@
 #include <utility>
 #include <vector>
 
-#include "orva/generic/convert/str_to_x.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 #include "orva/types/integers.hpp"
-#include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
@@ -30,11 +28,7 @@ class string_reader {
 
   std::string_view read() {
     if (position_ == stored_buffer::past_end) return {};
-    const std::string_view number = take_number(text_, position_);
-    const types::int32 length =
-        number.empty()
-            ? 0
-            : generic::convert::str_to_int32(number.data(), number.size(), types::radix_t::prefix, false);
+    const types::int32 length = take_length(text_, position_);
     const std::size_t begin = std::min<std::size_t>(position_, text_.size());
     const std::string_view bytes = take_bytes(text_, position_, length);
     const std::size_t end = begin + bytes.size();

@@ -1,4 +1,4 @@
-/// The flat form of a labeled buffer, written.
+/// Writes the flat form of a labeled buffer; `flat_form_reader.hpp` reads it.
 ///
 /// Internal: not installed.
 #pragma once
@@ -14,8 +14,8 @@
 
 namespace ORVA_NAMESPACE::serialization {
 
-/// Writes from the last entry to the first: the length of a group is then known when its turn comes, and
-/// every byte is written once, however deep it is nested.
+/// Writes from the last entry to the first. The length of a group is then known before it is written, and
+/// every byte is written once, at any depth.
 class labeled_text_buffer::flat_form_writer {
  public:
   explicit flat_form_writer(std::string& text) : text_(text) {}
@@ -43,8 +43,8 @@ class labeled_text_buffer::flat_form_writer {
   struct level {
     entries::const_reverse_iterator next;
     entries::const_reverse_iterator end;
-    /// How much stands behind the level's text.
-    std::size_t behind;
+    /// The size of the text after this level.
+    std::size_t size_after;
   };
 
   void enter(const contents& group) {
@@ -53,7 +53,7 @@ class labeled_text_buffer::flat_form_writer {
   }
 
   void leave() {
-    const std::size_t length = text_.size() - levels_.back().behind;
+    const std::size_t length = text_.size() - levels_.back().size_after;
     levels_.pop_back();
     if (levels_.empty()) return;
     text_.open_string(length);

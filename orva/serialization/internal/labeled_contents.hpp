@@ -1,4 +1,4 @@
-/// What a labeled buffer holds once something was stored in it.
+/// The entries of a labeled buffer, which is without them until something is stored.
 ///
 /// Internal: not installed.
 #pragma once
@@ -22,9 +22,10 @@ struct labeled_text_buffer::entry {
 struct labeled_text_buffer::contents {
   /// Ordered by the bytes of the labels.
   std::map<std::string, entry> entries;
-  /// The last flat form: what `as_str` gave, or what was assigned. Groups within a larger buffer keep none.
+  /// The last flat form: the result of `as_str`, or the text assigned. Empty for groups, unless they were
+  /// asked themselves.
   std::string text;
-  /// Links what is being destroyed.
+  /// The next group to destroy, while groups are being destroyed.
   contents* next = nullptr;
 };
 

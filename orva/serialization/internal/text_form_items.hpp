@@ -7,8 +7,10 @@
 #include <stdexcept>
 #include <string_view>
 
+#include "orva/generic/convert/str_to_x.hpp"
 #include "orva/serialization/stored_buffer.hpp"
 #include "orva/types/integers.hpp"
+#include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
@@ -31,6 +33,19 @@ inline std::string_view take_number(std::string_view data, types::uint32& positi
   const bool closed = end != std::string_view::npos;
   position = closed ? static_cast<types::uint32>(end) + 1 : stored_buffer::past_end;
   return rest_of(data, begin).substr(0, closed ? end - begin : end);
+}
+
+/// Converts the text of a number by a reader of `generic/convert/str_to_x.hpp`. Empty text is 0; the readers
+/// take a size of 0 for something else.
+template <auto read>
+auto number_of(std::string_view text) {
+  using number = decltype(read(text.data(), text.size(), types::radix_t::prefix, false));
+  return text.empty() ? number{0} : read(text.data(), text.size(), types::radix_t::prefix, false);
+}
+
+/// Takes the length of a string or buffer as `take_number` does.
+inline types::int32 take_length(std::string_view data, types::uint32& position) {
+  return number_of<generic::convert::str_to_int32<char>>(take_number(data, position));
 }
 
 /// Returns the bytes of a string or buffer whose length was read before, cut at the end of the data. Moves
