@@ -30,8 +30,8 @@ void reserve_anew(std::string& contents, std::size_t size) {
 }
 
 void read_whole(platform::input_file& file, std::size_t size, std::string& contents) {
-  // Resized in pieces: the zeros of a piece are still in the cache when the file's bytes overwrite them. Zeros
-  // for the whole of a large file would pass through memory twice.
+  // Resized in pieces: the zeros of a piece are still in the cache when the file's bytes overwrite them.
+  // Zeros for the whole of a large file would pass through memory twice.
   constexpr std::size_t piece_size = 0x20000;
   reserve_anew(contents, size);
   while (contents.size() < size) {
@@ -72,8 +72,8 @@ bool create_directory(const path_argument& path) {
   const std::basic_string_view<strings::code_unit16> whole = path.get();
   const auto native = platform::to_native(whole);
   const bool separator_at_end = whole.ends_with(platform::separator);
-  // The status of "logs/" is not used: systems differ on a separator at the end, and the result is that of the
-  // loop below on all of them.
+  // The status of "logs/" is not used: systems differ on a separator at the end, and the result is that of
+  // the loop below on all of them.
   const bool has_status = !separator_at_end || platform::is_root(native);
   if (has_status && platform::status(native).is_directory) return true;
   if (whole.find(strings::code_unit16{}) != whole.npos) return false;

@@ -71,9 +71,9 @@ ORVA_API bool create_directory(const path_argument& path);
 /// the superuser can read a file without the bit, for which this is false.
 ORVA_API bool have_read_access(const path_argument& path);
 
-/// Lists the files and directories in a directory, by their full paths: the given path, a separator, the name.
-/// They are sorted by the bytes of their names; on Windows they have the order of the system. Empty if the
-/// directory is empty, missing or not readable, or not a directory. The empty path lists the root.
+/// Lists the files and directories in a directory, by their full paths: the given path, a separator, the
+/// name. They are sorted by the bytes of their names; on Windows they have the order of the system. Empty if
+/// the directory is empty, missing or not readable, or not a directory. The empty path lists the root.
 ///
 ///     list_directory("logs")   =>  {"logs/a.txt", "logs/old"}    a vector of ustring8
 ///     list_directory(u"logs")  =>  {u"logs/a.txt", u"logs/old"}  a vector of ustring16
@@ -89,15 +89,15 @@ ORVA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& 
 ORVA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& path);
 ORVA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& path);
 
-/// Appends the full paths of all files in a directory and its subdirectories to `files`, which is not cleared.
-/// The files are the regular ones with the owner's read bit (`have_read_access`); subdirectories without it
-/// are skipped. Order and names are those of `list_directory`, with the files of a subdirectory at the place
-/// of its name. With `ustring32`, a subdirectory whose path would name another one is skipped.
+/// Appends the full paths of all files in a directory and its subdirectories to `files`, which is not
+/// cleared. The files are the regular ones with the owner's read bit (`have_read_access`); subdirectories
+/// without it are skipped. Order and names are those of `list_directory`, with the files of a subdirectory at
+/// the place of its name. With `ustring32`, a subdirectory whose path would name another one is skipped.
 ///
 /// Symbolic links are followed, also those that lead back to a parent: the walk then repeats until the system
-/// refuses the path, for its length or for its links (40 on Linux). Two such links in one directory double the
-/// paths at each level, so that the walk does not end in practice: do not walk directories that others can
-/// write. The depth uses no stack.
+/// refuses the path, for its length or for its links (40 on Linux). Two such links in one directory double
+/// the paths at each level, so that the walk does not end in practice: do not walk directories that others
+/// can write. The depth uses no stack.
 ORVA_API void get_directory_files(const strings::ustring8& path, std::vector<strings::ustring8>& files);
 ORVA_API void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files);
 ORVA_API void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files);

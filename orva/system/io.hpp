@@ -15,7 +15,7 @@
 
 namespace ORVA_NAMESPACE::system::io {
 
-/// Whether the path names anything: a file, a directory, a device or other.
+/// Whether the path names something of any kind that can be reached.
 ORVA_API bool exists(const path_argument& path);
 
 /// Whether the path names a directory.

@@ -1,7 +1,10 @@
-/// `basic_date`: year, month and day as three plain numbers, none of them checked.
+/// `basic_date`: year, month and day as plain numbers, without checks.
 ///
-/// A plain value of twelve bytes: copies are independent, and any thread may read one that nobody changes.
-/// `date` is the class that knows the calendar.
+///     basic_date d;
+///     d.month(13);                  // stored as it is
+///
+/// A value of twelve bytes; any thread may read one that no thread changes. `date` checks its fields and
+/// computes with the calendar.
 #pragma once
 
 #include "orva/version.hpp"
@@ -14,7 +17,7 @@ class basic_date {
   constexpr unsigned int month() const { return month_; }
   constexpr unsigned int day() const { return day_; }
 
-  // Each setter returns the value that it was given.
+  // Each setter returns its argument.
   constexpr unsigned int year(unsigned int value) { return year_ = value; }
   constexpr unsigned int month(unsigned int value) { return month_ = value; }
   constexpr unsigned int day(unsigned int value) { return day_ = value; }

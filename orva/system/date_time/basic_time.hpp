@@ -1,7 +1,10 @@
-/// `basic_time`: hour, minute, second and millisecond as four plain numbers, none of them checked.
+/// `basic_time`: hour, minute, second and millisecond as plain numbers, without checks.
 ///
-/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes.
-/// `time` is the class that knows what a day is.
+///     basic_time t;
+///     t.hour(25);                   // stored as it is
+///
+/// A value of sixteen bytes; any thread may read one that no thread changes. `time` checks its fields and
+/// computes with them.
 #pragma once
 
 #include "orva/version.hpp"
@@ -15,7 +18,7 @@ class basic_time {
   constexpr int second() const { return second_; }
   constexpr int millisecond() const { return millisecond_; }
 
-  // Each setter returns the value that it was given.
+  // Each setter returns its argument.
   constexpr int hour(unsigned int value) { return hour_ = static_cast<int>(value); }
   constexpr int minute(unsigned int value) { return minute_ = static_cast<int>(value); }
   constexpr int second(unsigned int value) { return second_ = static_cast<int>(value); }

@@ -1,7 +1,9 @@
-/// `date_duration`: a signed number of days, to move a `date` by.
+/// `date_duration`: a signed number of days by which a `date` moves.
 ///
-/// A plain value, made from an `int` without a cast: `d += 30`. Sums wrap at 32 bits. Usable in constant
-/// expressions.
+///     date d(28, 2, 2000);
+///     d += 30;                      // an `int` converts
+///
+/// A plain value. Sums wrap at 32 bits. Can be used in constant expressions.
 #pragma once
 
 #include "orva/internal/wrapping.hpp"
@@ -15,7 +17,7 @@ class date_duration {
   constexpr date_duration(int days) : days_(days) {}
 
   constexpr int days() const { return days_; }
-  /// Returns the value that it was given.
+  /// Returns its argument.
   constexpr int days(int value) { return days_ = value; }
 
   constexpr date_duration& assign(const date_duration& other) { return *this = other; }

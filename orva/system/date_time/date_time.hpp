@@ -1,14 +1,17 @@
 /// `date_time_t`: a date and a time of day.
 ///
-/// A plain value: copies are independent, and any thread may read one that nobody changes. It forwards to its
-/// two parts, which tell what each operation does and what it raises.
-///
 ///     date_time_t t(date(17, 5, 2024), time(8, 30, 0, 0));
-///     t += date_duration(30);             June 16, 2024, 08:30
-///     t += time_duration(20, 0, 0, 0);    June 16, 2024, 04:30     the date stays
+///     t += date_duration(30);             // June 16, 2024, 08:30
+///     t += time_duration(20, 0, 0, 0);    // June 16, 2024, 04:30: the date stays
 ///
-/// A duration of less than a day leaves the date alone, and the time wraps. A longer one overwrites the day
-/// of the month; see `plus_assign`. To move by days, take a `date_duration`.
+/// Operations are those of its two parts, `date` and `time`, which describe what each one raises.
+///
+/// A duration below 24 hours moves the time within the day and leaves the date. A longer one overwrites the
+/// day of the month, see `plus_assign`: move by days with a `date_duration`.
+///
+/// A plain value; any thread may read one that no thread changes.
+///
+/// Edge cases: docs/edges.md#dates
 #pragma once
 
 #include "orva/export.hpp"
@@ -17,12 +20,12 @@
 
 namespace ORVA_NAMESPACE::system::date_time {
 
-// The class has members `date` and `time`, so the types of that name are qualified in it.
+// The types `date` and `time` are qualified in the class, which has members of these names.
 class date_time_t {
  public:
   static constexpr unsigned int max_months_in_year = 12;
   static constexpr unsigned int max_weeks_in_year = 52;
-  /// One more than `date::max_days_in_month`: tables of days that begin at 1 are laid out with it.
+  /// One more than `date::max_days_in_month`.
   static constexpr unsigned int max_days_in_month = 32;
   static constexpr unsigned int min_hour = 0;
   static constexpr unsigned int max_hour = 23;
@@ -37,8 +40,8 @@ class date_time_t {
   constexpr date_time_t(const date_time::date& day, const date_time::time& time_of_day)
       : date_(day), time_(time_of_day) {}
 
-  /// One reading of the clock for both parts, so that they belong together at midnight too. Time zone as told
-  /// at `date::local_date`.
+  /// Both parts are from one reading of the clock, so that they agree at midnight. The time zone is that of
+  /// `date::local_date`.
   ORVA_API static date_time_t local_date_time();
   ORVA_API static date_time_t UTC_date_time();
 
@@ -65,7 +68,7 @@ class date_time_t {
   constexpr int millisecond() const { return time_.millisecond(); }
   constexpr int millisecond(unsigned int value) { return time_.millisecond(value); }
 
-  // Each assignment of one part leaves the other as it is.
+  // Assigning one part leaves the other unchanged.
 
   constexpr date_time_t& assign(const date_time::date& day, const date_time::time& time_of_day) {
     return *this = date_time_t(day, time_of_day);
@@ -95,12 +98,12 @@ class date_time_t {
   }
   constexpr date_time_t& operator-=(const date_duration& duration) { return minus_assign(duration); }
 
-  /// Moves the time, which wraps within the day. From 24 whole hours on, forward or back, the hours beyond
-  /// whole days are first made the day of the month, and the date then moves by as many days:
+  /// Moves the time, which wraps within the day. A duration of 24 hours or more, forward or back, first sets
+  /// the day of the month to its hours modulo 24, and then moves the date by that number of days:
   ///
   ///     May 17, 2024, 08:30 += 20 hours    =>  May 17, 2024, 04:30
-  ///     May 17, 2024, 08:30 += 25 hours    =>  May 2, 2024, 09:30      day 1, and one on
-  ///     May 17, 2024, 08:30 += 53 hours    =>  May 10, 2024, 13:30     day 5, and five on
+  ///     May 17, 2024, 08:30 += 25 hours    =>  May 2, 2024, 09:30      day 1 plus 1
+  ///     May 17, 2024, 08:30 += 53 hours    =>  May 10, 2024, 13:30     day 5 plus 5
   ///     May 17, 2024, 08:30 += 48 hours    =>  "day value out of valid range" is raised
   ///     May 17, 2024, 08:30 += -25 hours   =>  the same
   constexpr date_time_t& plus_assign(const time_duration& duration) {
@@ -110,9 +113,9 @@ class date_time_t {
   }
   constexpr date_time_t& operator+=(const time_duration& duration) { return plus_assign(duration); }
 
-  /// The same backward:
+  /// The same in the other direction:
   ///
-  ///     May 17, 2024, 08:30 -= 25 hours    =>  April 30, 2024, 07:30   day 1, and one back
+  ///     May 17, 2024, 08:30 -= 25 hours    =>  April 30, 2024, 07:30   day 1 minus 1
   constexpr date_time_t& minus_assign(const time_duration& duration) {
     if (reaches_a_day(duration)) date_ -= put_hours_into_day(duration);
     time_ -= duration;
@@ -126,8 +129,7 @@ class date_time_t {
     return hours >= 24 || hours <= -24;
   }
 
-  /// The remainder of the hours and not the quotient, which overwrites the day: stored schedules are moved by
-  /// this rule.
+  /// Deliberately the remainder of the hours, not the number of days: the results are part of the contract.
   constexpr date_duration put_hours_into_day(const time_duration& duration) {
     const auto hours = static_cast<unsigned int>(duration.total_complete_hours() % 24);
     return static_cast<int>(date_.day(hours));

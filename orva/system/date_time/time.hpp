@@ -1,18 +1,24 @@
 /// `time`: a time of day, to the millisecond.
 ///
-/// A plain value of sixteen bytes: copies are independent, and any thread may read one that nobody changes.
-/// Everything but the two clock readings is usable in constant expressions. There is no comparison and no
-/// text.
-///
-///     time(23, 59, 59, 999) + milliseconds(1)              =>  00:00:00.000    the day that ends is not told
+///     time(23, 59, 59, 999) + milliseconds(1)              =>  00:00:00.000
 ///     time(0, 0, 0, 0) - milliseconds(1)                   =>  23:59:59.999
 ///     time(18, 0, 0, 0) - time(8, 30, 0, 0)                =>  a duration of 9 hours 30 minutes
-///     time(8, 30, 0, 0) - time(18, 0, 0, 0)                =>  one of -9 hours -30 minutes
+///     time(8, 30, 0, 0) - time(18, 0, 0, 0)                =>  a duration of -9 hours -30 minutes
 ///
-/// Forward any distance will do. Back, only what ends in the day or in the one before: further back raises,
-/// but for a whole number of days.
+/// Moves wrap within the day; whole days passed are lost. A move back may reach the day before. One that
+/// leads further raises, unless it ends at midnight exactly:
 ///
-/// A value that no clock shows raises `exceptions::out_of_range` and leaves its field as it was.
+///     time(8, 30, 0, 0) - time_duration(32, 30, 0, 0)      =>  00:00:00.000
+///     time(8, 30, 0, 0) - time_duration(32, 31, 0, 0)      =>  raises
+///
+/// Sums have 64 bits and wrap: a move forward by nearly 2^63 milliseconds or more is a move back.
+///
+/// A field out of range raises `exceptions::out_of_range` and is unchanged then.
+///
+/// A value of sixteen bytes; any thread may read one that no thread changes. All but the two clock readings
+/// can be used in constant expressions. There are no comparisons and no text.
+///
+/// Edge cases: docs/edges.md#dates
 #pragma once
 
 #include "orva/export.hpp"
@@ -36,41 +42,41 @@ class time {
   /// Midnight.
   constexpr time() = default;
 
-  /// Checks hour, minute, second and millisecond in this order, as the setters do.
+  /// Checks hour, minute, second and millisecond, in this order, as the setters do.
   constexpr time(unsigned int hour, unsigned int minute, unsigned int second, unsigned int millisecond) {
     store(hour, minute, second, millisecond);
   }
 
-  /// The time by the clock, in the time zone of the process or in UTC. Outside Windows the zone is the one
-  /// that `TZ` named when the process first asked for a local time, or last called `tzset`.
+  /// The time by the clock, in the time zone of the process or in UTC. The zone is that of
+  /// `date::local_date`.
   ORVA_API static time local_time();
   ORVA_API static time UTC_time();
 
-  // Each setter returns the value that it was given.
+  // Each setter returns its argument.
 
   constexpr int hour() const { return fields_.hour(); }
-  /// Raises for a value above 23.
+  /// Raises if the value is above 23.
   constexpr int hour(unsigned int value) {
     if (!is_valid_hour(static_cast<int>(value))) refuse_hour();
     return fields_.hour(value);
   }
 
   constexpr int minute() const { return fields_.minute(); }
-  /// Raises for a value above 59.
+  /// Raises if the value is above 59.
   constexpr int minute(unsigned int value) {
     if (!is_valid_minute(static_cast<int>(value))) refuse_minute();
     return fields_.minute(value);
   }
 
   constexpr int second() const { return fields_.second(); }
-  /// Raises for a value above 59.
+  /// Raises if the value is above 59.
   constexpr int second(unsigned int value) {
     if (!is_valid_second(static_cast<int>(value))) refuse_second();
     return fields_.second(value);
   }
 
   constexpr int millisecond() const { return fields_.millisecond(); }
-  /// Raises for a value above 999.
+  /// Raises if the value is above 999.
   constexpr int millisecond(unsigned int value) {
     if (!is_valid_millisecond(static_cast<int>(value))) refuse_millisecond();
     return fields_.millisecond(value);
@@ -78,8 +84,8 @@ class time {
 
   constexpr time& assign(const time& other) { return *this = other; }
 
-  /// Moves forward, or back by a negative duration, and wraps within the day. Where a sum below minus one day
-  /// raises, the message names the first part that is negative; the parts before it are stored already.
+  /// Moves forward, or back by a negative duration, and wraps within the day. If it raises, the message names
+  /// the first part of the result that is negative; the parts before it are stored.
   constexpr time& plus_assign(const time_duration& duration) {
     using internal::wrapping_add;
     constexpr long long day = 86400000;
@@ -98,7 +104,7 @@ class time {
   constexpr time& operator-=(const time_duration& duration) { return minus_assign(duration); }
 
  protected:
-  // A negative number is a large unsigned one, and fails.
+  // A negative number is large as an unsigned one, and not valid.
   constexpr bool is_valid_hour(int value) const { return static_cast<unsigned int>(value) <= 23; }
   constexpr bool is_valid_minute(int value) const { return static_cast<unsigned int>(value) <= 59; }
   constexpr bool is_valid_second(int value) const { return static_cast<unsigned int>(value) <= 59; }
@@ -131,7 +137,7 @@ constexpr time operator+(const time_duration& duration, time moved) { return mov
 constexpr time minus(time moved, const time_duration& duration) { return moved -= duration; }
 constexpr time operator-(time moved, const time_duration& duration) { return moved -= duration; }
 
-/// From `from` to `to`, negative where `to` is the earlier one; less than a day either way.
+/// The duration from `from` to `to`: less than a day, and negative if `to` is earlier.
 constexpr time_duration minus(const time& to, const time& from) {
   return {to.hour() - from.hour(), to.minute() - from.minute(), to.second() - from.second(),
           to.millisecond() - from.millisecond()};

@@ -1,7 +1,4 @@
-/// `time_duration` and `milliseconds`: a signed span of time, counted in milliseconds.
-///
-/// Plain values of 64 bits, usable in constant expressions. Sums and differences wrap at 64 bits and never
-/// fail.
+/// `time_duration` and `milliseconds`: a signed span of time in milliseconds.
 ///
 ///     const time_duration d(1, 30, 0, 0);
 ///     d.hour()                      =>  1
@@ -9,11 +6,15 @@
 ///     d.total_complete_minutes()    =>  90
 ///     d.total_hours()               =>  1.5
 ///
-/// Everything truncates toward zero, so that each part of a negative duration is zero or negative:
+/// Divisions truncate toward zero: each part of a negative duration is zero or negative.
 ///
 ///     time_duration(0, 0, -61, 0).minute()         =>  -1
 ///     time_duration(0, 0, -61, 0).second()         =>  -1
 ///     time_duration(0, 0, 0, -1).millisecond()     =>  -1
+///
+/// Plain values of 64 bits. Sums and differences wrap. Can be used in constant expressions.
+///
+/// Edge cases: docs/edges.md#dates
 #pragma once
 
 #include "orva/internal/wrapping.hpp"
@@ -25,15 +26,14 @@ class time_duration {
  public:
   constexpr time_duration() = default;
 
-  /// The first three make a number of milliseconds in 32 bits, which wraps: from 596 hours 31 minutes 23.648
-  /// seconds on, the result is another one. The milliseconds are added to it in 64 bits, so that long
-  /// durations are made of them.
+  /// Hours, minutes and seconds are converted to milliseconds with 32 bits, which wrap from 596 hours 31
+  /// minutes 23.648 seconds on. The milliseconds are added with 64 bits: give longer durations in them.
   constexpr time_duration(int hours, int minutes, int seconds, long long milliseconds)
       : count_(internal::wrapping_add<long long>(in_32_bits(hours, minutes, seconds), milliseconds)) {}
 
   // The parts of the duration.
 
-  /// All whole hours, 24 and more of them too; cut to 32 bits.
+  /// All whole hours, also 24 and more; the low 32 bits.
   constexpr int hour() const { return static_cast<int>(total_complete_hours()); }
   constexpr int minute() const { return static_cast<int>(total_complete_minutes() % 60); }
   constexpr int second() const { return static_cast<int>(total_complete_seconds() % 60); }
@@ -82,13 +82,13 @@ constexpr time_duration minus(time_duration left, const time_duration& right) { 
 constexpr time_duration operator+(time_duration left, const time_duration& right) { return left += right; }
 constexpr time_duration operator-(time_duration left, const time_duration& right) { return left -= right; }
 
-/// A duration given by its count alone, taken and read as a plain number: `t += milliseconds(5)`.
+/// A duration that is made from its number of milliseconds, and converts to it: `t += milliseconds(5)`.
 class milliseconds : public time_duration {
  public:
   constexpr milliseconds() = default;
   constexpr milliseconds(long long count) : time_duration(0, 0, 0, count) {}
 
-  /// The low 32 bits of the count; `total_milliseconds` has all of them.
+  /// The low 32 bits of the number; `total_milliseconds` returns all of it.
   constexpr operator int() const { return static_cast<int>(total_milliseconds()); }
 
   constexpr milliseconds& assign(const milliseconds& other) { return *this = other; }

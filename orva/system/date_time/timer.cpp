@@ -43,7 +43,7 @@ unsigned long long timer::elapsed_time() const {
 timer_resolution timer::resolution(timer_resolution value) {
   if (value == m_resolution) return value;
   m_resolution = value;
-  // The divisor stays on the way back: programs scale what such a timer tells by it.
+  // Deliberately not set to 1 for the other resolutions: the results are part of the contract.
   if (value == resolution_microseconds) m_frequency = windows_timer_frequency();
   reset();
   return value;
@@ -66,8 +66,8 @@ unsigned long long timer::windows_timer_frequency() const {
 
 TimerOverheadTester::TimerOverheadTester() {
   if (timer::overhead_microseconds() != 0) return;
-  // Copies of one timer, so that the frequency is asked for once and nothing but the clock between the
-  // readings.
+  // Copies of one timer, so that the frequency is read once, and only the clock is read between start and
+  // stop.
   const timer fresh;
   timer warm_up = fresh;
   timer first = fresh;

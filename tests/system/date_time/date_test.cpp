@@ -263,8 +263,22 @@ TEST(date, subtraction_compares_signed_numbers) {
   EXPECT_EQ(raised([&] { far -= date_duration(min_int); }), "nothing");
 }
 
+TEST(date, subtraction_before_march_of_year_0_raises_only_from_march_on) {
+  date march(1, 3, 0);
+  EXPECT_EQ(raised([&] { march -= date_duration(1); }), bad_date);
+  date february(28, 2, 0);
+  EXPECT_EQ(raised([&] { february -= date_duration(1); }), "nothing") << "its number has wrapped";
+}
+
+TEST(date, subtraction_raises_from_the_year_5879611_on) {
+  date before(1, 1, 5879610);
+  EXPECT_EQ(raised([&] { before -= date_duration(1); }), "nothing");
+  date after(1, 12, 5879611);
+  EXPECT_EQ(raised([&] { after -= date_duration(1); }), bad_date);
+}
+
 TEST(date, default_date_has_a_far_number_and_moves_from_there) {
-  // It stands for December 0 of the year before 0, and that year has wrapped.
+  // It counts as December 0 of the year before 0, which has wrapped.
   EXPECT_EQ(open_date().pJulian_day_number(), 1041529479u);
   EXPECT_EQ(date() += date_duration(-1041529478), date(1, 3, 0));
   EXPECT_EQ(date() -= date_duration(1041529478), date(1, 3, 0));

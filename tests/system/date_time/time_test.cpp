@@ -45,6 +45,8 @@ TEST(time, documentation_example) {
   const auto back = time(8, 30, 0, 0) - time(18, 0, 0, 0);
   EXPECT_EQ(back.hour(), -9);
   EXPECT_EQ(back.minute(), -30);
+  EXPECT_EQ(time(8, 30, 0, 0) - time_duration(32, 30, 0, 0), time(0, 0, 0, 0));
+  EXPECT_EQ(raised([] { minus(time(8, 30, 0, 0), time_duration(32, 31, 0, 0)); }), orva_test::bad_minute);
 }
 
 TEST(basic_time, stores_anything) {

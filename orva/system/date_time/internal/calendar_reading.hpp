@@ -1,4 +1,6 @@
-/// What the clock says, as the classes of this folder. Internal: not installed.
+/// Converts readings of the clock to `date` and `time`.
+///
+/// Internal: not installed.
 #pragma once
 
 #include "orva/platform/clock.hpp"

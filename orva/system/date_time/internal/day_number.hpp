@@ -1,8 +1,9 @@
-/// Days of the Gregorian calendar by number, and numbers by day: what moves a `date`.
+/// Converts days of the Gregorian calendar to numbers and back; `date` moves by them.
 ///
-/// Day 1 is March 1 of year 0, and years count from March, so that the day of a leap year is the last of its
-/// year. Everything is unsigned arithmetic of 32 bits and wraps. Installed because `date` is usable in
-/// constant expressions; it promises nothing to callers.
+/// Day 1 is March 1 of year 0. Years start in March here, so that February 29 is the last day of its year.
+/// All arithmetic is unsigned with 32 bits, and wraps.
+///
+/// Internal: installed only because `date` can be used in constant expressions. Not for callers.
 #pragma once
 
 #include <cstdint>
@@ -11,24 +12,23 @@
 
 namespace ORVA_NAMESPACE::system::date_time::_private {
 
-/// REQUIRES: month is 0 to 12; 0 counts as the December before.
+/// REQUIRES: month is 0 to 12; 0 means the December before.
 constexpr unsigned int day_number(unsigned int year, unsigned int month, unsigned int day) {
   if (month < 3) {
     month += 12;
     --year;
   }
   const unsigned int leap_days = year / 4 - year / 100 + year / 400;
-  // The months from March on have 31 30 31 30 31 days, over and over: 153 days in five.
+  // From March on, the months have 31 30 31 30 31 days, repeatedly: 153 days in five months.
   const unsigned int days_before_month = (153 * (month - 3) + 2) / 5;
   return year * 365 + leap_days + days_before_month + day;
 }
 
-/// The inverse, but for one day a leap year: the number of a February 29 gives March 1, as stored numbers are
-/// read back like that.
+/// The inverse, except that the number of a February 29 deliberately gives March 1.
 ///
-/// Each division is one of a linear function, which gives quotient and remainder without correction; the
+/// Each division is of a linear function, and gives quotient and remainder without a correction. The
 /// constants are those of C. Neri and L. Schneider, "Euclidean affine functions and their application to
-/// calendar algorithms", 2022. A quarter of a day is the unit of the first two, as a year has 365.2425 days.
+/// calendar algorithms", 2022. The first two divisions count quarters of a day, as a year has 365.2425 days.
 constexpr basic_date day_of_number(unsigned int number) {
   const std::uint64_t quarters = std::uint64_t{4} * (number - 1) + 3;
   const auto century = static_cast<unsigned int>(quarters / 146097);
