@@ -83,18 +83,19 @@ typename Ustring::view view_of(const T& piece) {
 
 template <typename Ustring, typename Left, typename Right>
 Ustring sum(Left&& left, const Right& right) {
-  Ustring result;
   if constexpr (std::same_as<Left, Ustring>) {
     // The left side is a temporary: a sum of many pieces grows one string instead of copying it at every
-    // step.
-    result = std::forward<Left>(left);
+    // step. It grows before it is moved, since the right side may be a part of it.
+    left.append(view_of<Ustring>(right));
+    return std::move(left);
   } else {
     const auto begin = view_of<Ustring>(left);
-    result.reserve(begin.size() + view_of<Ustring>(right).size());
-    result.append(begin);
+    const auto end = view_of<Ustring>(right);
+    Ustring result;
+    result.reserve(begin.size() + end.size());
+    result.append(begin).append(end);
+    return result;
   }
-  result.append(view_of<Ustring>(right));
-  return result;
 }
 
 }  // namespace _private

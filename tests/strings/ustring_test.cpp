@@ -260,6 +260,20 @@ TYPED_TEST(ustring_class, sum_with_a_temporary_grows_it) {
   EXPECT_EQ(joined.data(), units);
 }
 
+TYPED_TEST(ustring_class, sum_with_a_temporary_may_have_a_part_of_it_on_the_right) {
+  for (const std::string& units : {std::string("short"), std::string(100, 'l')}) {
+    const TypeParam whole(this->text(units));
+    TypeParam left = whole;
+    EXPECT_EQ(std::move(left) + left, whole + whole);
+    left = whole;
+    EXPECT_EQ(std::move(left) + left.c_str(), whole + whole);
+    left = whole;
+    EXPECT_EQ(std::move(left) + typename TypeParam::view(left).substr(1), whole + whole.substr(1));
+    left = whole;
+    EXPECT_EQ(std::move(left) + left[0], whole + whole.substr(0, 1));
+  }
+}
+
 TYPED_TEST(ustring_class, zero_units_are_text_like_others) {
   const TypeParam text(this->text(std::string_view("a\0b", 3)));
   EXPECT_EQ((text + text).size(), 6u);
