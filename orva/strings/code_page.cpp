@@ -2,8 +2,8 @@
 
 #include <stdexcept>
 
-#include "orva/internal/any_utf16.hpp"
 #include "orva/internal/raise.hpp"
+#include "orva/internal/transforms/transforms.hpp"
 #include "orva/platform/code_page_conversion.hpp"
 #include "orva/strings/unicode.hpp"
 

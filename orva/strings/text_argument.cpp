@@ -1,6 +1,6 @@
 #include "orva/strings/text_argument.hpp"
 
-#include "orva/internal/any_utf16.hpp"
+#include "orva/internal/transforms/transforms.hpp"
 #include "orva/strings/unicode.hpp"
 
 namespace ORVA_NAMESPACE::strings {

@@ -18,9 +18,9 @@
 
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
-#include "orva/internal/any_utf16.hpp"
 #include "orva/internal/floating_truncation.hpp"
 #include "orva/internal/text/character_class.hpp"
+#include "orva/internal/transforms/transforms.hpp"
 #include "orva/strings/unicode.hpp"
 #include "orva/strings/ustring_for.hpp"
 #include "orva/types/nil.hpp"

@@ -8,7 +8,7 @@
 #include <span>
 
 #include "orva/internal/text/overwrite.hpp"
-#include "orva/strings/internal/failure_text.hpp"
+#include "orva/internal/transforms/failure_text.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_NAMESPACE::strings::_private {

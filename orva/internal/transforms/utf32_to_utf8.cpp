@@ -4,7 +4,7 @@
 
 #include "orva/internal/text/code_point.hpp"
 #include "orva/internal/text/fast_path_to_utf8.hpp"
-#include "orva/strings/internal/transform_output.hpp"
+#include "orva/internal/transforms/output_text.hpp"
 #include "orva/strings/unicode.hpp"
 
 namespace ORVA_NAMESPACE::strings {
