@@ -83,17 +83,35 @@ BENCHMARK(replace_by_string_loop<0>);
 BENCHMARK(replace_by_string_loop<1>);
 BENCHMARK(replace_by_string_loop<3>);
 
-void to_lower(benchmark::State& state) {
-  each(state, table(), [](const std::string& text) { return strings::to_lower(text); });
+/// Words of Cyrillic letters in UTF-8, so that nearly all bytes are outside ASCII.
+std::string cyrillic(std::size_t size) {
+  std::mt19937 random(42);
+  std::string text;
+  while (text.size() < size) {
+    for (auto letters = random() % 10; letters > 0; --letters) {
+      text += '\xD0';
+      text += static_cast<char>(0x90 + random() % 0x30);
+    }
+    text += ' ';
+  }
+  return text;
 }
-BENCHMARK(to_lower);
 
-void lower_by_runtime_loop(benchmark::State& state) {
-  each(state, table(), [](std::string text) {
-    for (char& unit : text) unit = static_cast<char>(std::tolower(static_cast<unsigned char>(unit)));
-    return text;
+void lower(benchmark::State& state, const std::string& text) {
+  each(state, text, [](const std::string& units) { return strings::to_lower(units); });
+}
+BENCHMARK_CAPTURE(lower, ascii, table());
+BENCHMARK_CAPTURE(lower, cyrillic, cyrillic(100000));
+BENCHMARK_CAPTURE(lower, short_cyrillic, cyrillic(40));
+
+void lower_by_runtime_loop(benchmark::State& state, const std::string& text) {
+  each(state, text, [](std::string units) {
+    for (char& unit : units) unit = static_cast<char>(std::tolower(static_cast<unsigned char>(unit)));
+    return units;
   });
 }
-BENCHMARK(lower_by_runtime_loop);
+BENCHMARK_CAPTURE(lower_by_runtime_loop, ascii, table());
+BENCHMARK_CAPTURE(lower_by_runtime_loop, cyrillic, cyrillic(100000));
+BENCHMARK_CAPTURE(lower_by_runtime_loop, short_cyrillic, cyrillic(40));
 
 }  // namespace

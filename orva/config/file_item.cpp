@@ -15,7 +15,7 @@ namespace ORVA_NAMESPACE::config {
 namespace {
 
 bool can_be_opened(const strings::ustring8& name) {
-  return platform::input_file(platform::to_native(system::path_argument(name).get())).is_open();
+  return platform::input_file(platform::to_native(system::path_argument(name).view())).is_open();
 }
 
 /// The name of the first file that can be opened among those that the items name by `key`, each with

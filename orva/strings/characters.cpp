@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <string>
+#include <string_view>
 
 #include "orva/internal/text/code_point.hpp"
 
@@ -10,19 +11,19 @@ namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
-types::uint32 told_in_32_bits(std::size_t length) {
+types::uint32 clamped_to_32_bits(std::size_t length) {
   return static_cast<types::uint32>(std::min<std::size_t>(length, 0xFFFFFFFF));
 }
 
 template <typename Unit>
 types::uint32 length_before_terminator(const Unit* text) {
-  return told_in_32_bits(std::char_traits<Unit>::length(text));
+  return clamped_to_32_bits(std::char_traits<Unit>::length(text));
 }
 
-/// The walk of both widths: `units_at(index)` tells how many units the character at an index of the text
-/// takes, 0 for none.
-template <typename Text, typename UnitsAt>
-types::uint32 walk(const Text& text, types::uint32 count, UnitsAt units_at) {
+/// `character_index` of both widths. `units_at(index)` returns the number of units of the character at that
+/// index of the text, 0 where there is none.
+template <typename Unit, typename UnitsAt>
+types::uint32 walk(std::basic_string_view<Unit> text, types::uint32 count, UnitsAt units_at) {
   if (count >= text.size()) return no_character;
   std::size_t index = 0;
   for (; count > 0 && index < text.size(); --count) {
@@ -30,8 +31,8 @@ types::uint32 walk(const Text& text, types::uint32 count, UnitsAt units_at) {
     if (units == 0) return no_character;
     index += units;
   }
-  // Behind the last character the terminator and what would follow it are characters of one unit each.
-  return told_in_32_bits(index + count);
+  // After the last character, the terminator and whatever would follow it are characters of one unit each.
+  return clamped_to_32_bits(index + count);
 }
 
 template <typename Unit>
@@ -52,19 +53,19 @@ types::uint32 read_character(const Unit* text, types::uint32 length, types::uint
 types::uint32 string_length(const char* text) { return length_before_terminator(text); }
 types::uint32 string_length(const code_unit16* text) { return length_before_terminator(text); }
 types::uint32 string_length(const code_unit32* text) { return length_before_terminator(text); }
-types::uint32 string_length(const ustring8& text) { return told_in_32_bits(text.size()); }
-types::uint32 string_length(const ustring16& text) { return told_in_32_bits(text.size()); }
-types::uint32 string_length(const ustring32& text) { return told_in_32_bits(text.size()); }
+types::uint32 string_length(ustring8::view text) { return clamped_to_32_bits(text.size()); }
+types::uint32 string_length(ustring16::view text) { return clamped_to_32_bits(text.size()); }
+types::uint32 string_length(ustring32::view text) { return clamped_to_32_bits(text.size()); }
 
-types::uint32 character_index(const ustring8& text, types::uint32 character) {
+types::uint32 character_index(ustring8::view text, types::uint32 character) {
   return walk(text, character, [&](std::size_t index) {
     return internal::text::decode(text.data() + index, text.size() - index).units;
   });
 }
 
-types::uint32 character_index(const ustring16& text, types::uint32 character) {
-  // The first unit of the text and not the unit reached: callers count on stray low surrogates inside a text
-  // being characters of their own.
+types::uint32 character_index(ustring16::view text, types::uint32 character) {
+  // Looks at the first unit of the text, not at the one reached: callers rely on a stray low surrogate inside
+  // a text being a character of its own.
   const bool begins_with_low_surrogate = !text.empty() && internal::text::is_low_surrogate(text.front());
   return walk(text, character, [&](std::size_t index) -> std::size_t {
     if (internal::text::is_high_surrogate(text[index])) {

@@ -23,9 +23,9 @@ inline constexpr types::uint32 no_character = 0xFFFFFFFF;
 ORVA_API types::uint32 string_length(const char* text);
 ORVA_API types::uint32 string_length(const code_unit16* text);
 ORVA_API types::uint32 string_length(const code_unit32* text);
-ORVA_API types::uint32 string_length(const ustring8& text);
-ORVA_API types::uint32 string_length(const ustring16& text);
-ORVA_API types::uint32 string_length(const ustring32& text);
+ORVA_API types::uint32 string_length(ustring8::view text);
+ORVA_API types::uint32 string_length(ustring16::view text);
+ORVA_API types::uint32 string_length(ustring32::view text);
 
 /// The index of the code unit at which a character begins, or `no_character`. Characters count from 0. In
 /// UTF-32 the two indexes are the same.
@@ -40,8 +40,8 @@ ORVA_API types::uint32 string_length(const ustring32& text);
 ///
 /// In UTF-16 a stray low surrogate is looked for in the first unit of the text only: a text that begins with
 /// one has no character but number 0, and a later one counts as a character.
-ORVA_API types::uint32 character_index(const ustring8& text, types::uint32 character);
-ORVA_API types::uint32 character_index(const ustring16& text, types::uint32 character);
+ORVA_API types::uint32 character_index(ustring8::view text, types::uint32 character);
+ORVA_API types::uint32 character_index(ustring16::view text, types::uint32 character);
 
 /// The character that begins at `position` of a buffer of `length` code units. `step` receives the number of
 /// units that it takes: add it to `position` to go on. When there is no whole, well-formed character the

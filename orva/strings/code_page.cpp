@@ -5,46 +5,45 @@
 #include "orva/internal/raise.hpp"
 #include "orva/internal/transforms/transforms.hpp"
 #include "orva/platform/code_page_conversion.hpp"
-#include "orva/strings/unicode.hpp"
 
 namespace ORVA_NAMESPACE::strings {
 
 namespace {
 
-/// A failed conversion shows as the length that it would have, -1, which no string can take.
+namespace transforms = internal::transforms;
+
+/// A failed conversion counts as a text of length -1, which no string can have.
 void require(bool converted) {
   if (!converted) throw std::length_error("string too long");
 }
 
 }  // namespace
 
-std::string code_page::encode(const ustring8& text) const { return encode(utf8_to_utf16(text)); }
+std::string code_page::encode(ustring8::view text) const { return encode(transforms::utf8_to_utf16(text)); }
 
-std::string code_page::encode(const ustring16& text) const {
+std::string code_page::encode(ustring16::view text) const {
   std::string bytes;
   require(platform::to_code_page(to_system_type(type_), text, bytes));
   return bytes;
 }
 
-std::string code_page::encode(const ustring32& text) const { return encode(utf32_to_utf16(text)); }
+std::string code_page::encode(ustring32::view text) const { return encode(transforms::utf32_to_utf16(text)); }
 
-// Bytes come from outside, and those of U+FFFE may stand first, which the transforms do not return from.
-
-ustring8 code_page::as_utf8(const std::string& bytes) const {
-  return _private::any_utf16_to_utf8(as_utf16(bytes));
+ustring8 code_page::as_utf8(std::string_view bytes) const {
+  return transforms::utf16_to_utf8(as_utf16(bytes));
 }
 
-ustring16 code_page::as_utf16(const std::string& bytes) const {
+ustring16 code_page::as_utf16(std::string_view bytes) const {
   ustring16 text;
   require(platform::from_code_page(to_system_type(type_), bytes, text));
   return text;
 }
 
-ustring32 code_page::as_utf32(const std::string& bytes) const {
-  return _private::any_utf16_to_utf32(as_utf16(bytes));
+ustring32 code_page::as_utf32(std::string_view bytes) const {
+  return transforms::utf16_to_utf32(as_utf16(bytes));
 }
 
-wide_string code_page::as_ustring(const std::string& bytes) const { return as_utf16(bytes); }
+wide_string code_page::as_ustring(std::string_view bytes) const { return as_utf16(bytes); }
 
 int code_page::to_system_type(encoding_type type) const {
   switch (type) {

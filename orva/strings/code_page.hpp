@@ -27,6 +27,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <type_traits>
 
 #include "orva/export.hpp"
@@ -107,15 +108,15 @@ class ORVA_API code_page {
   /// loses its characters.
   ///
   /// Inverse: `as_utf8`, `as_utf16`, `as_utf32`, as far as the page has the characters.
-  std::string encode(const ustring8& text) const;
-  std::string encode(const ustring16& text) const;
-  std::string encode(const ustring32& text) const;
+  std::string encode(ustring8::view text) const;
+  std::string encode(ustring16::view text) const;
+  std::string encode(ustring32::view text) const;
 
   /// The text of a byte string. Inverse: `encode`.
-  ustring8 as_utf8(const std::string& bytes) const;
-  ustring16 as_utf16(const std::string& bytes) const;
-  ustring32 as_utf32(const std::string& bytes) const;
-  wide_string as_ustring(const std::string& bytes) const;
+  ustring8 as_utf8(std::string_view bytes) const;
+  ustring16 as_utf16(std::string_view bytes) const;
+  ustring32 as_utf32(std::string_view bytes) const;
+  wide_string as_ustring(std::string_view bytes) const;
 
  protected:
   /// The system's number for a type: 0 for `ansi`, 1 for `oem` and `oem_alternate`, 65001 for `utf8`, the

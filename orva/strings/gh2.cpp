@@ -1,8 +1,8 @@
 #include "orva/strings/gh2.hpp"
 
-#include <algorithm>
 #include <iostream>
 
+#include "orva/internal/text/code_point.hpp"
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/code_page.hpp"
 #include "orva/strings/replace.hpp"
@@ -11,49 +11,36 @@ namespace ORVA_NAMESPACE::strings::gh2 {
 
 namespace {
 
-unsigned int sequence_length(unsigned char lead) {
-  if (lead < 0x80) return 1;
-  if ((lead & 0xE0) == 0xC0) return 2;
-  if ((lead & 0xF0) == 0xE0) return 3;
-  if ((lead & 0xF8) == 0xF0) return 4;
-  return 0;
-}
-
-bool is_continuation(unsigned char byte) { return (byte & 0xC0) == 0x80; }
-
-template <typename Byte>
-unsigned int utf8_length(const Byte* text, unsigned int length) {
-  if (length == 0 || text == nullptr) return 0;
-  return sequence_length(static_cast<unsigned char>(*text));
-}
-
-template <typename Byte>
-bool is_whole(const Byte* text, unsigned int length) {
-  const unsigned int size = utf8_length(text, length);
-  if (size == 0 || length < size) return false;
-  return std::all_of(text + 1, text + size,
-                     [](Byte byte) { return is_continuation(static_cast<unsigned char>(byte)); });
-}
+const char* as_chars(const unsigned char* text) { return reinterpret_cast<const char*>(text); }
 
 }  // namespace
 
-wide_string tolower(const wide_string& text) { return to_lower(text); }
-wide_string toupper(const wide_string& text) { return to_upper(text); }
+wide_string tolower(ustring16::view text) { return to_lower(text); }
+wide_string toupper(ustring16::view text) { return to_upper(text); }
 
-types::int32 replace_all(wide_string& text, const wide_string& from, const wide_string& to) {
+types::int32 replace_all(wide_string& text, ustring16::view from, ustring16::view to) {
   return strings::replace_all(text, from, to);
 }
 
-std::string to_ansi(const wide_string& text) { return code_page(code_page::ansi).encode(text); }
-wide_string from_ansi(const std::string& bytes) { return code_page(code_page::ansi).as_ustring(bytes); }
+std::string to_ansi(ustring16::view text) { return code_page(code_page::ansi).encode(text); }
+wide_string from_ansi(std::string_view bytes) { return code_page(code_page::ansi).as_ustring(bytes); }
 
-unsigned int get_utf8_length(const char* text, unsigned int length) { return utf8_length(text, length); }
-unsigned int get_utf8_length(const unsigned char* text, unsigned int length) {
-  return utf8_length(text, length);
+unsigned int get_utf8_length(const char* text, unsigned int length) {
+  if (text == nullptr || length == 0) return 0;
+  return static_cast<unsigned int>(internal::text::sequence_length(static_cast<unsigned char>(*text)));
 }
 
-bool validate_utf8(const char* text, unsigned int length) { return is_whole(text, length); }
-bool validate_utf8(const unsigned char* text, unsigned int length) { return is_whole(text, length); }
+unsigned int get_utf8_length(const unsigned char* text, unsigned int length) {
+  return get_utf8_length(as_chars(text), length);
+}
+
+bool validate_utf8(const char* text, unsigned int length) {
+  return text != nullptr && length != 0 && internal::text::decode(text, length).units != 0;
+}
+
+bool validate_utf8(const unsigned char* text, unsigned int length) {
+  return validate_utf8(as_chars(text), length);
+}
 
 std::wistream& ucin = std::wcin;
 std::wostream& ucout = std::wcout;

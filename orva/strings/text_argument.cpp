@@ -1,17 +1,19 @@
 #include "orva/strings/text_argument.hpp"
 
 #include "orva/internal/transforms/transforms.hpp"
-#include "orva/strings/unicode.hpp"
 
-namespace ORVA_NAMESPACE::strings {
+namespace ORVA_NAMESPACE::strings::_private {
 
-text_argument::text_argument(const std::string& text) : converted_(text) {}
-text_argument::text_argument(const char* text) : converted_(text) {}
-text_argument::text_argument(const ustring16& text) : converted_(_private::any_utf16_to_utf8(text)) {}
-text_argument::text_argument(const wide_string& text) : converted_(_private::any_utf16_to_utf8(text)) {}
-text_argument::text_argument(const code_unit16* text) : converted_(_private::any_utf16_to_utf8(text)) {}
-text_argument::text_argument(const ustring32& text) : converted_(utf32_to_utf8(text)) {}
-text_argument::text_argument(const std::basic_string<code_unit32>& text) : converted_(utf32_to_utf8(text)) {}
-text_argument::text_argument(const code_unit32* text) : converted_(utf32_to_utf8(text)) {}
+template <code_unit To, code_unit From>
+basic_ustring<To> converted(std::basic_string_view<From> text) {
+  return internal::transforms::convert<To>(text);
+}
 
-}  // namespace ORVA_NAMESPACE::strings
+template ustring8 converted(ustring16::view);
+template ustring8 converted(ustring32::view);
+template ustring16 converted(ustring8::view);
+template ustring16 converted(ustring32::view);
+template ustring32 converted(ustring8::view);
+template ustring32 converted(ustring16::view);
+
+}  // namespace ORVA_NAMESPACE::strings::_private

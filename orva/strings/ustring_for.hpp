@@ -1,12 +1,13 @@
 /// `ustring_for<Text>`: the library's string of the same width as some text, for operations whose result has
 /// the class of their argument.
 ///
-///     const char*, char[N], std::string, ustring8            =>  ustring8
-///     const code_unit16*, wide_string, ustring16             =>  ustring16
-///     const code_unit32*, std::basic_string<code_unit32>, ustring32  =>  ustring32
+///     const char*, char[N], std::string, std::string_view, ustring8       =>  ustring8
+///     the same of code_unit16: const code_unit16*, wide_string, ustring16  =>  ustring16
+///     the same of code_unit32: const code_unit32*, ustring32               =>  ustring32
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "orva/strings/ustring.hpp"
@@ -15,9 +16,11 @@ namespace ORVA_NAMESPACE::strings {
 
 namespace _private {
 
-// Declared for deduction only: a class derived from a standard string deduces its base.
+// Declared for deduction only: a class derived from a standard string or view deduces its base.
 template <code_unit Unit>
 basic_ustring<Unit> same_width(const std::basic_string<Unit>&);
+template <code_unit Unit>
+basic_ustring<Unit> same_width(const std::basic_string_view<Unit>&);
 template <code_unit Unit>
 basic_ustring<Unit> same_width(const Unit*);
 

@@ -25,7 +25,7 @@ ustring16 from_wchar(std::wstring_view text) {
   return result;
 }
 
-std::wstring to_wchar(const ustring16& text) {
+std::wstring to_wchar(ustring16::view text) {
   if constexpr (wchar_is_utf16) return std::wstring(text.begin(), text.end());
   std::wstring result;
   result.reserve(text.size());

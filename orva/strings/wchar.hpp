@@ -22,6 +22,6 @@ namespace ORVA_NAMESPACE::strings {
 ORVA_API ustring16 from_wchar(std::wstring_view text);
 
 /// A lone surrogate stays a `wchar_t` of its value, so that `from_wchar` gives back any text.
-ORVA_API std::wstring to_wchar(const ustring16& text);
+ORVA_API std::wstring to_wchar(ustring16::view text);
 
 }  // namespace ORVA_NAMESPACE::strings

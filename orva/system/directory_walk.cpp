@@ -51,13 +51,13 @@ struct walked_directory {
 /// directory is not entered: it would be another one, or the same one again and again.
 template <typename Ustring>
 native_string path_to_enter(const walked_directory<Ustring>& directory, native_view name) {
-  const auto native = platform::to_native(path_argument(directory.join(name)).get());
+  const auto native = platform::to_native(path_argument(directory.join(name)).view());
   return native == directory.path + platform::separator + native_string(name) ? native : native_string();
 }
 
 template <typename Ustring>
 std::vector<Ustring> list(const Ustring& path) {
-  const auto native = platform::to_native(path_argument(path).get());
+  const auto native = platform::to_native(path_argument(path).view());
   const directory_listing listing(native, directory_listing::detail::names);
   std::vector<Ustring> paths;
   if (listing.size() == 0) return paths;
@@ -72,7 +72,7 @@ std::vector<Ustring> list(const Ustring& path) {
 template <typename Ustring>
 void append_files(const Ustring& path, std::vector<Ustring>& files) {
   std::vector<walked_directory<Ustring>> walk;
-  walk.emplace_back(platform::to_native(path_argument(path).get()));
+  walk.emplace_back(platform::to_native(path_argument(path).view()));
   while (!walk.empty()) {
     auto& directory = walk.back();
     if (directory.next == directory.listing.size()) {

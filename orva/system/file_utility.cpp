@@ -50,7 +50,7 @@ bool make_directory(std::basic_string_view<strings::code_unit16> path) {
 }  // namespace
 
 int load_file(const path_argument& path, std::string& contents) {
-  const auto native = platform::to_native(path.get());
+  const auto native = platform::to_native(path.view());
   if (platform::is_symbolic_link(native)) return 1;
   platform::input_file file(native);
   if (!file.is_open()) return 1;
@@ -63,13 +63,13 @@ int load_file(const path_argument& path, std::string& contents) {
 }
 
 int store_file(const path_argument& path, const std::string& contents) {
-  const auto native = platform::to_native(path.get());
+  const auto native = platform::to_native(path.view());
   if (platform::is_symbolic_link(native)) return 1;
   return platform::write_file(native, contents) ? 0 : 1;
 }
 
 bool create_directory(const path_argument& path) {
-  const std::basic_string_view<strings::code_unit16> whole = path.get();
+  const std::basic_string_view<strings::code_unit16> whole = path.view();
   const auto native = platform::to_native(whole);
   const bool separator_at_end = whole.ends_with(platform::separator);
   // The status of "logs/" is not used: systems differ on a separator at the end, and the result is that of
@@ -87,7 +87,7 @@ bool create_directory(const path_argument& path) {
 }
 
 bool have_read_access(const path_argument& path) {
-  return platform::status(platform::to_native(path.get())).owner_may_read;
+  return platform::status(platform::to_native(path.view())).owner_may_read;
 }
 
 }  // namespace ORVA_NAMESPACE::system

@@ -6,7 +6,7 @@ namespace ORVA_NAMESPACE::system::io {
 
 namespace {
 
-platform::native_string native(const path_argument& path) { return platform::to_native(path.get()); }
+platform::native_string native(const path_argument& path) { return platform::to_native(path.view()); }
 
 }  // namespace
 

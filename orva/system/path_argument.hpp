@@ -1,39 +1,27 @@
 /// `path_argument`: the parameter of an operation that takes a path of any width and works on the 16-bit
 /// path.
 ///
-/// It is made implicitly from whatever the caller has. A `ustring16` is borrowed, not copied, and must live
-/// as long as the argument does, which the end of the call's full expression grants; everything else is
-/// converted into a path that the argument owns. Bytes are taken as UTF-8.
+/// The caller passes what it has: a string of the library, a standard string, a view or a literal.
 ///
-///     from ustring8    utf8_to_utf16     invalid text is the path "-1"
-///     from ustring16   as it stands
-///     from ustring32   utf32_to_utf16    not what other widths call a character above U+FFFE
+///     bool exists(const path_argument& path);
+///     exists("notes.txt");
+///     exists(some_ustring16);
+///
+/// It is a `strings::basic_text_argument`: a 16-bit path is borrowed as it is and must live until the end of
+/// the call; any other is converted into a path that the argument owns. Bytes are taken as UTF-8.
+///
+///     from 8 bits     utf8_to_utf16     invalid text is the path "-1"
+///     from 16 bits    as it is          nothing is checked
+///     from 32 bits    utf32_to_utf16    not what the other widths call a character above U+FFFE
+///
+/// Edge cases: docs/edges.md#files
 #pragma once
 
-#include <string>
-
-#include "orva/export.hpp"
-#include "orva/strings/ustring.hpp"
+#include "orva/strings/code_unit.hpp"
+#include "orva/strings/text_argument.hpp"
 
 namespace ORVA_NAMESPACE::system {
 
-class ORVA_API path_argument {
- public:
-  path_argument(const strings::ustring16& path) noexcept : borrowed_(&path) {}
-  path_argument(const strings::wide_string& path);
-  path_argument(const strings::code_unit16* path);
-  path_argument(const strings::ustring8& path);
-  path_argument(const std::string& path);
-  path_argument(const char* path);
-  path_argument(const strings::ustring32& path);
-  path_argument(const std::basic_string<strings::code_unit32>& path);
-  path_argument(const strings::code_unit32* path);
-
-  const strings::ustring16& get() const noexcept { return borrowed_ != nullptr ? *borrowed_ : converted_; }
-
- private:
-  const strings::ustring16* borrowed_ = nullptr;
-  strings::ustring16 converted_;
-};
+using path_argument = strings::basic_text_argument<strings::code_unit16>;
 
 }  // namespace ORVA_NAMESPACE::system

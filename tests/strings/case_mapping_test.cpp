@@ -95,6 +95,36 @@ TEST(case_mapping, single_byte_locale_maps_its_letters_in_every_width) {
   }
 }
 
+/// Each unit below 0x400 several times, mapped in one call and one by one.
+template <typename Ustring>
+void expect_long_text_as_its_units() {
+  Ustring text;
+  for (unsigned int i = 0; i < 4096; ++i)
+    text.push_back(static_cast<typename Ustring::value_type>(i % 0x400));
+  Ustring lower, upper;
+  for (const auto unit : text) {
+    lower += to_lower(Ustring(1, unit));
+    upper += to_upper(Ustring(1, unit));
+  }
+  EXPECT_EQ(to_lower(text), lower);
+  EXPECT_EQ(to_upper(text), upper);
+  EXPECT_EQ(lower_case(text, 1, 4000), text.substr(0, 1) + lower.substr(1, 3999) + text.substr(4000));
+}
+
+TEST(case_mapping, long_text_is_mapped_as_its_units_are) {
+  expect_long_text_as_its_units<ustring8>();
+  expect_long_text_as_its_units<ustring16>();
+  expect_long_text_as_its_units<ustring32>();
+}
+
+TEST(case_mapping, long_text_is_mapped_as_its_units_are_in_a_single_byte_locale) {
+  const orva_test::single_byte_locale latin9("ISO-8859-15", "de_DE");
+  if (!latin9.made()) GTEST_SKIP() << "localedef could not make a Latin-9 locale";
+  expect_long_text_as_its_units<ustring8>();
+  expect_long_text_as_its_units<ustring16>();
+  expect_long_text_as_its_units<ustring32>();
+}
+
 TEST(case_mapping, byte_0xff_is_the_end_of_file_and_stays) {
   const orva_test::single_byte_locale latin9("ISO-8859-15", "de_DE");
   if (!latin9.made()) GTEST_SKIP() << "localedef could not make a Latin-9 locale";
@@ -122,7 +152,7 @@ TEST(lower_case, changes_only_the_range) {
   EXPECT_EQ(lower_case("ABCDEF", 3, std::string::npos), "ABCdef");
 }
 
-TEST(lower_case, range_behind_the_end_is_cut) {
+TEST(lower_case, range_after_the_end_is_cut) {
   EXPECT_EQ(lower_case("ABCDEF", 3, 1000), "ABCdef");
   EXPECT_EQ(lower_case("ABCDEF", 7, 1000), "ABCDEF");
   EXPECT_EQ(lower_case("ABCDEF", 4, 2), "ABCDEF");

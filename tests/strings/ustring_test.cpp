@@ -366,6 +366,9 @@ TEST(ustring_for, names_the_string_of_the_same_width) {
   static_assert(std::is_same_v<ustring_for<ustring16>, ustring16>);
   static_assert(std::is_same_v<ustring_for<const code_unit32*>, ustring32>);
   static_assert(std::is_same_v<ustring_for<ustring32>, ustring32>);
+  static_assert(std::is_same_v<ustring_for<std::string_view>, ustring8>);
+  static_assert(std::is_same_v<ustring_for<ustring16::view>, ustring16>);
+  static_assert(std::is_same_v<ustring_for<ustring32::view>, ustring32>);
   static_assert(any_text<const char*> && any_text<ustring16> && any_text<ustring32>);
   static_assert(!any_text<int> && !any_text<bool> && !any_text<std::vector<char>>);
 }

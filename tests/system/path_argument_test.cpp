@@ -33,6 +33,14 @@ TEST(path_argument, is_made_from_text_of_every_width) {
 TEST(path_argument, borrows_a_ustring16) {
   const strings::ustring16 path = utf16(u"a/b");
   EXPECT_EQ(&path_argument(path).get(), &path);
+  EXPECT_EQ(path_argument(path).view().data(), path.data());
+}
+
+TEST(path_argument, borrows_a_wide_string_and_a_view) {
+  const strings::wide_string path = utf16(u"a/b");
+  EXPECT_EQ(path_argument(path).view().data(), path.data());
+  EXPECT_EQ(path_argument(strings::ustring16::view(path)).view().data(), path.data());
+  EXPECT_EQ(path_argument(path.c_str()).view().data(), path.data());
 }
 
 TEST(path_argument, a_copy_owns_what_was_converted) {

@@ -1,4 +1,4 @@
-/// `fast_path` from UTF-8 into UTF-16 and UTF-32.
+/// `fast_path` from UTF-8 into UTF-16 and UTF-32. It takes every whole sequence of four bytes.
 ///
 /// Internal: not installed.
 #pragma once
@@ -53,8 +53,8 @@ cursor<char, To> fast_path(cursor<char, To> at, const char* end) {
   while (end - at.from >= 4) {
     const std::uint32_t bytes = load_four_bytes(at.from);
     if ((bytes & 0x80808080) == 0) {
-      const auto ahead = fast_path_ascii(at, end);
-      at = ahead.from == at.from ? copied<4>(at) : ahead;
+      const auto advanced = fast_path_ascii(at, end);
+      at = advanced.from == at.from ? copied<4>(at) : advanced;
     } else if ((bytes & 0x80) == 0) {
       at = copied<1>(at);
     } else if (is_sequence<2>(bytes)) {

@@ -21,7 +21,6 @@
 #include "orva/internal/floating_truncation.hpp"
 #include "orva/internal/text/character_class.hpp"
 #include "orva/internal/transforms/transforms.hpp"
-#include "orva/strings/unicode.hpp"
 #include "orva/strings/ustring_for.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/radix.hpp"
@@ -160,20 +159,7 @@ std::ostream& write(std::ostream& stream, Floating value) {
 /// Crosses from one width to another.
 template <code_unit Target, code_unit Unit>
 basic_ustring<Target> to_text(const basic_ustring<Unit>& text) {
-  using strings::code_unit16;
-  using strings::code_unit32;
-  if constexpr (std::same_as<Target, Unit>) {
-    return text;
-  } else if constexpr (std::same_as<Unit, char>) {
-    if constexpr (std::same_as<Target, code_unit16>) return strings::utf8_to_utf16(text);
-    if constexpr (std::same_as<Target, code_unit32>) return strings::utf8_to_utf32(text);
-  } else if constexpr (std::same_as<Unit, code_unit16>) {
-    if constexpr (std::same_as<Target, char>) return strings::_private::any_utf16_to_utf8(text);
-    if constexpr (std::same_as<Target, code_unit32>) return strings::_private::any_utf16_to_utf32(text);
-  } else {
-    if constexpr (std::same_as<Target, char>) return strings::utf32_to_utf8(text);
-    if constexpr (std::same_as<Target, code_unit16>) return strings::utf32_to_utf16(text);
-  }
+  return internal::transforms::convert<Target>(typename basic_ustring<Unit>::view(text));
 }
 
 template <std::floating_point Number>
