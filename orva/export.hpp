@@ -13,3 +13,18 @@
 #else
 #define ORVA_API __attribute__((visibility("default")))
 #endif
+
+// Two warnings of Clang name what is meant so: names that are specified although the language reserves them
+// (`-Wreserved-identifier`), and classes whose virtual functions are all in the header, for speed or for
+// constant expressions (`-Wweak-vtables`). Only such declarations are between these two.
+#if defined(__clang__)
+#define ORVA_BEGIN_EXEMPT_FROM(warning) _Pragma("clang diagnostic push") _Pragma(warning)
+#define ORVA_END_EXEMPT _Pragma("clang diagnostic pop")
+#else
+#define ORVA_BEGIN_EXEMPT_FROM(warning)
+#define ORVA_END_EXEMPT
+#endif
+#define ORVA_BEGIN_RESERVED_NAMES ORVA_BEGIN_EXEMPT_FROM("clang diagnostic ignored \"-Wreserved-identifier\"")
+#define ORVA_END_RESERVED_NAMES ORVA_END_EXEMPT
+#define ORVA_BEGIN_INLINE_VTABLE ORVA_BEGIN_EXEMPT_FROM("clang diagnostic ignored \"-Wweak-vtables\"")
+#define ORVA_END_INLINE_VTABLE ORVA_END_EXEMPT

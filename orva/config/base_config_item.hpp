@@ -118,7 +118,7 @@ class ORVA_API base_config_item
   ///     k = "c d" e        =>  "k", "c de"
   ///     a=b=c              =>  "a", "b=c"
   ///     flag               =>  "flag", ""
-  ///     a\nb=c\nd          =>  "ab", "c"
+  ///     a newline b=c      =>  "ab", "c"   the value ends with its line
   std::pair<strings::ustring8, types::variant> make_key_value(std::string_view expression,
                                                               config_token::tok_types separator) const;
 

@@ -25,6 +25,9 @@ namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_dispatch : public generic::abilities::clone_ability {
  public:
+  config_dispatch() noexcept = default;
+  config_dispatch(const config_dispatch&) noexcept = default;
+  config_dispatch& operator=(const config_dispatch&) noexcept = default;
   ~config_dispatch() override;
 
   /// Appends the sources; the first has the highest precedence. Loads nothing.

@@ -27,6 +27,8 @@ ORVA_API bool is_assert_hook_set();
 
 namespace _private {
 
+ORVA_BEGIN_RESERVED_NAMES
+
 /// What a failed `ORVA_ASSERT` calls. `function` is accepted and not passed on.
 ORVA_API void ____________________ASSERT____________________(const char* const expression,
                                                              const char* const file, unsigned int line,
@@ -37,6 +39,8 @@ ORVA_API void ____________________ASSERT____________________(const char* const e
 ORVA_API void _______________CONTEXT__ASSERT________________(const char* const expression,
                                                              const char* const file, unsigned int line,
                                                              const char* const function, ...);
+
+ORVA_END_RESERVED_NAMES
 
 }  // namespace _private
 

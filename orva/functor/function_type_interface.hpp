@@ -13,7 +13,6 @@ template <typename Result, typename... Args>
 class function_type_interface<Result(Args...)> : public generic::abilities::clone_ability,
                                                  public traits::function_traits<Result(Args...)> {
  public:
-  ~function_type_interface() override = default;
   virtual Result operator()(Args... args) = 0;
   /// True for the same kind of function object with the same target.
   virtual bool equal(const function_type_interface& other) const = 0;

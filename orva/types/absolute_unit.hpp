@@ -13,12 +13,15 @@
 /// Edge cases: docs/edges.md#lengths
 #pragma once
 
+#include "orva/export.hpp"
 #include "orva/internal/double_arithmetic.hpp"
 #include "orva/internal/floating_truncation.hpp"
 #include "orva/internal/number_argument.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::types {
+
+ORVA_BEGIN_INLINE_VTABLE
 
 class absolute_unit {
  public:
@@ -90,5 +93,7 @@ class absolute_unit {
 
   double value_ = 0;
 };
+
+ORVA_END_INLINE_VTABLE
 
 }  // namespace ORVA_NAMESPACE::types

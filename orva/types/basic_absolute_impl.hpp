@@ -23,10 +23,13 @@ class basic_absolute_impl : public absolute_unit {
  public:
   using absolute_unit::absolute_unit;
   constexpr basic_absolute_impl() = default;
+  constexpr basic_absolute_impl(const basic_absolute_impl& other) = default;
   /// The same length in another unit.
   constexpr basic_absolute_impl(const absolute_unit& other) : absolute_unit(other) {}
 
   using absolute_unit::operator=;
+  constexpr basic_absolute_impl& operator=(const basic_absolute_impl& other) = default;
+  constexpr virtual ~basic_absolute_impl() = default;
 
  protected:
   constexpr unit_types do_type() const override { return static_cast<unit_types>(N); }

@@ -13,10 +13,13 @@
 /// Edge cases: docs/edges.md#lengths
 #pragma once
 
+#include "orva/export.hpp"
 #include "orva/internal/number_argument.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::types {
+
+ORVA_BEGIN_INLINE_VTABLE
 
 class device_unit {
  public:
@@ -47,8 +50,13 @@ class device_unit {
   virtual constexpr float do_as_float() const { return static_cast<float>(value_); }
   virtual constexpr double do_as_double() const { return value_; }
 
+ public:
+  constexpr virtual ~device_unit() = default;
+
  private:
   int32 value_ = 0;
 };
+
+ORVA_END_INLINE_VTABLE
 
 }  // namespace ORVA_NAMESPACE::types

@@ -17,6 +17,8 @@
 
 namespace ORVA_NAMESPACE::types {
 
+ORVA_BEGIN_INLINE_VTABLE
+
 /// What each operation answers is told by the accessor of `variant` that has its name. The order of the
 /// operations is part of the binary interface.
 class ORVA_API variant_type : public generic::abilities::clone_ability,
@@ -60,5 +62,7 @@ class ORVA_API variant_type : public generic::abilities::clone_ability,
   variant_type(const variant_type&) = delete;
   variant_type& operator=(const variant_type&) = delete;
 };
+
+ORVA_END_INLINE_VTABLE
 
 }  // namespace ORVA_NAMESPACE::types

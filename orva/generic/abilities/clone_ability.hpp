@@ -8,6 +8,8 @@
 
 namespace ORVA_NAMESPACE::generic::abilities {
 
+ORVA_BEGIN_INLINE_VTABLE
+
 class ORVA_API clone_ability {
  public:
   clone_ability() noexcept = default;
@@ -16,5 +18,7 @@ class ORVA_API clone_ability {
   // Inline, as the payload of every value ends here.
   virtual ~clone_ability() = default;
 };
+
+ORVA_END_INLINE_VTABLE
 
 }  // namespace ORVA_NAMESPACE::generic::abilities

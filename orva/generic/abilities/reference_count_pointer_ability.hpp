@@ -64,6 +64,9 @@ class reference_count_pointer_ability_b : public alloc_detection_ability {
 template <typename T>
 class reference_count_pointer_ability : public reference_count_pointer_ability_b {
  protected:
+  reference_count_pointer_ability() noexcept = default;
+  reference_count_pointer_ability(const reference_count_pointer_ability&) noexcept = default;
+  reference_count_pointer_ability& operator=(const reference_count_pointer_ability&) noexcept = default;
   ~reference_count_pointer_ability() = default;
 };
 

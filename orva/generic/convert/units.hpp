@@ -14,6 +14,7 @@
 
 #include <limits>
 
+#include "orva/export.hpp"
 #include "orva/internal/double_arithmetic.hpp"
 #include "orva/internal/number_argument.hpp"
 #include "orva/internal/wrapping.hpp"
@@ -28,6 +29,8 @@ using length_in_md = types::basic_absolute_impl<types::absolute_unit::md>;
 
 namespace _private {
 
+ORVA_BEGIN_INLINE_VTABLE
+
 /// A length from a number in a unit that is known at run time only.
 class length_in_any_unit : public length_in_md {
  public:
@@ -38,6 +41,8 @@ class length_in_any_unit : public length_in_md {
 
   unit_types unit_;
 };
+
+ORVA_END_INLINE_VTABLE
 
 /// Toward zero. Also defined for a resolution of 0, which gives 0, and for an overflow, which wraps.
 constexpr types::int32 whole_inches(types::int32 pixels, types::int32 dpi) {

@@ -59,13 +59,12 @@ class counted_pointer {
 
   static void release(T* target) noexcept {
     if (target == nullptr || static_cast<ability*>(target)->release_pointer_ref() != 0) return;
-#pragma GCC diagnostic push
-#pragma GCC diagnostic ignored "-Wfree-nonheap-object"
-    // Where a compiler sees an automatic object beside this `delete` it warns of what the condition rules
-    // out.
-    if (target->is_created_dynamic()) delete target;
-#pragma GCC diagnostic pop
+    if (target->is_created_dynamic()) destroy(target);
   }
+
+  /// Not inlined: a compiler that sees an automatic object and this `delete` together warns, although the
+  /// caller's condition is false for such an object.
+  [[gnu::noinline]] static void destroy(T* target) noexcept { delete target; }
 
   /// The new target is held before the old one goes: it may be kept alive by nothing but the old one.
   void replace(T* target) noexcept {
