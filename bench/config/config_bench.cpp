@@ -1,6 +1,6 @@
-// Configuration beside Boost.PropertyTree: loading a file, looking a key up in three sources, following a
-// link; and the command line, of which no peer stores options that were not declared. The peers that are not
-// always there have files of their own: key_file_bench.cpp, settings_bench.cpp and
+// Configuration compared with Boost.PropertyTree: loading a file, looking a key up in three sources,
+// following a link, reading a command line. No peer stores command line options that were not declared. The
+// peers that are not installed everywhere have files of their own: key_file_bench.cpp, settings_bench.cpp and
 // layered_configuration_bench.cpp.
 #include <benchmark/benchmark.h>
 
@@ -49,7 +49,7 @@ void load_property_tree(benchmark::State& state) {
 }
 BENCHMARK(load_property_tree)->Unit(benchmark::kMicrosecond);
 
-/// Sets up what is put into it.
+/// Sets up the items that it is given.
 class fixed_dispatch : public config_dispatch {
  public:
   explicit fixed_dispatch(item_list items) : items_(std::move(items)) {}
@@ -63,7 +63,7 @@ class fixed_dispatch : public config_dispatch {
   item_list items_;
 };
 
-/// The wanted key is in the source with this number; in none with a number that is too large.
+/// Only the source with this number has the wanted key. No source has it if the number is too large.
 config_manager manager_with(int source) {
   item_list items;
   for (int i = 0; i < source_count; ++i) {

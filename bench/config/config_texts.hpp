@@ -1,5 +1,5 @@
-/// What the benchmarks of configuration read: files of 10,000 keys in 100 sections, three sources with the
-/// keys to look for, and command lines.
+/// The input of the benchmarks of configuration: a file of 10,000 keys in 100 sections, three sources with
+/// keys to look up, and command lines.
 #pragma once
 
 #include <unistd.h>
@@ -16,7 +16,7 @@ namespace config_bench {
 inline constexpr int section_count = 100;
 inline constexpr int keys_per_section = 100;
 
-/// The pieces one behind the other; a number in decimal.
+/// The pieces joined; numbers in decimal.
 template <typename... Pieces>
 std::string joined(const Pieces&... pieces) {
   std::string text;
@@ -37,7 +37,7 @@ inline std::string value_text(int section, int key) {
   return joined("value-", section * 31 + key, "-of-the-setting");
 }
 
-/// In a form that all the peers read alike.
+/// The text of the file, in a form that all peers read alike.
 inline std::string file_text() {
   std::string text;
   for (int section = 0; section < section_count; ++section) {
@@ -49,7 +49,7 @@ inline std::string file_text() {
   return text;
 }
 
-/// The file, made for the run and removed behind it.
+/// The path of the file, which exists while the program runs.
 inline const std::string& file_path() {
   struct file {
     file()
@@ -64,12 +64,12 @@ inline const std::string& file_path() {
   return made.path;
 }
 
-/// The sources: each holds some 300 keys of three parts, and the key looked for is in one of them.
+/// The sources: each has some 300 keys of three parts, and one has the key that is looked up.
 inline constexpr int source_count = 3;
 inline constexpr const char* wanted = "window.main.width";
 inline constexpr const char* link = "window.main.size";
 
-/// Gives `put` the keys and values of a source.
+/// Calls `put` with each key and value of a source.
 template <typename Put>
 void fill_source(bool with_wanted, const Put& put) {
   for (int i = 0; i < 300; ++i) put(joined("page_", i / 20, ".group_", i / 5 % 4, ".setting_", i), i);
@@ -77,7 +77,7 @@ void fill_source(bool with_wanted, const Put& put) {
   if (with_wanted) put(std::string(wanted), 640);
 }
 
-/// Options with one value each; of ten, one is a flag and one an array.
+/// Options: of ten, one is a flag, one has an array and the others have one value.
 inline std::vector<std::string> options(std::int64_t count) {
   std::vector<std::string> words;
   for (std::int64_t i = 0; i < count; ++i) {

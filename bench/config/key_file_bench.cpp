@@ -1,4 +1,4 @@
-// GLib's GKeyFile at the same work as config_bench.cpp.
+// The benchmarks of config_bench.cpp with GLib's GKeyFile.
 #include <benchmark/benchmark.h>
 #include <glib.h>
 
@@ -25,7 +25,7 @@ void load_key_file(benchmark::State& state) {
 }
 BENCHMARK(load_key_file)->Unit(benchmark::kMicrosecond);
 
-/// One source; a key file has groups and keys, and so two parts to a key.
+/// One source. A key file has groups and keys: the keys have two parts.
 void look_up_key_file(benchmark::State& state) {
   const key_file file(g_key_file_new(), g_key_file_unref);
   g_key_file_load_from_file(file.get(), config_bench::file_path().c_str(), G_KEY_FILE_NONE, nullptr);

@@ -1,4 +1,4 @@
-// Poco's layered configuration at the same work as config_bench.cpp.
+// The benchmarks of config_bench.cpp with Poco's layered configuration.
 #include <Poco/AutoPtr.h>
 #include <Poco/Util/IniFileConfiguration.h>
 #include <Poco/Util/LayeredConfiguration.h>
@@ -31,7 +31,7 @@ void load_layered_configuration(benchmark::State& state) {
 }
 BENCHMARK(load_layered_configuration)->Unit(benchmark::kMicrosecond);
 
-/// The wanted key is in the source with this number; in none with a number that is too large.
+/// Only the source with this number has the wanted key. No source has it if the number is too large.
 AutoPtr<LayeredConfiguration> layers_with(int source) {
   AutoPtr<LayeredConfiguration> layers(new LayeredConfiguration);
   for (int i = 0; i < config_bench::source_count; ++i) {
@@ -73,7 +73,7 @@ void set_elements(MapConfiguration& options, const std::string& key, const std::
   }
 }
 
-/// As a program does whose one declared option defines any key: split at the first `=`, and here at commas.
+/// Splits each option at the first `=` and at commas, as a program does that lets one option define any key.
 void load_command_line_layered_configuration(benchmark::State& state) {
   const auto words = config_bench::options(state.range(0));
   for (auto _ : state) {

@@ -1,4 +1,4 @@
-// Qt's QSettings at the same work as config_bench.cpp. It knows no command line and no links.
+// The benchmarks of config_bench.cpp with Qt's QSettings, which has no command line and no links.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
 
@@ -18,8 +18,8 @@ namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
 
-/// Settings keep what they read until the file is another one by its time, and parse a section when a key of
-/// it is asked for: so the file is made newer each time, and each section is asked.
+/// Settings read a file again only if its time has changed, and parse a section when one of its keys is read.
+/// Therefore each run makes the file newer and reads a key of each section.
 void load_settings(benchmark::State& state) {
   const QString path = text(config_bench::file_path());
   std::vector<QString> keys;
@@ -39,12 +39,11 @@ void load_settings(benchmark::State& state) {
 }
 BENCHMARK(load_settings)->Unit(benchmark::kMicrosecond);
 
-/// A directory, made for the run and removed behind it, with the first three of the files that a program's
-/// settings fall back through: the user's for the program, the user's for all programs, the system's for the
-/// program. The fourth is not there.
+/// A directory for the run, with the first three of the four files that settings look a key up in: the user's
+/// for the program, the user's for all programs, the system's for the program.
 class settings_files {
  public:
-  /// The wanted key is in the file with this number; in none with a number that is too large.
+  /// Only the file with this number has the wanted key. No file has it if the number is too large.
   explicit settings_files(int source)
       : path_(std::filesystem::temp_directory_path() /
               config_bench::joined("orva-bench-", ::getpid(), "-", source)) {

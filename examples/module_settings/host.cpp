@@ -1,4 +1,4 @@
-// Loads a module and lets it tell its settings.
+// Loads a module, which prints its settings.
 //
 //     host MODULE [FILE...]
 #include <dlfcn.h>

@@ -10,7 +10,7 @@ namespace {
 using orva::generic::argument;
 using orva::generic::varg_list;
 
-/// The lowest precedence of all: what holds if neither a file nor the environment says otherwise.
+/// The defaults, for keys that neither a file nor the environment sets.
 void set_defaults(orva::config::base_config_item& defaults) {
   defaults.set("spell_check.language", "en", 0);
   defaults.set("spell_check.suggestions", 5, 0);

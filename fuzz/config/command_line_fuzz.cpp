@@ -1,11 +1,11 @@
-/// Any bytes as a command line, its words separated by zero bytes; the first is the program's name. The same
-/// words are then an environment.
+/// Reads any bytes as a command line, its words separated by zero bytes. The first word is the program's
+/// name. Reads the same words as an environment.
 #include <cstddef>
 #include <cstdint>
 #include <iostream>
 #include <sstream>
 
-#include "fuzz/config/fuzzed.hpp"
+#include "fuzz/config/fuzz_input.hpp"
 #include "orva/config/commandline_item.hpp"
 #include "orva/config/enviroment_item.hpp"
 #include "tests/support/config_item.hpp"
@@ -27,7 +27,7 @@ std::vector<std::string> words_of(std::string_view text) {
   }
 }
 
-/// What the load of an item writes to standard output.
+/// Loads the item, and returns the text that it writes to standard output.
 std::string load(commandline_item& item) {
   std::ostringstream captured;
   auto* const before = std::cout.rdbuf(captured.rdbuf());
@@ -36,7 +36,7 @@ std::string load(commandline_item& item) {
   return captured.str();
 }
 
-/// The keys of the program's name stand in the tree before those of the options, and may be set by these.
+/// Compares all keys except those of the program's name, which options may overwrite.
 void compare(const std::vector<std::string>& words, commandline_item& item) {
   const std::string warnings = load(item);
   const reference_command_line reference({words.begin() + 1, words.end()});

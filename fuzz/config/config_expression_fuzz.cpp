@@ -1,9 +1,9 @@
-/// Any bytes as tokens, as expressions with each separator, and as a key.
+/// Reads any bytes as tokens, as expressions with each separator, and as a key.
 #include <cstddef>
 #include <cstdint>
 #include <sstream>
 
-#include "fuzz/config/fuzzed.hpp"
+#include "fuzz/config/fuzz_input.hpp"
 #include "tests/support/config_item.hpp"
 
 namespace {
@@ -15,15 +15,15 @@ using ORVA_NAMESPACE::config::config_token;
 void compare_tokens(const std::string& text) {
   const auto tokens = tokens_of(text);
   require(tokens == reference_tokens(text));
-  std::size_t behind = 0;
+  std::size_t end = 0;
   for (const auto& token : tokens) {
-    require(token.start == behind && token.end > token.start);
-    behind = token.end;
+    require(token.start == end && token.end > token.start);
+    end = token.end;
   }
-  require(behind == text.size() || behind == text.size() + 1);
+  require(end == text.size() || end == text.size() + 1);
 }
 
-/// Key and value hold nothing but text of the source, in its order.
+/// Key and value have no more text than the source.
 void split(const plain_item& item, const std::string& text) {
   for (int type = -1; type < 34; ++type) {
     const auto [key, value] = item.make_key_value(text, static_cast<config_token::tok_types>(type));

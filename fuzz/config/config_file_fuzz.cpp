@@ -1,8 +1,8 @@
-/// Any bytes as a configuration file, against the plain reading of the format.
+/// Reads any bytes as a configuration file, and compares the keys with those of the reference reader.
 #include <cstddef>
 #include <cstdint>
 
-#include "fuzz/config/fuzzed.hpp"
+#include "fuzz/config/fuzz_input.hpp"
 #include "orva/config/file_item.hpp"
 #include "tests/support/config_item.hpp"
 

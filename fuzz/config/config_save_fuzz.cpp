@@ -1,13 +1,13 @@
-/// A tree made of fuzzed keys and values, saved and loaded again: what the format promises comes back.
+/// Saves a tree of any keys and values, loads it again, and compares the values that the format preserves.
 ///
-/// A line of the input is a key and, behind a blank, its value. Names and values are of letters that need no
-/// quotes and no escapes, or of blanks and line ends, which the writer quotes: of these the format promises
-/// that they come back, where they are in a section, are not empty, and no array stands in the tree.
+/// A line of the input is a key, a blank and its value. Names and values consist of characters that need no
+/// quotes or that the writer quotes. The format preserves those that are in a section and are not empty, if
+/// there is no array in the tree.
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
 
-#include "fuzz/config/fuzzed.hpp"
+#include "fuzz/config/fuzz_input.hpp"
 #include "orva/config/file_item.hpp"
 #include "tests/support/config_item.hpp"
 
@@ -17,8 +17,8 @@ using namespace orva_fuzz;
 using ORVA_NAMESPACE::config::file_item;
 using ORVA_NAMESPACE::strings::ustring8;
 
-/// One of sixteen bytes, so that few inputs are wasted on what is not promised.
-ustring8 harmless(std::string_view text, std::string_view letters) {
+/// The text with each byte replaced by one of `letters`, so that most inputs are values that are preserved.
+ustring8 mapped(std::string_view text, std::string_view letters) {
   ustring8 result;
   for (const char c : text) result += letters[static_cast<unsigned char>(c) % letters.size()];
   return result;
@@ -29,22 +29,22 @@ void set_lines(file_item& item, std::string_view text) {
     const std::string_view line = text.substr(0, text.find('\n'));
     text.remove_prefix(std::min(line.size() + 1, text.size()));
     const auto blank = std::min(line.find(' '), line.size());
-    const ustring8 name = harmless(line.substr(0, blank), "abcdefgh.ABC_012");
-    const ustring8 value = harmless(line.substr(blank), "ab \tcd\n\r=+-:;\xC3\xA4[");
-    // An empty part of a name is a name to the tree and none to the format.
+    const ustring8 name = mapped(line.substr(0, blank), "abcdefgh.ABC_012");
+    const ustring8 value = mapped(line.substr(blank), "ab \tcd\n\r=+-:;\xC3\xA4[");
+    // Names with an empty part can be in a tree, but not in a file.
     if (("." + name + ".").find("..") == name.npos && !name.empty()) item.set(name, value, 0);
   }
 }
 
 using value_entry = ORVA_NAMESPACE::config::base_config_item::value_entry;
 
-/// The last part of a name, with the dot before it.
+/// The last part of a name, with its dot.
 std::string_view last_part(std::string_view name) {
   return name.substr(std::min(name.rfind('.'), name.size()));
 }
 
-/// A key is written in every section whose name is as long as that of its own: keys of one name in two such
-/// sections are both the later.
+/// A key is written in every section whose name is as long as that of its own section. If two such sections
+/// have a key of the same name, both get the value of the later one.
 bool is_alone(const value_entry& entry, const std::vector<value_entry>& entries) {
   const auto is_rival = [&](const value_entry& other) {
     return other.second.first != 0 && other.first.size() == entry.first.size() &&
@@ -53,7 +53,7 @@ bool is_alone(const value_entry& entry, const std::vector<value_entry>& entries)
   return std::count_if(entries.begin(), entries.end(), is_rival) == 1;
 }
 
-bool promised(const value_entry& entry, const file_item& item, const std::vector<value_entry>& entries) {
+bool preserved(const value_entry& entry, const file_item& item, const std::vector<value_entry>& entries) {
   const auto dot = entry.first.rfind('.');
   if (dot == entry.first.npos || entry.second.first == 0 || entry.second.second.as_string().empty())
     return false;
@@ -75,13 +75,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   std::vector<value_entry> entries;
   item.get_value_pair_array("", entries, true);
   for (const auto& entry : entries) {
-    if (!promised(entry, item, entries)) continue;
+    if (!preserved(entry, item, entries)) continue;
     const auto* const found = again.get_value(entry.first);
     require(found != nullptr);
     require(found->second.as_string() == entry.second.second.as_string());
   }
 
-  // Whatever a file holds can be saved; what was saved once stays as it is from then on.
+  // Every file that can be loaded can be saved.
   file.write(text_of(data, size));
   file_item any(file.path());
   require(any.load());

@@ -189,7 +189,7 @@ TEST(base_config_item, shorter_array_over_a_longer_one_leaves_the_tail) {
   EXPECT_EQ(array_of(item, "k"), (std::vector<std::string>{"9", "2", "3"}));
 }
 
-TEST(base_config_item, array_under_a_key_with_an_empty_last_part_stands_where_its_elements_do_not) {
+TEST(base_config_item, array_under_a_key_with_an_empty_last_part_has_its_elements_in_another_node) {
   plain_item item;
   item.set_array("k.", varg_list(argument("x")), {});
   EXPECT_EQ(listing_of(item), (std::vector<std::string>{"k | 3 | ", "k. | 0 | 1", "k..0 | 1 | x"}));

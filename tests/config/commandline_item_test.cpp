@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <iostream>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "tests/support/config_item.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -29,7 +29,7 @@ class command_line {
     item = commandline_item(static_cast<unsigned int>(words_.size()), pointers_.data());
   }
 
-  /// What loading writes to standard output.
+  /// Loads, and returns the text that loading writes to standard output.
   std::string load() {
     std::ostringstream captured;
     auto* const before = std::cout.rdbuf(captured.rdbuf());
@@ -46,8 +46,8 @@ class command_line {
   commandline_item item;
 };
 
-/// What the words give, without the keys of the program's name, each node as "name=value" or "name[]" for an
-/// array's header.
+/// The nodes that the words give, without those of the program's name, each as "name=value", or "name[]" for
+/// the header of an array.
 std::string keys_of(const std::vector<std::string>& words) {
   command_line line(words);
   EXPECT_EQ(line.load(), "");
@@ -284,8 +284,7 @@ TEST(commandline_item, loads_again_after_unload_and_by_the_list) {
 }
 
 TEST(commandline_item, agrees_with_the_plain_reading_on_random_words) {
-  const unsigned seed = std::random_device{}();
-  std::mt19937 random(seed);
+  random_engine random;
   const std::string letters = "--//==:=,$\"\\ +ab.<>*1\t\n";
   for (int run = 0; run < 3000; ++run) {
     std::vector<std::string> words(random() % 6);
@@ -300,7 +299,7 @@ TEST(commandline_item, agrees_with_the_plain_reading_on_random_words) {
     reference.tree.set("application.name.raw", "", 0);
     std::string shown;
     for (const std::string& word : words) shown += "[" + word + "] ";
-    ASSERT_EQ(listing_of(line.item), reference.tree.listing()) << "seed " << seed << " words " << shown;
+    ASSERT_EQ(listing_of(line.item), reference.tree.listing()) << shown;
   }
 }
 

@@ -1,5 +1,5 @@
-/// What building a list of items does when memory runs out: every allocation fails in turn, by a replaced
-/// allocation of the whole program.
+// Building a list of items when memory runs out: each allocation fails in turn. The test replaces the
+// allocation of the whole program.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -56,10 +56,10 @@ bool succeeds_with(long allocations, Action action) {
   }
 }
 
-/// Fails each allocation of the action in turn, and expects that a failed run leaves no block behind.
+/// Fails each allocation of the action in turn, and expects that a failed run frees all its blocks.
 template <typename Action>
 void expect_no_leak(Action action) {
-  action();  // the statics that are made once
+  action();  // makes the statics
   const long before = live_blocks;
   action();
   ASSERT_EQ(live_blocks, before);

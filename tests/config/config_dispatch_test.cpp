@@ -1,4 +1,4 @@
-// The two strategies of the library, with the managers that they set up.
+// The two dispatches of the library, and managers that use them.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -140,7 +140,7 @@ TEST_F(std_config_manager, links_in_one_source_lead_to_another) {
   EXPECT_EQ(value("alias"), "command");
 }
 
-TEST_F(std_config_manager, dump_tells_what_is_in_force) {
+TEST_F(std_config_manager, dump_has_all_items_in_order) {
   directory_.write("app.cfg", "[s]\nk[]=a,b\n");
   start({"-c"});
   std::ostringstream stream;

@@ -1,4 +1,4 @@
-/// Short ways to read configuration text in tests, through a file.
+/// Helpers that read configuration text in tests, through a file.
 #pragma once
 
 #include <memory>
@@ -12,7 +12,7 @@
 
 namespace orva_test {
 
-/// An item that has loaded a file with this text; the file is gone again.
+/// An item that has loaded a file with this text.
 inline std::unique_ptr<ORVA_NAMESPACE::config::file_item> load_text(std::string_view text) {
   static const temporary_directory directory;
   auto item = std::make_unique<ORVA_NAMESPACE::config::file_item>(directory.write("test.cfg", text));

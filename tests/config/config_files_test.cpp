@@ -1,15 +1,15 @@
-// Configuration files as people write them, in `files/` with the expected keys and what saving them gives
-// beside them; files that are made at random from known keys; and files that are cut and damaged.
+// Reads configuration files: examples in `files/`, each with its expected keys and the file that saving
+// gives; random files made from known keys; and files that are cut or damaged.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "tests/config/config_files.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -44,7 +44,7 @@ std::string escaped(const std::string& text) {
   return result;
 }
 
-/// One line a key, as the files beside the examples have them.
+/// One line for each key, in the form of the .keys files.
 std::string keys_in(const std::string& text) {
   std::vector<ORVA_NAMESPACE::config::base_config_item::value_entry> entries;
   load_text(text)->get_value_pair_array("", entries, true);
@@ -78,16 +78,18 @@ std::vector<example> examples() {
                    read_file(beside.replace_extension(".keys")),
                    read_file(beside.replace_extension(".saved"))});
   }
+  // In an order of their own, so that a random test repeats with its seed.
+  std::sort(all.begin(), all.end(), [](const example& a, const example& b) { return a.name < b.name; });
   return all;
 }
 
-TEST(config_files, have_the_keys_that_stand_beside_them) {
+TEST(config_files, have_the_keys_of_the_files_beside_them) {
   const auto all = examples();
   EXPECT_GE(all.size(), 30u);
   for (const example& each : all) EXPECT_EQ(keys_in(each.text), each.keys) << each.name;
 }
 
-TEST(config_files, saved_again_are_the_bytes_that_lie_beside_them) {
+TEST(config_files, saved_again_have_the_bytes_of_the_files_beside_them) {
   const temporary_directory directory;
   for (const example& each : examples()) {
     file_item item(directory.write(each.name, each.text));
@@ -103,7 +105,7 @@ TEST(config_files, read_the_same_with_both_line_ends) {
   }
 }
 
-TEST(config_files, read_the_same_behind_comments) {
+TEST(config_files, read_the_same_after_comments) {
   for (const example& each : examples()) {
     EXPECT_EQ(keys_in("# k=v\r\n\n// [s]\n" + each.text), each.keys) << each.name;
   }
@@ -132,10 +134,10 @@ TEST(config_files, agree_with_the_plain_reading) {
   }
 }
 
-/// Makes a file of keys and values that are known, in any of the ways in which it can be written.
+/// Makes a file from known keys and values, and varies everything that the format leaves open.
 class file_writer {
  public:
-  explicit file_writer(unsigned seed) : random_(seed) {
+  explicit file_writer(random_engine& random) : random_(random) {
     for (auto sections = below(4); sections > 0; --sections) write_section();
     if (below(3) == 0) text_.erase(text_.find_last_not_of("\r\n") + 1);
   }
@@ -151,7 +153,7 @@ class file_writer {
     return one_of(
         {"colour", "Size", "path2", "a_b", "\xC3\xA4\xC3\xB6", "x-y", "n1", "\xE6\x9D\xB1", "k#1", "%"});
   }
-  /// A value, and sometimes one that has to be quoted.
+  /// A value. Some values need quotes.
   std::string value() {
     return one_of({"1", "yes", "0x1F", "a:b", "C:\\dir",
                    "\xC3\xBC"
@@ -159,7 +161,8 @@ class file_writer {
                    "a;b", "x=y", "{}", "two words", "a,b", "tab\there", "line\nend", "#1", "http://x",
                    "a\\\"b"});
   }
-  std::string written(const std::string& text) {
+  /// The text, in quotes where it needs them and sometimes where it does not.
+  std::string quoted(const std::string& text) {
     const bool must = text.find_first_of(" \t\n,#/\"") != text.npos;
     if (!must && below(4) != 0) return text;
     if (!must && text.size() > 1 && text[1] != ':' && below(2) == 0)
@@ -188,7 +191,7 @@ class file_writer {
         write_array(prefix + key);
       } else {
         const std::string content = value();
-        text_ += blanks() + "=" + blanks() + written(content) + line_end();
+        text_ += blanks() + "=" + blanks() + quoted(content) + line_end();
         tree_.set(prefix + key, content, 0);
       }
       if (below(5) == 0) text_ += "# a comment = with a sign" + one_of({"\n", "\r\n"});
@@ -200,24 +203,23 @@ class file_writer {
     text_ += blanks() + "[]" + blanks() + "=";
     for (auto count = 1 + below(4); count > 0; --count) {
       values.push_back(value());
-      text_ += blanks() + written(values.back());
+      text_ += blanks() + quoted(values.back());
       if (count > 1) text_ += blanks() + "," + (below(3) == 0 ? line_end() : "");
     }
     text_ += line_end();
     tree_.set_array(key, values);
   }
 
-  std::mt19937 random_;
+  random_engine& random_;
   std::string text_;
   reference_tree tree_;
 };
 
 TEST(config_files, made_from_known_keys_have_these_keys) {
-  const unsigned seed = std::random_device{}();
-  for (unsigned run = 0; run < 300; ++run) {
-    const file_writer made(seed + run);
-    ASSERT_EQ(listing_of(*load_text(made.text())), made.tree().listing()) << "seed " << seed + run << '\n'
-                                                                          << made.text();
+  random_engine random;
+  for (int run = 0; run < 300; ++run) {
+    const file_writer made(random);
+    ASSERT_EQ(listing_of(*load_text(made.text())), made.tree().listing()) << made.text();
   }
 }
 
@@ -231,8 +233,7 @@ TEST(config_files, cut_anywhere_agree_with_the_plain_reading) {
 }
 
 TEST(config_files, damaged_anywhere_agree_with_the_plain_reading) {
-  const unsigned seed = std::random_device{}();
-  std::mt19937 random(seed);
+  random_engine random;
   constexpr char marks[] = "\"\\=[],#/*\r\n\t .:+-a0\0\xFF";
   for (const example& each : examples()) {
     for (int run = 0; run < 15; ++run) {
@@ -249,9 +250,7 @@ TEST(config_files, damaged_anywhere_agree_with_the_plain_reading) {
           text[place] = mark;
         }
       }
-      ASSERT_EQ(listing_of(*load_text(text)), reference_file_reader(text).tree.listing())
-          << "seed " << seed << '\n'
-          << text;
+      ASSERT_EQ(listing_of(*load_text(text)), reference_file_reader(text).tree.listing()) << text;
     }
   }
 }

@@ -27,8 +27,7 @@ using ORVA_NAMESPACE::types::variant;
 
 constexpr unsigned int link = config_tree::NODE_LINK;
 
-/// A strategy with items that are named "0", "1", ..., which writes down what it is asked for and how many of
-/// it are alive.
+/// A dispatch with the items "0", "1", ... It logs its calls and counts its live objects.
 class logging_dispatch : public config_dispatch {
  public:
   explicit logging_dispatch(int count) : count_(count) { ++alive; }

@@ -1,4 +1,4 @@
-// A program for the tests: loads its own command line and environment, and prints an item.
+// A program for config_process_test: loads its own command line and environment, and prints an item.
 //
 //     config_probe -probe=<id of the item> ...
 #include <unistd.h>

@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <map>
-#include <random>
 #include <sstream>
 #include <streambuf>
 #include <string>
@@ -11,6 +10,7 @@
 #include <vector>
 
 #include "orva/types/nil.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_config.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
@@ -314,7 +314,7 @@ TEST(config_tree, dump_of_an_empty_tree_is_its_end) {
   EXPECT_EQ(stream.str(), "end\n");
 }
 
-TEST(config_tree, dump_tells_flags_and_values_level_by_level) {
+TEST(config_tree, dump_has_flags_and_values_level_by_level) {
   config_tree tree;
   tree.set_node("b", "x y", config_tree::NODE_LINK);
   tree.set_node("a.c", nil, config_tree::NODE_ARRAY);
@@ -361,7 +361,7 @@ std::string deep_key(std::size_t depth) {
   return key;
 }
 
-/// Counts what is written to it and keeps nothing: the dump of a deep tree is as long as the square of its
+/// Counts the bytes written to it and stores none: the length of the dump of a deep tree is the square of its
 /// depth.
 class counting_buffer : public std::streambuf {
  public:
@@ -419,8 +419,7 @@ TEST(config_tree, wide_and_deep_trees_are_destroyed_node_by_node) {
 }
 
 TEST(config_tree, agrees_with_a_map_of_paths_on_random_keys) {
-  const unsigned seed = std::random_device{}();
-  std::mt19937 random(seed);
+  random_engine random;
   const std::string letters = "aAbB.../\\0";
   for (int run = 0; run < 300; ++run) {
     config_tree tree;
@@ -439,7 +438,7 @@ TEST(config_tree, agrees_with_a_map_of_paths_on_random_keys) {
     for (const auto& [name, node] : entries) {
       found.push_back(name + " | " + std::to_string(node.first) + " | " + node.second.as_string());
     }
-    ASSERT_EQ(found, reference.listing()) << "seed " << seed;
+    ASSERT_EQ(found, reference.listing());
   }
 }
 

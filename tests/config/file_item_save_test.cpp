@@ -1,4 +1,4 @@
-// What a configuration file looks like after `save`, which is not the inverse of `load`.
+// The files that `save` writes. It is not the inverse of `load`.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -90,7 +90,7 @@ TEST_F(file_item_save, header_without_elements_at_the_end_ends_the_file) {
   EXPECT_EQ(saved(), "[s]\r\na[]=\r\n\r\n");
 }
 
-TEST_F(file_item_save, header_without_elements_costs_the_key_behind_it) {
+TEST_F(file_item_save, header_without_elements_loses_the_key_after_it) {
   item_.set("s.a", nil, 2);
   item_.set("s.b = lost", 0);
   item_.set("s.c = kept", 0);

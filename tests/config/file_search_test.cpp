@@ -1,4 +1,4 @@
-// Which file a `file_item` reads when it loads within a list of items.
+// Which file a `file_item` reads when it loads by a list of items.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -27,7 +27,7 @@ class file_search : public testing::Test {
     items_.emplace_back(item.clone());
   }
 
-  /// The name of the file that was taken, within the directory, and the value of `k` that was read from it.
+  /// The name of the file that was loaded, relative to the directory, and the value of `k` in it.
   std::string found(const std::string& name = "") {
     file_item item(name);
     EXPECT_TRUE(item.load(items_));
@@ -71,7 +71,7 @@ TEST_F(file_search, key_goes_before_the_name_given) {
   EXPECT_EQ(found(directory_.write("named.cfg", "k=2\n")), "a.cfg 1");
 }
 
-TEST_F(file_search, name_given_stands_where_the_key_names_nothing_that_opens) {
+TEST_F(file_search, given_name_is_used_if_the_key_names_no_file_that_opens) {
   add("cfg_file", directory_.file("missing.cfg"));
   add("application.name.raw", "app");
   directory_.write("app.cfg", "k=3\n");
@@ -108,7 +108,7 @@ TEST_F(file_search, any_value_serves_as_a_name) {
   EXPECT_EQ(found(), "17 5");
 }
 
-/// Reads nothing when it is asked to load without a list.
+/// Its `load()` reads nothing.
 class overriding_item : public file_item {
  public:
   using file_item::file_item;

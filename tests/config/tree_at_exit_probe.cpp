@@ -1,6 +1,6 @@
-// A program for the tests: uses a tree while the statics of the library are destroyed.
-//
-// The object below is complete before main, and so it is destroyed after everything that main made first.
+// A program for config_process_test: uses a tree while the statics of the process are destroyed. Its own
+// static object is constructed before main, and so it is destroyed after all statics that main was the first
+// to use.
 #include <iostream>
 
 #include "orva/config/config_tree.hpp"

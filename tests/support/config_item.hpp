@@ -1,4 +1,4 @@
-/// `plain_item`: a source of configuration without a source, for tests of what all of them share.
+/// `plain_item`: an item that reads nothing, for tests of the base class, and helpers to look at items.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ class plain_item : public ORVA_NAMESPACE::config::base_config_item {
   void name(std::string_view id) { id_.assign(id); }
 };
 
-/// Text for the name of a test, with `_` for what a list of tests cannot hold.
+/// The text as a part of a test's name: other characters than letters, digits and `=` become `_`.
 inline std::string test_name(std::string text) {
   for (char& c : text) {
     const bool plain = (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '=';
@@ -31,7 +31,7 @@ inline std::string test_name(std::string text) {
   return text;
 }
 
-/// All tokens of a text, as the library cuts them.
+/// All tokens of a text, as the library reads them.
 inline std::vector<reference_token> tokens_of(const std::string& source) {
   using ORVA_NAMESPACE::config::config_token;
   const plain_item item;
@@ -44,13 +44,13 @@ inline std::vector<reference_token> tokens_of(const std::string& source) {
   return tokens;
 }
 
-/// The value of a key as text; "(none)" where there is no such key.
+/// The value of a key as text, or "(none)" if there is no such key.
 inline std::string value_of(const ORVA_NAMESPACE::config::base_config_item& item, std::string_view key) {
   const auto* const node = item.get_value(key);
   return node == nullptr ? "(none)" : std::string(node->second.as_string());
 }
 
-/// The flags of a key; -1 where there is no such key.
+/// The flags of a key, or -1 if there is no such key.
 inline int flags_of(const ORVA_NAMESPACE::config::base_config_item& item, std::string_view key) {
   const auto* const node = item.get_value(key);
   return node == nullptr ? -1 : static_cast<int>(node->first);

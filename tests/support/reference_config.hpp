@@ -1,6 +1,6 @@
-/// The configuration language read in the plainest way, to hold the library's readers against: tokens come
-/// from a list of texts that is tried from the longest on, a file is a list of all its tokens, and a tree is
-/// a map of whole paths. Slow.
+/// Slow and simple readers of the configuration language, which tests compare the library with. Tokens are
+/// found by a list of texts, the longest first; a file is read from a list of all its tokens; a tree is a map
+/// of whole paths.
 #pragma once
 
 #include <cctype>
@@ -23,7 +23,7 @@ struct reference_token {
   friend bool operator==(const reference_token&, const reference_token&) = default;
 };
 
-/// All tokens of a text. A blank has the text of the token before it; in front of the first that is
+/// All tokens of a text. A blank has the text of the token before it. Before the first token that is
 /// `text_before`.
 inline std::vector<reference_token> reference_tokens(const std::string& source,
                                                      std::string text_before = {}) {
@@ -76,8 +76,8 @@ inline std::vector<reference_token> reference_tokens(const std::string& source,
   return tokens;
 }
 
-/// A tree as the paths of all its nodes. A path sorts before those that go on from it, so that the order is
-/// that of a walk.
+/// A tree as the paths of all its nodes. A path sorts before the longer paths that begin with it, which is
+/// the order of `get_value_pair_array`.
 class reference_tree {
  public:
   using path = std::vector<std::string>;
@@ -114,7 +114,7 @@ class reference_tree {
     for (std::size_t i = 0; i < values.size(); ++i) set(key + "." + std::to_string(i), values[i], 0);
   }
 
-  /// One line a node: its name, its flags and its value.
+  /// One line for each node: its name, its flags and its value.
   std::vector<std::string> listing() const {
     std::vector<std::string> lines;
     for (const auto& [where, what] : nodes_) {
@@ -143,7 +143,7 @@ class reference_file_reader {
   int type() const { return tokens_[at_].type; }
   bool blank() const { return type() == 2 || type() == 3 || type() == 6; }
 
-  /// The token is skipped; of a comment, the line end is the next token.
+  /// Skips a comment, up to the token of its line end. False if there is none.
   bool skipped_comment() {
     if (type() != 15 && type() != 16) return false;
     while (!ended() && type() != 2) ++at_;
@@ -192,7 +192,7 @@ class reference_file_reader {
     while (!ended() && !(type() == 2 && may_end)) {
       if (skipped_comment()) continue;
       if (tokens_[at_].text == "," && type() == 31) {
-        left_over_.push_back(std::exchange(value, {}));
+        elements_.push_back(std::exchange(value, {}));
         may_end = false;
       } else if (!blank()) {
         value += tokens_[at_].text;
@@ -202,14 +202,14 @@ class reference_file_reader {
     }
     ++at_;
     if (value.empty()) return;
-    left_over_.push_back(value);
-    tree.set_array(section_ + key, std::exchange(left_over_, {}));
+    elements_.push_back(value);
+    tree.set_array(section_ + key, std::exchange(elements_, {}));
   }
 
   std::vector<reference_token> tokens_;
   std::size_t at_ = 0;
   std::string section_;
-  std::vector<std::string> left_over_;
+  std::vector<std::string> elements_;
 };
 
 /// Reads the arguments of a command line, without the program's name.

@@ -1,4 +1,4 @@
-/// What the fuzz targets of configuration have in common.
+/// Input and files of the fuzz targets of configuration.
 #pragma once
 
 #include <unistd.h>
@@ -21,7 +21,7 @@ inline std::string_view text_of(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};
 }
 
-/// A file of this process, where possible in memory; gone at the end.
+/// A file of this process, in memory where possible. The destructor removes it.
 class scratch_file {
  public:
   explicit scratch_file(const char* name) {
@@ -44,7 +44,7 @@ class scratch_file {
   std::string path_;
 };
 
-/// Keys are as deep as their text is long, and a listing has all names in full: beyond this it is only long.
+/// A listing grows with the square of the length of a key. Longer inputs only take longer.
 inline constexpr std::size_t longest_input = 4096;
 
 }  // namespace orva_fuzz
