@@ -1,4 +1,5 @@
-# What cmake --install installs: headers, library, the package for find_package(orva) and the file for pkg-config.
+# What cmake --install installs: headers, library, the package for find_package(orva) and the file for
+# pkg-config.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
@@ -19,7 +20,8 @@ install(EXPORT orva NAMESPACE orva:: FILE orva-targets.cmake DESTINATION ${packa
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/orva-config.cmake.in ${PROJECT_BINARY_DIR}/orva-config.cmake
   INSTALL_DESTINATION ${package_dir})
-# The namespace has the major and the minor version, so another minor version is another library to the linker.
+# The namespace has the major and the minor version, so another minor version is another library to the
+# linker.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/orva-config-version.cmake COMPATIBILITY SameMinorVersion)
 install(FILES ${PROJECT_BINARY_DIR}/orva-config.cmake ${PROJECT_BINARY_DIR}/orva-config-version.cmake
   DESTINATION ${package_dir})

@@ -18,10 +18,10 @@ function(orva_compile_options target)
   endif()
 endfunction()
 
-# orva_component(<name> [HEADERS <public headers>] [INSTALLED_INTERNALS <headers>] [SOURCES <sources>]): adds files of the calling
-# folder to a component; several folders can share one. A component is an object library, orva_<name>, and the shared library is
-# made of all components. Public headers are installed, tested to compile alone, and included by orva.hpp. An internal header is
-# installed only if a public template needs it.
+# orva_component(<name> [HEADERS <public headers>] [INSTALLED_INTERNALS <headers>] [SOURCES <sources>]): adds
+# files of the calling folder to a component; several folders can share one. A component is an object library,
+# orva_<name>, and the shared library is made of all components. Public headers are installed, tested to
+# compile alone, and included by orva.hpp. An internal header is installed only if a public template needs it.
 function(orva_component name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "HEADERS;INSTALLED_INTERNALS;SOURCES")
   list(TRANSFORM arg_SOURCES PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
@@ -47,14 +47,16 @@ function(orva_component name)
   target_sources(${component} PRIVATE ${arg_SOURCES})
 endfunction()
 
-# orva_source_options(<component> <option> <sources>...): compiles some sources of a component with one additional option.
+# orva_source_options(<component> <option> <sources>...): compiles some sources of a component with one
+# additional option.
 function(orva_source_options component option)
   list(TRANSFORM ARGN PREPEND ${CMAKE_CURRENT_SOURCE_DIR}/)
   set_property(SOURCE ${ARGN} TARGET_DIRECTORY orva_${component} APPEND PROPERTY COMPILE_OPTIONS ${option})
 endfunction()
 
-# orva_choose_library(<variable> <internals>): the shared library, or, if <internals> is true, its components, so that a program
-# can call what the library does not export, and can replace a source of the library by functions of its own.
+# orva_choose_library(<variable> <internals>): the shared library, or, if <internals> is true, its components,
+# so that a program can call what the library does not export, and can replace a source of the library by
+# functions of its own.
 function(orva_choose_library variable internals)
   if(internals)
     set(${variable} orva_internals PARENT_SCOPE)
@@ -63,7 +65,8 @@ function(orva_choose_library variable internals)
   endif()
 endfunction()
 
-# orva_test(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): one test program, whose tests are tests of CTest.
+# orva_test(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): one test program, whose tests are
+# tests of CTest.
 function(orva_test name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "SOURCES;LIBRARIES")
   add_executable(${name} ${arg_SOURCES})
@@ -82,8 +85,8 @@ function(orva_test name)
   endif()
 endfunction()
 
-# orva_test_elsewhere(<name> <reason>): lists a test that the target system cannot run. CTest shows it as skipped, and the reason
-# with -V.
+# orva_test_elsewhere(<name> <reason>): lists a test that the target system cannot run. CTest shows it as
+# skipped, and the reason with -V.
 function(orva_test_elsewhere name reason)
   add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} -E echo "${reason}")
   set_tests_properties(${name} PROPERTIES SKIP_REGULAR_EXPRESSION ".")
@@ -105,8 +108,9 @@ function(orva_fuzz_program name libraries)
   target_link_libraries(${name} PRIVATE ${libraries})
 endfunction()
 
-# orva_fuzz_target(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): a libFuzzer program <name> if ORVA_BUILD_FUZZERS is
-# on, and in a build with tests <name>_replay, which runs the inputs in fuzz/corpus/<name> and fuzz/regressions/<name>.
+# orva_fuzz_target(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): a libFuzzer program <name> if
+# ORVA_BUILD_FUZZERS is on, and in a build with tests <name>_replay, which runs the inputs in
+# fuzz/corpus/<name> and fuzz/regressions/<name>.
 function(orva_fuzz_target name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "SOURCES;LIBRARIES")
   orva_choose_library(library "${arg_INTERNALS}")

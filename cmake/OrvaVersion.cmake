@@ -1,5 +1,5 @@
-# Reads the version from orva/version.hpp, the only place that has it. ORVA_VERSION is "<major>.<minor>.<patch>", ORVA_NAMESPACE the
-# namespace that the header makes of it.
+# Reads the version from orva/version.hpp, the only place that has it. ORVA_VERSION is
+# "<major>.<minor>.<patch>", ORVA_NAMESPACE the namespace that the header makes of it.
 set(header ${CMAKE_CURRENT_LIST_DIR}/../orva/version.hpp)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
 foreach(part MAJOR MINOR PATCH)

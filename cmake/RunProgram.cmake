@@ -1,5 +1,5 @@
-# run_program(<output> <error> <code> <program> [<arguments>...]): runs a program, by EMULATOR if that is set, and returns what it
-# writes and its exit code. If the variable WINDOWS is true, line ends become line feeds.
+# run_program(<output> <error> <code> <program> [<arguments>...]): runs a program, by EMULATOR if that is set,
+# and returns what it writes and its exit code. If the variable WINDOWS is true, line ends become line feeds.
 function(run_program output error code)
   execute_process(COMMAND ${EMULATOR} ${ARGN} OUTPUT_VARIABLE out ERROR_VARIABLE err RESULT_VARIABLE result)
   if(WINDOWS)
@@ -11,7 +11,8 @@ function(run_program output error code)
   set(${code} "${result}" PARENT_SCOPE)
 endfunction()
 
-# has_text(<result> <wanted> <found>): whether `found` contains the text `wanted`. On Windows, / and \ count as equal.
+# has_text(<result> <wanted> <found>): whether `found` contains the text `wanted`. On Windows, / and \ count
+# as equal.
 function(has_text result wanted found)
   if(WINDOWS)
     string(REPLACE "\\" "/" wanted "${wanted}")

@@ -1,11 +1,11 @@
-# Shared by the scripts of the project: named steps with a log each, and Debian packages. Source it with the project's
-# folder as the working directory.
+# Shared by the scripts of the project: named steps with a log each, and Debian packages. Source it with the
+# project's folder as the working directory.
 
 logs=build/logs
 mkdir -p "$logs"
 
-# step NAME COMMAND...: runs the command with its output in build/logs/NAME.log. A failing step names itself and
-# its log, shows the log's end, and ends the script.
+# step NAME COMMAND...: runs the command with its output in build/logs/NAME.log. A failing step names itself
+# and its log, shows the log's end, and ends the script.
 step() {
   local name=$1 started=$SECONDS
   shift
@@ -41,8 +41,8 @@ require_packages() {
   exit 1
 }
 
-# need_packages NAME...: installs the packages that are missing, as root or through sudo; without either it names them
-# and ends the script.
+# need_packages NAME...: installs the packages that are missing, as root or through sudo; without either it
+# names them and ends the script.
 need_packages() {
   local as_root=()
   missing_packages "$@"

@@ -1,5 +1,5 @@
-# 32-bit Linux on x86 with Debian's own compiler and its 32-bit libraries (package g++-multilib). The programs run on the build
-# machine.
+# 32-bit Linux on x86 with Debian's own compiler and its 32-bit libraries (package g++-multilib). The programs
+# run on the build machine.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 set(CMAKE_C_COMPILER gcc)

@@ -1,5 +1,6 @@
 cmake_minimum_required(VERSION 3.22)
-# The library as part of another project and as its next minor version: a copy of the tree in which only the version differs.
+# The library as part of another project and as its next minor version: a copy of the tree in which only the
+# version differs.
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
 set(build ${WORK_DIR}/add_subdirectory)
 set(next ${WORK_DIR}/next_version)

@@ -1,6 +1,7 @@
 cmake_minimum_required(VERSION 3.22)
 include(${CMAKE_CURRENT_LIST_DIR}/steps.cmake)
-# README's build needs no GoogleTest. The presets do need it: where it is missing they fail instead of testing nothing.
+# README's build needs no GoogleTest. The presets do need it: where it is missing they fail instead of testing
+# nothing.
 set(build ${WORK_DIR}/configure_without_googletest)
 set(configure ${CMAKE_COMMAND} -S ${SOURCE_DIR} -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON)
 file(REMOVE_RECURSE ${build})

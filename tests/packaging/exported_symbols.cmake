@@ -1,6 +1,6 @@
 cmake_minimum_required(VERSION 3.22)
-# The shared library exports names of its namespace only: nothing of platform and internal, and of the namespaces _private
-# only what public headers call.
+# The shared library exports names of its namespace only: nothing of platform and internal, and of the
+# namespaces _private only what public headers call.
 execute_process(COMMAND ${NM} -D --defined-only --demangle ${LIBRARY} OUTPUT_VARIABLE output
   COMMAND_ERROR_IS_FATAL ANY)
 string(REPLACE ";" "," output "${output}")

@@ -20,8 +20,8 @@ if(WINDOWS)
   set(suffix .exe)
 endif()
 
-# The compiler of the other project: by its path, or by the toolchain file of a build for another system, which finds packages
-# under the given roots.
+# The compiler of the other project: by its path, or by the toolchain file of a build for another system,
+# which finds packages under the given roots.
 if(TOOLCHAIN)
   set(compiler -DCMAKE_TOOLCHAIN_FILE=${TOOLCHAIN} -DCMAKE_FIND_ROOT_PATH=${PREFIX})
 else()
