@@ -27,18 +27,18 @@ void write_catalogs() {
 int main() {
   write_catalogs();
 
-  // A file, a directory, or a list of them; always for a language.
+  // Loads a file, a directory or a list of them, for a language.
   i18n::message_catalogs catalogs;
   if (catalogs.load(catalog_file, "de_DE") != i18n::message_catalogs::no_error) return 1;
   std::cout << catalogs.count() << " catalog, " << catalogs.count("app") << " messages\n";
 
-  // The more specific language wins, and English fills the gaps.
+  // Each message is in the best language that there is: German, or else English.
   generic::varg_list args;
   args.push_back("n", 1500000);
   std::cout << catalogs.message("app", "disk_free").as_utf8(args) << '\n';
   std::cout << catalogs.message("app", "quit").as_utf8() << '\n';
 
-  // A message tells where it comes from, and a catalog what it holds.
+  // A message knows its language, and a catalog the languages of its messages.
   std::cout << catalogs.message("app", "quit")._orginal_locale() << '\n';
   std::cout << std::boolalpha << catalogs.has_catalog("app", "de") << ' '
             << catalogs.has_catalog("app", "de_DE") << '\n';
@@ -46,7 +46,7 @@ int main() {
   // No lookup fails.
   std::cout << '[' << catalogs.message("app", "unknown").as_utf8() << "]\n";
 
-  // A load that fails says what and where.
+  // The result of a failed load says what is wrong, and where.
   std::ofstream(catalog_file) << R"(<?xml?><xmc version="1.1"><catalog name="app" lang="de">
     <msg name="quit">Be<b>enden</b></msg></catalog></xmc>)";
   std::cout << catalogs.load(catalog_file, "de_DE") << '\n';

@@ -8,8 +8,9 @@
 
 using orva::generic::varg_list;
 using orva::i18n::message_catalogs;
+using orva::strings::ustring8;
 
-// A file as a translator writes it: two languages, and a variant that says one thing differently.
+// A file as a translator writes it: two languages, and a region that words one message differently.
 constexpr char backup[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 <xmc version="1.1">
   <catalog name="backup" lang="en">
@@ -31,7 +32,7 @@ constexpr char backup[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 </xmc>
 )";
 
-// Loads a file that holds `text`. What goes wrong is told as the library tells it.
+// Loads a file that contains `text`, and prints the library's message if that fails.
 message_catalogs load(const std::string& text, const std::string& language) {
   const std::string file = "translators_guide.xmc";
   std::ofstream(file) << text;
@@ -54,7 +55,13 @@ void show_backup(const std::string& language) {
   }
 }
 
-// What `body` reads like as the content of a message, with these values for `n`, `s` and `t`.
+// Prints a line end as \n.
+std::string on_one_line(ustring8 text) {
+  orva::strings::replace_all(text, "\n", "\\n");
+  return text;
+}
+
+// Prints `body` and how it is shown as the content of a message.
 void show(const std::string& body) {
   varg_list args;
   args.push_back("n", 1234567);
@@ -64,15 +71,16 @@ void show(const std::string& body) {
       R"(<?xml version="1.0"?><xmc version="1.1"><catalog name="c" lang="en"><msg name="m">)" + body +
       "</msg></catalog></xmc>";
   const std::string text = load(file, "en").message("c", "m").as_utf8(args);
-  std::cout << std::left << std::setw(66) << body << "=> [" << text << "]\n";
+  std::cout << std::left << std::setw(66) << on_one_line(body) << "=> [" << on_one_line(text) << "]\n";
 }
 
 int main() {
   for (const char* language : {"en", "de_DE", "de_AT"}) show_backup(language);
 
   std::cout << "\nWhite space\n";
-  for (const char* body : {"  one   two  ", "one <arg name=\"s\"/> two",
-                           "<arg name=\"s\"/>   <arg name=\"s\"/>", "one<br/>two", "5 &lt; 6 &amp; 7"})
+  for (const char* body :
+       {"  one   two  ", "one\n  two", "one\ntwo", "one<br/>two", "one<br/> two", "one <arg name=\"s\"/> two",
+        "<arg name=\"s\"/>   <arg name=\"s\"/>", "5 &lt; 6 &amp; 7"})
     show(body);
 
   std::cout << "\nPlaceholders: n is 1234567, t is 93784.5\n";
@@ -82,10 +90,13 @@ int main() {
            R"(<arg name="n" type="int"/>)",
            R"(<arg name="n" type="int" base="spaced_dec"/>)",
            R"(<arg name="n" type="int" base="hex"/>)",
+           R"(<arg name="n" type="int" base="hex" fieldsize="12"/>)",
+           R"(<arg name="n" type="int" fieldsize="3"/>)",
            R"(<arg name="n" type="int" base="roman"/>)",
            R"(<arg name="t" type="double"/>)",
            R"(<arg name="t" type="double" precision="0"/>)",
            R"(<arg name="t" type="double" precision="1" fieldsize="10"/>)",
+           R"(<arg name="t" type="double" precision="1" fieldsize="4"/>)",
            R"(<arg name="n" type="mem"/> <arg name="n" type="mem_unit"/>)",
            R"(<arg name="n" type="mem" precision="2"/>)",
            R"(<arg name="n" type="mem" target_unit="KB" precision="0"/>)",
@@ -98,6 +109,7 @@ int main() {
            R"(<arg name="n" type="metric_unit" short_form="false"/>metres)",
            R"(<arg name="t" type="duration"/>)",
            R"(<arg name="t" type="duration" short_form="true" precision="0"/>)",
+           R"(<arg name="t" type="duration" precision="-1"/>)",
            R"(<arg name="t" type="date"/>)",
        })
     show(body);
