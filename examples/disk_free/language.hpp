@@ -1,4 +1,4 @@
-/// Whether the catalogs have the language that the user wants.
+/// Checks whether the user's language was loaded.
 #pragma once
 
 #include <string>
@@ -7,11 +7,10 @@
 
 namespace disk_free {
 
-/// Whether the catalog has messages in `language` or in a language that it is a variant of: "de" serves
-/// "de_CH".
+/// Whether the catalog has messages in `language` or in one of its parents: "de" is a parent of "de_CH".
 ///
-/// A load succeeds for any language, since English is always part of it, so whoever wants to refuse a
-/// language has to ask here afterwards.
+/// A load succeeds for each language, since English is always part of it. A program that does not accept
+/// English instead calls this function after the load.
 bool speaks(const orva::i18n::message_catalogs& catalogs, const char* catalog, const std::string& language);
 
 }  // namespace disk_free

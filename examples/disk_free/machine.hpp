@@ -1,4 +1,4 @@
-/// What the report is about: the file systems of a machine, and how long it has been running.
+/// The contents of a report: the file systems of a machine, and how long it has been running.
 #pragma once
 
 #include <cstdint>
@@ -22,20 +22,20 @@ struct machine {
   std::uint64_t seconds_up = 0;
 };
 
-/// Asks the operating system. File systems that are no disks (`/proc`, memory, ...) are left out, and of
-/// several mounts of one disk the first is taken.
+/// Asks the operating system. File systems that are not disks (`/proc`, memory, ...) are left out. A disk
+/// that is mounted several times is listed once.
 machine this_machine();
 
-/// Reads a machine from a file, for tests and for machines that are elsewhere. A line of it is one of
+/// Reads the description of a machine from a file, for tests and other machines. A line is one of
 ///
 ///     uptime SECONDS
 ///     MOUNT-POINT TOTAL-BYTES FREE-BYTES [TOTAL-FILES FREE-FILES]
 ///
-/// Lines that are empty or start with `#` are skipped. False if the file cannot be read, with `bad_line` 0,
-/// or if a line is none of these; `bad_line` is then its number.
+/// Lines that are empty or start with `#` are skipped. Returns false if the file cannot be read; `bad_line`
+/// is 0 then. Returns false if a line is wrong; `bad_line` is its number then.
 bool read_machine(const std::string& file, machine& result, int& bad_line);
 
-/// The directory that this program lies in.
+/// The directory of this program's file.
 std::filesystem::path program_directory();
 
 }  // namespace disk_free

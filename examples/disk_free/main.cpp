@@ -1,6 +1,7 @@
-// disk_free: tells how much is free on each file system, in the language of its user.
+// disk_free: reports the free space on each file system, in the language of its user.
 //
-//     disk_free [-language TAG] [-path=PATH,...] [-form=short] [-messages=DIRECTORY] [-sizes=FILE] [-cfg_file=FILE] [-dump]
+//     disk_free [-language TAG] [-path=PATH,...] [-form=short] [-messages=DIRECTORY] [-sizes=FILE]
+//               [-cfg_file=FILE] [-dump]
 //
 // See README.md beside this file.
 
@@ -39,7 +40,7 @@ class report {
   }
 
  private:
-  /// The time comes twice, whole and in parts: a translator takes what reads well in the language.
+  /// The time is given twice, as a whole and in parts, so that a translator can choose.
   void print_title(std::uint64_t seconds_up) const {
     varg_list args;
     args.push_back("uptime", seconds_up);
@@ -74,7 +75,7 @@ class report {
   const message_catalogs& catalogs_;
 };
 
-/// "de (Deutsch), en (English), ...": every file of messages adds its language to the catalog of languages.
+/// "de (Deutsch), en (English), ...". Each file of messages adds its language to the catalog "languages".
 std::string known_languages(const message_catalogs& catalogs) {
   std::string result;
   for (auto language = catalogs.begin("languages"); language != catalogs.end("languages"); ++language) {
@@ -89,8 +90,8 @@ int fail(const std::string& text) {
   return EXIT_FAILURE;
 }
 
-/// Leaves the file systems that are wanted; all if none is named.
-void keep(disk_free::machine& machine, const std::vector<std::string>& paths) {
+/// Removes the file systems that are not in `paths`, unless that is empty.
+void select_paths(disk_free::machine& machine, const std::vector<std::string>& paths) {
   if (paths.empty()) return;
   std::erase_if(machine.file_systems, [&](const disk_free::file_system& each) {
     return std::find(paths.begin(), paths.end(), each.path) == paths.end();
@@ -98,7 +99,7 @@ void keep(disk_free::machine& machine, const std::vector<std::string>& paths) {
 }
 
 int run(const disk_free::settings& settings) {
-  // A language that is asked for must be there; one of the environment may fall back to English.
+  // A language that the user set must be there. That of the environment may fall back to English.
   const std::string language = settings.language();
   message_catalogs catalogs;
   const auto loaded = catalogs.load(settings.messages(), language);
@@ -106,7 +107,7 @@ int run(const disk_free::settings& settings) {
 
   const report report(catalogs);
   varg_list args;
-  if (settings.asks_for_language() && !disk_free::speaks(catalogs, catalog, language)) {
+  if (settings.sets_language() && !disk_free::speaks(catalogs, catalog, language)) {
     args.push_back("language", language);
     args.push_back("known", known_languages(catalogs));
     return fail(report.text("unknown_language", args));
@@ -122,7 +123,7 @@ int run(const disk_free::settings& settings) {
     args.push_back("line", bad_line);
     return fail(report.text(bad_line == 0 ? "cannot_read" : "bad_line", args));
   }
-  keep(machine, settings.paths());
+  select_paths(machine, settings.paths());
   if (machine.file_systems.empty()) return fail(report.text("no_disks", args));
   report.print(machine, settings.is_short());
   return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;

@@ -7,7 +7,7 @@ namespace disk_free {
 
 namespace {
 
-/// Exactly "MOUNT-POINT TOTAL FREE" or "MOUNT-POINT TOTAL FREE FILES FREE-FILES", the path read already.
+/// Reads the rest of "MOUNT-POINT TOTAL FREE" or "MOUNT-POINT TOTAL FREE FILES FREE-FILES" after the path.
 bool read_sizes(std::istringstream& line, file_system& result) {
   if (!(line >> result.total_bytes >> result.free_bytes)) return false;
   if ((line >> std::ws).eof()) return true;

@@ -27,7 +27,7 @@ settings::settings(int argc, const char* const* argv, const char* const* environ
   link_language_to_environment();
 }
 
-/// The format has no notation for links, so the keys in the section "links" are made into them.
+/// The format has no notation for links, so each key in the section "links" becomes a link.
 void settings::make_links() {
   std::vector<std::pair<ustring8, variant>> links;
   config_.get_key_value_array("links", links, false);
@@ -35,7 +35,7 @@ void settings::make_links() {
   for (const auto& [key, target] : links) file->set(key, target, config::config_tree::NODE_LINK);
 }
 
-/// The environment tells the language under names of its own. Its LANGUAGE is none of them: it holds a list.
+/// The environment has names of its own for the language. LANGUAGE is not used: it is a list.
 void settings::link_language_to_environment() {
   const auto environment = config_.get_config_item("enviroment");
   environment->set("language", "en", 0);
@@ -48,13 +48,13 @@ void settings::link_language_to_environment() {
 
 std::string settings::language() const {
   std::string language = text("language", "en");
-  if (asks_for_language()) return language;
+  if (sets_language()) return language;
   language.erase(std::min(language.find_first_of(".@"), language.size()));
   return language.empty() || language == "C" || language == "POSIX" ? "en" : language;
 }
 
-/// The command line or the file, whichever has the key first. The environment has a "path" of its own, which
-/// is something else.
+/// The first of command line and file that has the key. The environment is left out: its "path" is something
+/// else.
 const config::base_config_item* settings::item_with(const char* key) const {
   for (const char* const id : {"command line", "standard file"}) {
     const auto item = config_.get_config_item(id);

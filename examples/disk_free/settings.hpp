@@ -1,4 +1,4 @@
-/// What the user wants: from the command line, then from disk_free.cfg, then from the environment.
+/// The user's settings: from the command line, then from disk_free.cfg, then from the environment.
 #pragma once
 
 #include <filesystem>
@@ -11,29 +11,29 @@ namespace disk_free {
 
 class settings {
  public:
-  /// `directory` is that of the program: its file and its messages lie there. The arrays must live as long as
-  /// the settings.
+  /// `directory` is the program's directory, with its settings file and messages. The arrays must live as
+  /// long as this object.
   settings(int argc, const char* const* argv, const char* const* environment,
            const std::filesystem::path& directory);
 
-  /// "language"; where nobody asks for one, the first of LC_ALL, LC_MESSAGES and LANG that is not empty,
-  /// without encoding and modifier.
+  /// "language". If it is not set, the first of LC_ALL, LC_MESSAGES and LANG that is not empty, without
+  /// encoding and modifier.
   ///
   ///     LANG=de_AT.UTF-8  =>  "de_AT"
   ///     LANG=C, or none   =>  "en"
   std::string language() const;
-  /// Whether the command line or the file asks for a language: it must be there then.
-  bool asks_for_language() const { return item_with("language") != nullptr; }
+  /// Whether the command line or the file sets a language. It must be there then.
+  bool sets_language() const { return item_with("language") != nullptr; }
 
   /// "messages": a directory or a file.
   std::string messages() const { return text("messages", directory_ + "/messages"); }
-  /// "sizes": the file that tells about a machine; empty for this machine.
+  /// "sizes": the file that describes a machine; empty for this machine.
   std::string sizes() const { return text("sizes", ""); }
   /// "path": the file systems to show; empty for all.
   std::vector<std::string> paths() const;
-  /// "form": "short" shows the file systems alone.
+  /// "form": "short" shows only the file systems.
   bool is_short() const { return text("form", "full") == "short"; }
-  /// "dump": whether to show these settings and nothing else.
+  /// "dump": whether to print these settings and nothing else.
   bool dump() const { return config_.value_exist("dump"); }
 
   const orva::config::config_manager& all() const { return config_; }

@@ -16,8 +16,7 @@ namespace disk_free {
 
 namespace {
 
-/// Types that have sizes like a disk's and are none: they live in memory, or repeat what lies on another
-/// disk.
+/// File systems that have sizes but are not disks: they are in memory, or repeat the files of another disk.
 bool is_pseudo(std::string_view type) {
   static constexpr std::array pseudo{std::string_view("devtmpfs"), std::string_view("efivarfs"),
                                      std::string_view("ramfs"), std::string_view("squashfs"),
@@ -25,7 +24,8 @@ bool is_pseudo(std::string_view type) {
   return std::find(pseudo.begin(), pseudo.end(), type) != pseudo.end();
 }
 
-/// False if the mount is no directory, cannot be asked, or has no size, as those that the kernel makes up.
+/// Returns false if the mount is no directory, its status is not available, or its size is 0, as for the file
+/// systems of the kernel.
 bool ask_file_system(const char* path, file_system& result, dev_t& device) {
   struct stat status;
   if (stat(path, &status) != 0 || !S_ISDIR(status.st_mode)) return false;

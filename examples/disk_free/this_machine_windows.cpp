@@ -12,14 +12,14 @@ namespace disk_free {
 
 namespace {
 
-/// The roots of all drives, one terminated text behind the other, and a last empty one.
+/// The roots of all drives, each with a terminator, and an empty one at the end.
 std::wstring drives() {
   std::wstring roots(::GetLogicalDriveStringsW(0, nullptr), L'\0');
   ::GetLogicalDriveStringsW(static_cast<DWORD>(roots.size()), roots.data());
   return roots;
 }
 
-/// False for drives without a disk in them, and those of other machines.
+/// Returns false for drives without a disk and for drives of other machines.
 bool ask_file_system(const wchar_t* root, file_system& result) {
   ULARGE_INTEGER free = {};
   ULARGE_INTEGER total = {};
