@@ -38,7 +38,7 @@ class logging_dispatch : public config_dispatch {
     for (int i = 0; i < count_; ++i) {
       plain_item item;
       item.name(std::to_string(i));
-      items.emplace_back(item.clone());
+      append(items, item);
     }
   }
   void load(item_list& items) const override {
