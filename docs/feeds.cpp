@@ -10,7 +10,7 @@ void print(const xml_stream_parser::node& node) {
   std::cout << node.tag() << " id " << node.id() << " parent " << node.parent_id() << " line " << node.line();
   for (const auto& [name, value] : node.attribs()) std::cout << ' ' << name << '=' << value;
   if (!node.data().empty()) std::cout << " \"" << node.data() << '"';
-  // The root is told when it begins and when it ends.
+  // There is a node for the beginning of the root and one for its end.
   if (node.status() == xml_stream_parser::incomplete) std::cout << " begins";
   if (node.status() == xml_stream_parser::end_of_document) std::cout << " ends";
   std::cout << '\n';
@@ -34,7 +34,7 @@ int main() {
   xml_stream_parser feed(file, 1);
   feed.parse();
   for (;;) {
-    // Popping reads on by itself: the queue is empty only where the feed ends or is damaged.
+    // A pop reads on when needed: the queue is empty only at the end of the feed or at a damage.
     while (!feed.node_queue_empty()) print(feed.node_queue_pop());
     if (!is_damage(feed.error())) break;
     std::cout << "error " << feed.error() << " at byte " << feed.parse_offset() << " of "

@@ -8,7 +8,7 @@ using parser::xml_parser;
 using parser::xml_token_stream;
 using strings::ustring8;
 
-// Events: the parser calls, the application keeps what it wants.
+// Events: the parser calls, and the application stores what it needs.
 class outline {
  public:
   explicit outline(xml_parser& source) {
@@ -37,7 +37,7 @@ void report(const xml_parser::parse_error& error) {
   std::cout << "failed: type " << error.type << ", line " << error.line << ", \"" << error.data << "\"\n";
 }
 
-// Tokens: the whole document as a list, to walk back and forth. An attribute's value follows its name.
+// Tokens: the whole document as a list. An attribute's value follows its name.
 ustring8 attribute_of(const xml_token_stream& stream, const ustring8& element, const ustring8& name) {
   using token = xml_token_stream::token;
   bool in_element = false;
@@ -61,7 +61,7 @@ int main() {
   outline printed(events);
   report(events.parse(document));
 
-  // A parser that failed keeps its open elements: take a fresh one for the next text.
+  // A parser that failed keeps its open elements: use a new one for the next text.
   report(xml_parser().parse("<?xml version='1.0'?>\n<menu>\n  <entry>\n</menu>"));
   report(xml_parser().parse("<?xml version='1.0'?>\n<menu key=o/>"));
   report(xml_parser().parse("<menu/>"));

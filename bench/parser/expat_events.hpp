@@ -1,5 +1,5 @@
-/// The peer of the XML benchmarks: expat, its events delivered as strings with the runs of text put together,
-/// which is what a user of expat writes to get what `xml_parser` delivers.
+/// expat, which the XML benchmarks compare with. Its events are delivered as strings, with the runs of text
+/// put together, as a user of expat must write it to get the events of `xml_parser`.
 #pragma once
 
 #include <expat.h>

@@ -1,4 +1,4 @@
-/// What the benchmarks of streaming parsers share: the file, nodes that own their texts for the peers that
+/// Shared by the benchmarks of streaming parsers: the file, nodes that own their texts for the parsers that
 /// have none, and counts of what was delivered.
 #pragma once
 
@@ -57,7 +57,7 @@ class record {
     if (open_.size() > 1) return;
     for (const auto& node : nodes_)
       receiver_.add(node.tag, node.attributes, is_blank(node.data) ? "" : node.data);
-    // The root stays: it is told with the first record, as by the library.
+    // The root is delivered with the first record, as the library does.
     if (open_.empty()) return;
     nodes_.clear();
     open_.front() = &root_;

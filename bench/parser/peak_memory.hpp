@@ -1,5 +1,4 @@
-/// `peak_memory`: how much the resident memory of the process has grown since the object was made, at its
-/// highest.
+/// `peak_memory`: the highest growth of the resident memory of the process since the object was made.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +11,7 @@ class peak_memory {
  public:
   peak_memory() : before_(read("VmRSS:")) { std::ofstream("/proc/self/clear_refs") << 5; }
 
-  /// In bytes; 0 where the system does not tell.
+  /// In bytes; 0 if the system does not report it.
   double growth() const { return static_cast<double>(read("VmHWM:") - before_) * 1024; }
 
  private:

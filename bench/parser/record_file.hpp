@@ -1,5 +1,5 @@
-/// A file of records in a temporary directory, as map data and product feeds have them: the input of the
-/// benchmarks of streaming parsers.
+/// A file of records in a temporary directory, like map data or a product feed: the input of the benchmarks
+/// of streaming parsers.
 #pragma once
 
 #include <algorithm>
@@ -14,7 +14,7 @@ namespace bench {
 
 class record_file {
  public:
-  /// As many megabytes as ORVA_FEED_MB in the environment says; 16 without it.
+  /// The value of ORVA_FEED_MB in the environment, in megabytes; 16 without it.
   record_file() : path_(std::filesystem::temp_directory_path() / name()) {
     const char* const asked = std::getenv("ORVA_FEED_MB");
     const auto megabytes = asked != nullptr ? std::max(1, std::atoi(asked)) : 16;

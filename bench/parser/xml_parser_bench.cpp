@@ -13,7 +13,7 @@ namespace {
 
 using ORVA_NAMESPACE::strings::ustring8;
 
-/// Counts what it is told, so that both sides show that they delivered the same.
+/// Counts the events, so that both sides show that they delivered the same.
 struct counter {
   std::size_t events = 0;
   std::size_t bytes = 0;

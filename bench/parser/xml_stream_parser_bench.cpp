@@ -1,9 +1,9 @@
-// xml_stream_parser beside what a user would pick instead for files that do not fit into memory: expat whose
+// xml_stream_parser and its alternatives for files that do not fit into memory: expat whose
 // handlers build records that own their texts, and the readers of libxml2 and, in qt_stream_reader_bench.cpp,
 // of Qt. All deliver the same nodes, record by record.
 //
-// ORVA_FEED_MB=500 measures a file of that size. The growth of memory is that of the process, so that it
-// tells of one parser only where --benchmark_filter leaves one.
+// ORVA_FEED_MB=500 measures a file of that size. The growth of memory is that of the process: to measure one
+// parser, select it with --benchmark_filter.
 #include "orva/parser/xml_stream_parser.hpp"
 
 #include <benchmark/benchmark.h>

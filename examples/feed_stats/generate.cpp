@@ -40,8 +40,8 @@ std::string record(std::uint64_t number) {
   return number % 10 == 9 ? way(number) : node(number);
 }
 
-/// What goes wrong in feeds: a record that is cut off, a quote that is missing, a text that was not escaped,
-/// a line that does not belong there.
+/// The damages of real feeds: a record that is cut off, a missing quote, a text that was not escaped, a line
+/// that does not belong there.
 const std::string& damaged_record(std::uint64_t number) {
   static const std::array<std::string, 4> kinds{
       "  <node id=\"1\"><tag k=\"name\" v=\"Cut o\n", "  <node id=1/>\n",

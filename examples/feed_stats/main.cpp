@@ -59,7 +59,7 @@ class progress_bar {
 
   void show(long long offset, long long length) {
     if (!is_shown_ || offset == 0 || length <= 0) return;
-    // A feed that somebody cuts meanwhile is shorter than what was read of it.
+    // A feed that was cut in the meantime is shorter than the part that was read.
     const int percent = static_cast<int>(100 * std::min(offset, length) / length);
     if (percent == percent_) return;
     percent_ = percent;
@@ -68,7 +68,7 @@ class progress_bar {
               << percent << " %" << std::flush;
   }
 
-  /// Makes room for a line of text, and for what is behind the end.
+  /// Ends the line of the bar, so that a line of text can follow.
   void end_line() {
     if (percent_ >= 0) std::cerr << '\n';
     percent_ = -1;
@@ -101,7 +101,7 @@ int count_records(const options& options) {
               << " or later: " << feed_stats::words(error) << '\n';
   };
   const auto found = feed_stats::gather(options.file, observer);
-  // What stands behind the root is not read.
+  // The text after the root is not read.
   if (found.ended_by == orva::parser::xml_stream_parser::end_of_document) bar.show(1, 1);
   bar.end_line();
   if (!found.root.empty()) print(found);

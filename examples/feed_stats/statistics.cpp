@@ -8,7 +8,7 @@ namespace {
 
 using orva::parser::xml_stream_parser;
 
-/// Between two reports of progress.
+/// The number of records between two reports of progress.
 constexpr std::uint64_t records_of_a_step = 1000;
 
 class walk {
@@ -30,19 +30,19 @@ class walk {
     return error > xml_stream_parser::end_of_document && error < xml_stream_parser::fatal_error;
   }
 
-  /// Popping reads on by itself: this ends where the feed ends or is damaged.
+  /// A pop reads on when needed: this ends at the end of the feed or at a damage.
   void take_nodes() {
     while (!feed_.node_queue_empty()) count(feed_.node_queue_pop());
   }
 
   void count(const xml_stream_parser::node& node) {
-    // The root is told when it begins, while it is still open, and when it ends.
+    // There is a node for the beginning of the root and another one for its end.
     if (node.status() == xml_stream_parser::incomplete) {
       root_id_ = node.id();
       return;
     }
     if (node.status() == xml_stream_parser::end_of_document) return;
-    // Behind a damage, records have no parent.
+    // After a damage, records have no parent.
     const bool is_record = node.parent_id() == root_id_ || node.parent_id() == 0;
     if (is_record) {
       current_ = &result_.kinds[node.tag()];

@@ -1,4 +1,4 @@
-/// What is in a feed: how many records of each kind, with how many elements and attributes.
+/// The contents of a feed: the number of records of each kind, and of their elements and attributes.
 #pragma once
 
 #include <cstdint>
@@ -22,20 +22,20 @@ struct statistics {
   /// By the name of the record's element.
   std::map<std::string, kind_count> kinds;
   std::uint64_t damages = 0;
-  /// How the walk ended; `end_of_document` if the feed is whole.
+  /// How reading ended; `end_of_document` if the root was closed.
   orva::parser::xml_stream_parser::error_type ended_by = orva::parser::xml_stream_parser::no_error;
 };
 
-/// Who wants to know how the walk goes.
+/// Receives reports while the feed is read.
 struct observer {
-  /// So much of the file is read; called now and then.
+  /// How much of the file is read. Called from time to time.
   std::function<void(long long offset, long long length)> progress;
-  /// The record at this place is damaged, and is passed over.
+  /// The record at this position is damaged and is passed over.
   std::function<void(orva::parser::xml_stream_parser::error_type error, long long offset, unsigned long line)>
       damage;
 };
 
-/// Walks the feed. What is damaged is passed over up to the next record of a kind that was met before.
+/// Reads the feed. After a damage it goes on at the next record of a kind that it has seen before.
 statistics gather(const std::string& file, const observer& observer);
 
 /// "an attribute value does not start with a quote"

@@ -1,6 +1,6 @@
-// Any bytes through xml_parser, held against the plain reference parser, twice with one object, so that the
-// names a failed parse leaves behind are held too; and through xml_token_stream, whose tokens must follow the
-// events.
+// Any bytes through xml_parser, compared with the plain reference parser, twice with one object, so that the
+// names that a failed parse leaves open are compared too; and through xml_token_stream, whose tokens must
+// follow the events.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -56,7 +56,7 @@ void require_tokens_follow_events(const xml_token_stream& stream, const xml_outc
       case token::comment:
         break;
       default:
-        require(!start_tag_open, "no marker behind a start tag");
+        require(!start_tag_open, "no marker after a start tag");
         start_tag_open = each.type() == token::element_start;
     }
     require(event != outcome.events.end() && *event == event_of(each, attribute_name), "a token is no event");

@@ -1,11 +1,11 @@
 // Any file under any calls of xml_stream_parser, compared with the plain reference parser.
 //
-// An input is four bytes that say how, then the length of a script, the script, and the file:
+// An input is four bytes of settings, then the length of a script, the script, and the file:
 //
-//     byte 0       the open levels in two bits; 4: a header is put in front of the file; 8: the file is shifted so that the
-//                  edge of the window falls into it
-//     bytes 1, 2   where the edge falls
-//     byte 3       how much of the file is there at first; the rest appears in the middle of the script
+//     byte 0       the open levels in two bits; 4: a header is put before the file; 8: the file is shifted so
+//                  that the edge of the window is in it
+//     bytes 1, 2   the position of the edge
+//     byte 3       how much of the file is added in the middle of the script
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>

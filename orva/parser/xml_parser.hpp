@@ -1,7 +1,8 @@
 /// `xml_parser`: an event parser for a small subset of XML, for documents that are whole in memory.
 ///
 ///     xml_parser parser;
-///     parser.on_attribute = member_function_t<reader, void(const ustring8&, const ustring8&)>(&r, &reader::take);
+///     using handler = member_function_t<reader, void(const ustring8&, const ustring8&)>;
+///     parser.on_attribute = handler(&reader, &reader::take);
 ///     const auto error = parser.parse("<?xml version='1.0'?><a b='1'/>");
 ///     if (error.type != xml_parser::parse_error::no_error) complain(error.line, error.data);
 ///
@@ -15,10 +16,11 @@
 ///
 /// The grammar:
 ///
-///     header       <?xml up to the first ?>; mandatory, and read no further: neither the version nor the encoding
-///                  has any effect. Three bytes in front of it are skipped unseen, as room for a byte order mark
-///     names        a letter, then letters, digits and _ (isalpha and isalnum of the C runtime, byte by byte).
-///                  There is no : - or . in a name, and no byte of a multi-byte character unless the locale says so
+///     header       <?xml up to the first ?>; mandatory. Its contents have no effect, neither the version nor
+///                  the encoding. Any three bytes before it are skipped, as room for a byte order mark
+///     names        a letter, then letters, digits and _ (isalpha and isalnum of the C runtime, byte by
+///                  byte). A name has no : - or . and, unless the locale has such letters, no byte of a
+///                  multi-byte character
 ///     values       within ' or ", the other quote being plain; < is refused; nothing is normalised
 ///     text         delivered in runs: two white-space characters in a row end a run and arrive as space
 ///     CDATA        delivered as text, unchanged
@@ -80,7 +82,7 @@ class ORVA_API xml_parser {
     ///
     ///     unexpected_character                    that one character; empty if the text ended instead
     ///     mismatched_end_element                  the end tag's name; empty for />
-    ///     missing_quote                           the attribute's name if the text ended inside the value, else empty
+    ///     missing_quote                           the attribute's name if the text ended inside the value
     ///     missing_equals, attribute_redefined     the attribute's name
     ///     any other                               empty
     ustring8 data;
@@ -93,7 +95,7 @@ class ORVA_API xml_parser {
   /// Each attribute, its entities expanded. A value that the end of the text cuts off is delivered before the
   /// parse fails.
   attribute_delegate on_attribute;
-  /// Each run of text, its entities expanded, and each CDATA section as it stands.
+  /// Each run of text, its entities expanded, and each CDATA section unchanged.
   text_delegate on_character;
   /// White space between tags and between runs of text, but not inside a tag and not directly after the
   /// header.

@@ -28,19 +28,19 @@
 ///
 /// The grammar, which is not that of `xml_parser`:
 ///
-///     header       <?xml up to the first ?> or >; mandatory. Any three bytes are skipped before it, as room for
-///                  a byte order mark, and so is white space that fits into the window. A file of less than 50
-///                  bytes is not parsed
-///     names        letters, digits, _ and all bytes from 128 on, in any order; white space may come before them
+///     header       <?xml up to the first ?> or >; mandatory. Any three bytes before it are skipped, as room
+///                  for a byte order mark, and so is white space that fits into the window. A file of less
+///                  than 50 bytes is not parsed
+///     names        letters, digits, _ and all bytes from 128 on, in any order; white space may precede them
 ///     attributes   no white space before the =
 ///     values       within ' or ", the other quote being plain; < is refused; nothing is normalised
-///     text         only in elements below the root. White space before it is dropped, white space after it is
-///                  kept; of several runs in one element the last one is kept
+///     text         only in elements below the root. White space before it is dropped, white space after it
+///                  is kept; of several runs in one element the last one is kept
 ///     comments     skipped, also if longer than the window; -- ends one
-///     open levels  must not be closed by />. "include" is the exception: it is never an open level, and where
-///                  one is expected it must be closed by />
+///     open levels  must not be closed by />. "include" is the exception: it is never an open level, and
+///                  where one is expected it must be closed by />
 ///     entities     &lt; &gt; &amp; &apos; &quot; and &nbsp;, which gives a plain space
-///     references   &#65; and &#x41; give one byte, unencoded; above 255 they end the parser with `fatal_error`
+///     references   &#65; and &#x41; give one byte, unencoded; above 255 they give a `fatal_error`
 ///     not at all   CDATA, document type declarations, processing instructions, namespaces
 ///
 /// A token that is cut off by the end of the window is read again as a whole: the position of that end has no
@@ -140,16 +140,17 @@ class ORVA_API xml_stream_parser {
   /// Reads on until a hundred nodes wait and two of them can be taken, or until something stops it. Returns
   /// `error()`:
   ///
-  ///     no_error           enough nodes wait, or all that the file has now is parsed: take nodes, then parse again. If
-  ///                        then none can be taken, the file ends before its root does, between two tokens or after
-  ///                        the / of a />
-  ///     incomplete         the file ends inside a token, or has less than 50 bytes: a parse goes on once it has grown. Or
-  ///                        a token is longer than the window, or an end tag has no name: only `recover` helps
-  ///     end_of_document    the root was closed; a further parse does nothing, and what follows the root is not read
+  ///     no_error           enough nodes wait, or all that the file has now is parsed: take nodes, then parse
+  ///                        again. If then none can be taken, the file ends before its root, between two
+  ///                        tokens or after the / of a />
+  ///     incomplete         the file ends inside a token, or has less than 50 bytes: parse again when it has
+  ///                        grown. Or a token is longer than the window, or an end tag has no name: only
+  ///                        `recover` helps
+  ///     end_of_document    the root was closed; a further parse does nothing, what follows is not read
   ///     not_synchronized   a `recover` failed, and this call did nothing
-  ///     an error           the nodes before it can be taken. A further parse reads the same token again, and fails again
-  ///                        as long as the file is the same; but it does nothing and returns `no_error` while a hundred
-  ///                        nodes wait
+  ///     an error           the nodes before it can be taken. A further parse reads the same token again and
+  ///                        fails again, as long as the file is the same; but while a hundred nodes wait, it
+  ///                        does nothing and returns `no_error`
   ///     from fatal_error   a further parse does nothing
   ///
   /// Throws `std::ios_base::failure` with "ios_base::failbit set" if the file ends sooner than its size says.
@@ -161,10 +162,10 @@ class ORVA_API xml_stream_parser {
   /// not counted. Returns `error()`:
   ///
   ///     no_error           the next parse begins at that start tag
-  ///     not_synchronized   there is none, or no name was given, or the file cannot be read now. Parse does nothing
-  ///                        until a `recover` succeeds
-  ///     end_of_document    the root was closed before, and the rest of the window has none. If it has one, the result
-  ///                        is `no_error`, but the document stays closed: nothing more is parsed
+  ///     not_synchronized   there is none, or no name was given, or the file cannot be read now. Parse does
+  ///                        nothing until a `recover` succeeds
+  ///     end_of_document    the root was closed before, and the rest of the window has no such start tag. If
+  ///                        it has one, the result is `no_error`, but nothing more is parsed
   ///     fatal_error        no root element was read yet, so that there is nothing to go on with
   ///
   /// Throws as `parse` does.

@@ -10,7 +10,8 @@
 /// size of a message catalog. One object belongs to one thread at a time.
 ///
 ///     <a x="1"><b/>t</a>  =>  element_start "a", attribute_name "x", attribute_value "1", start_tag_end,
-///                             element_start "b", start_tag_end, element_end "b", character "t", element_end "a"
+///                             element_start "b", start_tag_end, element_end "b", character "t",
+///                             element_end "a"
 ///
 /// `start_tag_end` is no event of the parser. It comes before the first event that is neither an attribute
 /// nor a comment, so that a comment directly after a start tag comes before it.

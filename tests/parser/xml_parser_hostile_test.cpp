@@ -1,5 +1,5 @@
-// Texts that nobody would write: every truncation and mutation of documents, held against the plain reference
-// parser, and sizes and depths that must cost no more than their length.
+// Malformed texts: every truncation and mutation of documents, compared with the plain reference parser; and
+// sizes and depths that must cost no more than their length.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -33,15 +33,14 @@ void expect_as_reference(const std::string& text) {
   ASSERT_EQ(parse_xml(text), reference_xml().parse(text)) << "text: " << text;
 }
 
-/// A string's terminator hides a read of one byte behind the end from a sanitizer, so each character that
-/// could change the outcome is put there.
-void expect_nothing_read_behind(std::string text) {
+/// A string's terminator hides a read of one byte past the end from a sanitizer, so each character that could
+/// change the outcome is put there.
+void expect_nothing_read_past(std::string text) {
   const auto expected = reference_xml().parse(text);
   const auto length = text.size();
   text += '\0';
-  for (const char behind :
-       {'<', '>', '/', '?', '!', '-', '[', ']', ';', '#', 'x', '4', '=', '"', ' ', '\n'}) {
-    text.back() = behind;
+  for (const char after : {'<', '>', '/', '?', '!', '-', '[', ']', ';', '#', 'x', '4', '=', '"', ' ', '\n'}) {
+    text.back() = after;
     xml_parser parser;
     ASSERT_EQ(parse_with(parser, text, length), expected) << "text: " << text;
   }
@@ -59,9 +58,9 @@ TEST(xml_parser_hostile, every_truncation_is_as_the_reference_says) {
   }
 }
 
-TEST(xml_parser_hostile, nothing_is_read_behind_the_end_of_any_truncation) {
+TEST(xml_parser_hostile, nothing_is_read_past_the_end_of_any_truncation) {
   for (std::size_t length = 0; length <= every_construct.size(); ++length) {
-    ASSERT_NO_FATAL_FAILURE(expect_nothing_read_behind(std::string(every_construct.substr(0, length))));
+    ASSERT_NO_FATAL_FAILURE(expect_nothing_read_past(std::string(every_construct.substr(0, length))));
   }
 }
 
@@ -99,7 +98,8 @@ TEST(xml_parser_hostile, every_short_text_of_the_markup_characters_is_as_the_ref
   }
 }
 
-// The scanners skip text and values by blocks: whatever ends a run must be found at every offset within them.
+// The scanners skip text and values by blocks: a byte that ends a run must be found at every offset of a
+// block.
 TEST(xml_parser_hostile, every_byte_at_every_offset_of_a_long_run_is_as_the_reference_says) {
   for (std::size_t offset = 0; offset <= 24; ++offset) {
     for (int byte = 0; byte <= 0xFF; ++byte) {
@@ -199,7 +199,7 @@ TEST(xml_parser_hostile, million_levels_become_tokens_that_can_be_copied_and_des
   EXPECT_EQ(copy.size(), 3 * levels);
 }
 
-TEST(xml_parser_hostile, attributes_by_the_ten_thousand_in_one_tag_are_told_apart) {
+TEST(xml_parser_hostile, ten_thousand_attributes_in_one_tag_are_distinguished) {
   std::string text = "<?xml?><a";
   for (int i = 0; i < 50'000; ++i) text += " n" + std::to_string(i) + "=''";
   EXPECT_EQ(xml_parser().parse(text + "/>").type, error::no_error);

@@ -1,5 +1,4 @@
-// The scanners that a parser derived from xml_parser can use: what they take, and where they leave the
-// position.
+// The scanners that a class derived from xml_parser can use: what they read, and the position where they end.
 #include <gtest/gtest.h>
 
 #include <string>
@@ -107,7 +106,7 @@ TEST(xml_parser_scanners, parse_character_ends_on_the_semicolon) {
                                      });
 }
 
-TEST(xml_parser_scanners, parse_whitespace_ends_behind_it) {
+TEST(xml_parser_scanners, parse_whitespace_ends_after_it) {
   expect(&scanners::parse_whitespace, {
                                           {" a", " ", 1},
                                           {" \t\r\n", " \t\r\n", 4},

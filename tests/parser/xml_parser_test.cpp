@@ -32,7 +32,7 @@ void expect(const std::vector<row>& rows) {
   }
 }
 
-/// The same, with a header in front of each text and the root's start among its events.
+/// The same, with a header before each text and the root's start among its events.
 void expect_in_root(std::vector<row> rows) {
   for (auto& [text, events, type, data, line] : rows) {
     text = "<?xml?><r>" + text;
@@ -41,7 +41,7 @@ void expect_in_root(std::vector<row> rows) {
   expect(rows);
 }
 
-/// The same for what stands between the root's tags, in a document that is parsed to its end.
+/// The same for the text between the root's tags, in a document that is parsed to its end.
 void expect_content(std::vector<row> rows) {
   for (auto& [text, events, type, data, line] : rows) {
     text += "</r>";
@@ -142,7 +142,7 @@ TEST(xml_parser, header_contents_are_not_read) {
   });
 }
 
-TEST(xml_parser, three_bytes_in_front_of_the_header_are_skipped_unseen) {
+TEST(xml_parser, any_three_bytes_before_the_header_are_skipped) {
   const std::vector<std::string> element = {"start a", "end a"};
   expect({
       {"\xEF\xBB\xBF<?xml?><a/>", element},
@@ -153,9 +153,7 @@ TEST(xml_parser, three_bytes_in_front_of_the_header_are_skipped_unseen) {
   });
 }
 
-TEST(xml_parser, space_behind_the_header_is_dropped) {
-  expect({{"<?xml?> \n\t <a/>", {"start a", "end a"}}});
-}
+TEST(xml_parser, space_after_the_header_is_dropped) { expect({{"<?xml?> \n\t <a/>", {"start a", "end a"}}}); }
 
 TEST(xml_parser, root_element_alone_gives_no_error) {
   expect({
@@ -174,7 +172,7 @@ TEST(xml_parser, second_top_level_element_gives_data_after_root) {
   });
 }
 
-TEST(xml_parser, text_and_comments_behind_the_root_are_delivered) {
+TEST(xml_parser, text_and_comments_after_the_root_are_delivered) {
   expect({
       {"<?xml?><a/>text", {"start a", "end a", "character text"}},
       {"<?xml?><a/> <!--c--><![CDATA[d]]>", {"start a", "end a", "space  ", "comment c", "character d"}},
@@ -237,7 +235,7 @@ TEST(xml_parser, declarations_and_instructions_give_unexpected_character) {
   });
 }
 
-TEST(xml_parser, mismatched_end_tag_tells_its_name) {
+TEST(xml_parser, mismatched_end_tag_reports_its_name) {
   expect({
       {"<?xml?><a><b></a></b>", {"start a", "start b"}, error::mismatched_end_element, "a"},
       {"<?xml?><a></A>", {"start a"}, error::mismatched_end_element, "A"},
@@ -271,9 +269,9 @@ TEST(xml_parser, end_tag_takes_attributes) {
   });
 }
 
-TEST(xml_parser, end_tag_takes_space_behind_its_name_only) { expect_in_root({{"</r \t\n>", {"end r"}}}); }
+TEST(xml_parser, end_tag_takes_space_after_its_name_only) { expect_in_root({{"</r \t\n>", {"end r"}}}); }
 
-TEST(xml_parser, end_tag_cut_off_behind_its_name_gives_unexpected_eof) {
+TEST(xml_parser, end_tag_cut_off_after_its_name_gives_unexpected_eof) {
   expect_in_root({
       {"</r", {}, error::unexpected_eof},
       {"\n</r", {"space \n"}, error::unexpected_eof, "", 1},
@@ -362,7 +360,7 @@ TEST(xml_parser, attribute_may_come_again_in_another_tag) {
   });
 }
 
-TEST(xml_parser, attribute_without_equals_tells_its_name) {
+TEST(xml_parser, attribute_without_equals_reports_its_name) {
   expect_in_root({
       {"<a b/>", {"start a"}, error::missing_equals, "b"},
       {"<a b c='1'/>", {"start a"}, error::missing_equals, "b"},
@@ -385,7 +383,7 @@ TEST(xml_parser, value_without_quote_gives_missing_quote_without_data) {
   });
 }
 
-TEST(xml_parser, value_cut_off_is_delivered_before_missing_quote_tells_its_name) {
+TEST(xml_parser, value_cut_off_is_delivered_before_missing_quote_reports_its_name) {
   expect_in_root({
       {"<a b='", {"start a", "attribute b="}, error::missing_quote, "b"},
       {"<a b='1", {"start a", "attribute b=1"}, error::missing_quote, "b"},
@@ -456,7 +454,7 @@ TEST(xml_parser, entity_starting_with_another_letter_gives_unknown_entity) {
   });
 }
 
-TEST(xml_parser, entity_going_on_wrongly_tells_the_second_character_behind_the_ampersand) {
+TEST(xml_parser, malformed_entity_reports_the_second_character_after_the_ampersand) {
   expect({{"<?xml?><a>&lx;</a>", {"start a"}, error::unexpected_character, "x"}});
   expect_in_root({
       {"&l;", {}, error::unexpected_character, ";"},
@@ -473,7 +471,7 @@ TEST(xml_parser, entity_going_on_wrongly_tells_the_second_character_behind_the_a
   });
 }
 
-TEST(xml_parser, entity_cut_off_tells_the_second_character_behind_the_ampersand_if_there_is_one) {
+TEST(xml_parser, entity_cut_off_reports_the_second_character_after_the_ampersand_if_there_is_one) {
   for (const std::string entity : {"&lt;", "&gt;", "&amp;", "&apos;", "&quot;", "&nbsp;"}) {
     for (std::size_t length = 2; length < entity.size(); ++length) {
       expect_in_root({{entity.substr(0, length),
@@ -518,7 +516,7 @@ TEST(xml_parser, character_reference_to_markup_is_text) {
   });
 }
 
-TEST(xml_parser, character_reference_with_another_character_tells_it) {
+TEST(xml_parser, character_reference_with_another_character_reports_it) {
   expect_in_root({
       {"&#12x;", {}, error::unexpected_character, "x"},
       {"&#X41;", {}, error::unexpected_character, "X"},
@@ -557,7 +555,7 @@ TEST(xml_parser, character_reference_above_255_throws_overflow_error) {
   }
 }
 
-TEST(xml_parser, text_run_ends_in_front_of_two_spaces_in_a_row) {
+TEST(xml_parser, text_run_ends_before_two_spaces_in_a_row) {
   expect_content({
       {"a b", {"character a b"}},
       {"a  b", {"character a", "space   ", "character b"}},
@@ -665,7 +663,7 @@ TEST(xml_parser, text_at_the_very_end_is_delivered) {
   });
 }
 
-TEST(xml_parser, tag_cut_off_behind_its_bracket_gives_unexpected_character_without_data) {
+TEST(xml_parser, tag_cut_off_after_its_bracket_gives_unexpected_character_without_data) {
   expect({
       {"<?xml?><", {}, error::unexpected_character},
       {"<?xml?>\n<", {}, error::unexpected_character, "", 1},

@@ -1,5 +1,5 @@
-// The system calls behind the streaming parser: a file is open only while it is read, and a read that fails
-// loses nothing.
+// The system calls of the streaming parser: a file is open only while it is read, and a read that fails loses
+// nothing.
 #include <gtest/gtest.h>
 #include <unistd.h>
 

@@ -1,4 +1,4 @@
-// The file behind the streaming parser: what it may be, and what may happen to it between two calls.
+// The file that the streaming parser reads: what it may be, and how it may change between two calls.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -59,8 +59,8 @@ TEST(xml_stream_parser_file, that_is_a_directory_or_has_no_name_cannot_be_opened
   EXPECT_EQ(xml_stream_parser(with_zero, 1).error(), xml_stream_parser::cannot_open_file);
 }
 
-// Its status cannot be asked for, which is no reason to throw.
-TEST(xml_stream_parser_file, behind_a_circle_of_links_cannot_be_opened) {
+// The system does not give its status, which is no reason to throw.
+TEST(xml_stream_parser_file, below_a_circle_of_links_cannot_be_opened) {
   const temporary_directory directory;
   if (!orva_test::make_link("circle", directory.file("circle"))) GTEST_SKIP() << orva_test::no_links;
   xml_stream_parser parser(directory.file("circle/feed.xml"), 1);
@@ -104,7 +104,7 @@ TEST(xml_stream_parser_file, length_is_that_of_the_moment_and_offset_reaches_it)
   EXPECT_EQ(parser.parse_offset(), 0);
   parser.parse();
   EXPECT_EQ(parser.parse_offset(), parser.file_length());
-  file.append("behind");
+  file.append("after.");
   EXPECT_EQ(parser.file_length(), static_cast<long long>(small.size()) + 6);
 }
 
@@ -135,7 +135,7 @@ TEST(xml_stream_parser_file, larger_than_32_bits_can_tell_is_read_by_the_window)
   }
 }
 
-TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_error) {
+TEST(xml_stream_parser_file, replaced_by_a_link_between_two_reads_is_a_fatal_error) {
   const xml_stream_file file(small);
   xml_stream_parser fresh(file.path(), 1);
   if (!file.swap_for_link()) GTEST_SKIP() << orva_test::no_links;
@@ -145,8 +145,8 @@ TEST(xml_stream_parser_file, put_behind_a_link_between_two_reads_is_a_fatal_erro
   xml_stream_parser parser(longer.path(), 1);
   EXPECT_EQ(parser.parse(), xml_stream_parser::no_error);
   ASSERT_TRUE(longer.swap_for_link());
-  // What is in the queue can be taken, and what one more round finds in the window; then the next read is
-  // refused.
+  // The nodes in the queue can be taken, and those of one more round through the window; then the next read
+  // is refused.
   EXPECT_EQ(count_nodes(parser), 202u);
   EXPECT_EQ(parser.error(), xml_stream_parser::fatal_error);
   EXPECT_EQ(parser.parse(), xml_stream_parser::fatal_error);

@@ -1,6 +1,5 @@
-// Files that nobody would write, and callers that nobody expects: truncations, mutations and random documents
-// under random calls, all held against the plain reference parser; and sizes and depths that must cost no
-// more than their length.
+// Malformed files and unusual callers: truncations, mutations and random documents under random calls, all
+// compared with the plain reference parser; and sizes and depths that must cost no more than their length.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -95,7 +94,7 @@ TEST_P(xml_stream_parser_at_depth, every_byte_in_every_place_is_as_the_reference
   constexpr std::string_view document =
       "<?xml?><r><a b='&lt;'>x &#x41;</a><!--c--><s><a/> </s ></r>      <a/>";
   hostile_feed feed;
-  // Which byte it is matters less to the levels than where it stands.
+  // For the other depths, the position of the byte matters more than its value.
   const int step = each_nth * (GetParam() == 1 ? 1 : 7);
   for (std::size_t at = 0; at < document.size(); ++at) {
     for (int byte = 0; byte <= 0xFF; byte += step) {

@@ -81,7 +81,7 @@ std::string records(int count) {
   return text + "</r>";
 }
 
-TEST(xml_stream_parser, parse_pauses_behind_a_hundred_nodes) {
+TEST(xml_stream_parser, parse_pauses_after_a_hundred_nodes) {
   feed many(records(1000));
   EXPECT_EQ(many.parser.parse(), xml_stream_parser::no_error);
   EXPECT_EQ(many.parser.node_queue_size(), 101u);
@@ -106,14 +106,14 @@ TEST(xml_stream_parser, subtree_of_any_size_waits_until_it_is_closed) {
   EXPECT_EQ(large.nodes().size(), 5005u);
 }
 
-TEST(xml_stream_parser, nodes_in_front_of_an_error_can_be_taken) {
+TEST(xml_stream_parser, nodes_before_an_error_can_be_taken) {
   feed wrong("<r><a/><a/><b></wrong>");
   EXPECT_EQ(wrong.nodes().size(), 3u);
   EXPECT_EQ(wrong.parser.error(), xml_stream_parser::mismatched_tag);
   EXPECT_EQ(wrong.parser.parse_offset(), static_cast<long long>(xml_stream_header.size() + 14));
 }
 
-// What comes late for a node that was taken goes nowhere, and least of all into freed memory.
+// Attributes and text that come after a node was taken are dropped; freed memory is not touched.
 TEST(xml_stream_parser, late_attributes_and_text_of_a_taken_node_are_dropped) {
   feed late("<r><s a='1' ", 2);
   late.parser.parse();

@@ -1,4 +1,4 @@
-// Going on after damage.
+// `recover`: parsing after an error.
 #include <gtest/gtest.h>
 
 #include <list>
@@ -97,7 +97,7 @@ TEST(xml_stream_parser_recover, finds_the_start_tag_that_an_unfinished_tag_ran_i
   }
 }
 
-TEST(xml_stream_parser_recover, starts_behind_the_place_of_the_error) {
+TEST(xml_stream_parser_recover, starts_after_the_position_of_the_error) {
   feed broken("<r><!-- <a n='1'/> -- <a n='2'/> --><a n='3'/></r>");
   EXPECT_EQ(broken.parser.parse(), xml_stream_parser::unexpected_character);
   broken.parser.recover({"a"});

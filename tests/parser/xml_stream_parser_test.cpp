@@ -25,7 +25,7 @@ using orva_test::xml_stream_file;
 using feed = orva_test::xml_stream_feed;
 using error_type = xml_stream_parser::error_type;
 
-TEST(xml_stream_parser, open_level_is_told_at_its_start_and_its_end_and_records_once_closed) {
+TEST(xml_stream_parser, open_level_is_reported_at_its_start_and_its_end_and_records_once_closed) {
   xml_stream_file file("<?xml?><r><a x=\"1\"><b>t</b></a><a/></r>            ");
   xml_stream_parser parser(file.path(), 1);
   EXPECT_EQ(parser.parse(), xml_stream_parser::end_of_document);
@@ -49,7 +49,7 @@ TEST(xml_stream_parser, documentation_example) {
                         "b #3<2 status 0 line 1 [t]", "c #4<1 status 0 line 1", "r #1<0 status 3 line 1"}));
 }
 
-TEST(xml_stream_parser, second_open_level_is_told_at_its_start_and_its_end) {
+TEST(xml_stream_parser, second_open_level_is_reported_at_its_start_and_its_end) {
   feed two("<r><s><a><b/></a></s></r>", 2);
   EXPECT_EQ(two.nodes(),
             (transcript{"r #1<0 status 1 line 1", "s #2<1 status 1 line 1", "a #3<2 status 0 line 1",
@@ -96,7 +96,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::ValuesIn(std::vector<outcome>{
         {"root", "<r></r>", xml_stream_parser::end_of_document},
         {"blanks_around_names", "< r\n>< a x='1' /></ r \n>", xml_stream_parser::end_of_document},
-        {"blanks_behind_the_equals", "<r x= '1'></r>", xml_stream_parser::end_of_document},
+        {"blanks_after_the_equals", "<r x= '1'></r>", xml_stream_parser::end_of_document},
         {"attributes_without_blank_between", "<r x='1'y='2'></r>", xml_stream_parser::end_of_document},
         {"name_of_digits", "<1 _2='3'></1>", xml_stream_parser::end_of_document},
         {"name_of_other_letters", "<\xC3\xA4></\xC3\xA4>", xml_stream_parser::end_of_document},
@@ -106,17 +106,17 @@ INSTANTIATE_TEST_SUITE_P(
         {"slash_in_text", "<r><a>/x/</a></r>", xml_stream_parser::end_of_document},
         {"comments_anywhere", "<!--a--><r><!----><a><!-- - --></a><!--\n--></r>",
          xml_stream_parser::end_of_document},
-        {"behind_the_root_nothing_is_read", "<r></r><r><x y></wrong>", xml_stream_parser::end_of_document},
+        {"after_the_root_nothing_is_read", "<r></r><r><x y></wrong>", xml_stream_parser::end_of_document},
         {"include_closed_at_once", "<r><include/></r>", xml_stream_parser::end_of_document},
         {"include_within_a_record", "<r><a><include></include></a></r>", xml_stream_parser::end_of_document},
-        {"nothing_behind_the_header", "", xml_stream_parser::no_error},
-        {"blanks_behind_the_header", " \n ", xml_stream_parser::no_error},
+        {"nothing_after_the_header", "", xml_stream_parser::no_error},
+        {"blanks_after_the_header", " \n ", xml_stream_parser::no_error},
         {"ends_between_tokens", "<r><a/>", xml_stream_parser::no_error},
-        {"ends_in_front_of_a_bracket", "<r><a", xml_stream_parser::incomplete},
-        {"ends_behind_a_blank_in_a_tag", "<r><a ", xml_stream_parser::no_error},
-        {"ends_behind_a_slash", "<r><a/", xml_stream_parser::no_error},
+        {"ends_before_a_bracket", "<r><a", xml_stream_parser::incomplete},
+        {"ends_after_a_blank_in_a_tag", "<r><a ", xml_stream_parser::no_error},
+        {"ends_after_a_slash", "<r><a/", xml_stream_parser::no_error},
         {"ends_in_an_attribute_name", "<r><a x", xml_stream_parser::incomplete},
-        {"ends_behind_the_equals", "<r><a x=", xml_stream_parser::incomplete},
+        {"ends_after_the_equals", "<r><a x=", xml_stream_parser::incomplete},
         {"ends_in_a_value", "<r><a x='1", xml_stream_parser::incomplete},
         {"ends_in_an_empty_value", "<r><a x='", xml_stream_parser::incomplete},
         {"ends_in_an_entity", "<r><a x='&am", xml_stream_parser::incomplete},
@@ -129,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
         {"ends_with_a_comment", "<r><!-- x -->", xml_stream_parser::incomplete},
         {"ends_in_an_end_tag", "<r></", xml_stream_parser::incomplete},
         {"ends_in_the_end_tag_of_the_root", "<r></r", xml_stream_parser::incomplete},
-        {"ends_behind_the_name_of_the_root", "<r></r ", xml_stream_parser::no_error},
+        {"ends_after_the_name_of_the_root", "<r></r ", xml_stream_parser::no_error},
         {"end_tag_without_a_name", "<r></></r>", xml_stream_parser::incomplete},
         {"wrong_end_of_a_record", "<r><a></b></r>", xml_stream_parser::mismatched_tag},
         {"wrong_end_of_the_root", "<r></s>", xml_stream_parser::mismatched_tag},
@@ -138,7 +138,7 @@ INSTANTIATE_TEST_SUITE_P(
         {"include_in_place_of_an_open_level", "<include></include>", xml_stream_parser::mismatched_tag},
         {"attribute_twice", "<r><a x='1' x='2'/></r>", xml_stream_parser::duplicate_attribute},
         {"attribute_of_the_root_twice", "<r x='1' y='' x='2'></r>", xml_stream_parser::duplicate_attribute},
-        {"text_in_front_of_the_root", "text<r></r>", xml_stream_parser::unexpected_character},
+        {"text_before_the_root", "text<r></r>", xml_stream_parser::unexpected_character},
         {"text_in_the_root", "<r>text</r>", xml_stream_parser::unexpected_character},
         {"bracket_at_the_start_of_text", "<r><a>></a></r>", xml_stream_parser::unexpected_character},
         {"tag_in_a_tag", "<r><a <b/></a></r>", xml_stream_parser::unexpected_character},
@@ -216,7 +216,7 @@ TEST(xml_stream_parser, character_data_in_a_record_is_text_with_its_mark) {
   EXPECT_EQ(text.nodes()[1], "a #2<1 status 0 line 1 [![CDATA[x]]>]");
 }
 
-TEST(xml_stream_parser, words_behind_the_name_of_an_end_tag_are_text_of_the_element_around_it) {
+TEST(xml_stream_parser, words_after_the_name_of_an_end_tag_are_text_of_the_enclosing_element) {
   feed text("<r><a><b></b x></a></r>");
   EXPECT_EQ(text.nodes()[1], "a #2<1 status 0 line 1 [x>]");
 }
@@ -273,7 +273,7 @@ TEST(xml_stream_parser, lines_in_texts_and_values_and_the_header_do_not_count) {
   EXPECT_EQ(parser.line(), 1u);
 }
 
-TEST(xml_stream_parser, lines_in_front_of_the_header_count) {
+TEST(xml_stream_parser, lines_before_the_header_count) {
   xml_stream_file file("\n\n    <?xml version='1.0' encoding='UTF-8'?>\n<r></r>\n");
   xml_stream_parser parser(file.path(), 1);
   parser.parse();
@@ -328,7 +328,7 @@ TEST(xml_stream_parser, header_is_looked_for_at_the_start) {
            {"", xml_stream_parser::bad_header},
            {"<?XML?>", xml_stream_parser::bad_header},
            {"<!-- --><?xml?>", xml_stream_parser::bad_header},
-           // The header ends with the first question mark and whatever is behind it.
+           // The header ends with the first question mark and the byte after it.
            {"<?xml a='?'?>", xml_stream_parser::unexpected_character},
        }) {
     xml_stream_file file(std::string(text) + "<r>" + std::string(50, ' ') + "</r>");

@@ -1,5 +1,5 @@
-// The edge of the window, which never shows: documents are shifted so that it falls into each byte of each
-// construct, and must give the nodes that they give in one piece.
+// The edge of the window, which has no effect on the nodes: documents are shifted so that the edge is at each
+// byte of each construct, and must give the nodes that they give in one piece.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -24,13 +24,13 @@ using orva_test::xml_stream_file;
 constexpr std::size_t window = 0x10000;
 constexpr std::string_view header = "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>";
 
-/// What stands behind the header in the documents that are shifted.
+/// The text after the header in the documents that are shifted.
 constexpr std::string_view every_construct =
     "<!-- a - b\n c --><r a=\"1\" b_2='&lt;&#65;&#x4a;&quot;'\n\tc= \"'&quot;\"d='\">'>\n<include x=''/>\n"
     "<a x=\"1\"><b>text &gt;&amp;&apos;&nbsp; end\n </b><!----><b/>again</a >< a\n><\xC3\xA4 _=''/></ a\n>"
     "<s><a>1<b>2</b>3</a>4</s>\n</r\n  >";
 
-/// The last entry of a transcript tells the offset in the file, which the padding moves.
+/// The last entry of a transcript has the offset in the file, which the padding moves.
 transcript without_state(transcript seen) {
   seen.pop_back();
   return seen;
@@ -41,7 +41,7 @@ transcript nodes_of_reference(const std::string& document, unsigned depth) {
   return without_state(read_all(reference));
 }
 
-/// `size` bytes that stand for nothing.
+/// `size` bytes that the parser skips.
 std::string padding(std::size_t size, bool as_comment) {
   if (!as_comment || size < 8) return std::string(size, ' ');
   return "<!--" + std::string(size - 7, '.') + "-->";
@@ -89,8 +89,7 @@ TEST_P(xml_stream_parser_window, edge_in_each_byte_gives_the_errors_and_recoveri
   }
 }
 
-// Records of many lengths, so that the edges of many windows fall everywhere, with queues that fill and pause
-// on the way.
+// Records of many lengths, so that there are edges of windows everywhere, and queues that fill up and pause.
 TEST_P(xml_stream_parser_window, edges_within_many_records_give_the_nodes_of_one_piece) {
   std::string document = std::string(header) + "<r>";
   // At depth 0 all of it is one subtree, in which the reference searches for each node.
@@ -101,7 +100,7 @@ TEST_P(xml_stream_parser_window, edges_within_many_records_give_the_nodes_of_one
     if (GetParam() != 1 && i % 1000 == 999) document += "<s k='v'>before<x></x>after<x></x></s>";
   }
   document += "</r>";
-  // Only "x" and "s" may stand where levels are open deeper than 1.
+  // With more than one open level, only "x" and "s" may be closed by />.
   if (GetParam() > 1) {
     for (std::size_t at = 0; (at = document.find("/>", at)) != document.npos; at += 2)
       document.replace(at, 2, "></a>");
@@ -114,9 +113,9 @@ TEST_P(xml_stream_parser_window, edges_within_many_records_give_the_nodes_of_one
   for (std::size_t i = 0; i < seen.size(); ++i) ASSERT_EQ(seen[i], expected[i]) << i;
 }
 
-// Big records: a hundred nodes do not fit into one window, and the edge falls into the open levels' own tags
-// and text.
-TEST(xml_stream_parser_window, open_level_cut_with_a_full_queue_is_told_with_all_its_attributes) {
+// Large records: a hundred nodes do not fit into one window, and the edge is in the tags and the text of the
+// open levels.
+TEST(xml_stream_parser_window, open_level_cut_with_a_full_queue_is_delivered_with_all_its_attributes) {
   for (std::size_t shift = 0; shift < 160; ++shift) {
     std::string document = std::string(header) + "<r>";
     for (int i = 0; i < 99; ++i) document += "<a>" + std::string(600, 'x') + "</a>";
@@ -143,7 +142,7 @@ TEST(xml_stream_parser_window, header_after_more_blanks_than_one_window_holds_is
     xml_stream_file file(document);
     xml_stream_parser parser(file.path(), 1);
     const auto nodes = read_all(parser).size() - 1;
-    // Of the header six bytes must be there.
+    // At least six bytes of the header must be in the window.
     const bool begins_in_first_window = blanks + 6 <= window;
     ASSERT_EQ(parser.error(),
               begins_in_first_window ? xml_stream_parser::end_of_document : xml_stream_parser::bad_header)
@@ -174,17 +173,16 @@ TEST(xml_stream_parser_window, queue_of_a_hundred_nodes_that_end_at_its_edge_gro
 }
 
 TEST(xml_stream_parser_window, token_that_fills_it_is_parsed_and_a_longer_one_stays_incomplete) {
-  // What must be in the window at once is the opener, the filling and the closer, which shows that the token
-  // is over.
+  // The opener, the filling and the closer, which ends the token, must be in the window at once.
   struct token {
-    std::string before, opener, closer, behind;
+    std::string before, opener, closer, after;
   };
   const token tokens[] = {
       {"<a>", "", "<", "/a>"}, {"<a ", "x='", "'", "/>"}, {"<a ", "", "=''", "/>"}, {"", "<", " ", "/>"}};
-  for (const auto& [before, opener, closer, behind] : tokens) {
+  for (const auto& [before, opener, closer, after] : tokens) {
     for (const std::size_t length : {window - 1, window, window + 1, 2 * window}) {
       const std::string filling(length - opener.size() - closer.size(), 'x');
-      const std::string record = before + opener + filling + closer + behind;
+      const std::string record = before + opener + filling + closer + after;
       xml_stream_file file(std::string(header) + "<r>" + record + "</r>");
       xml_stream_parser parser(file.path(), 1);
       read_all(parser);

@@ -78,7 +78,7 @@ TEST(xml_token_stream, empty_element_gives_start_marker_and_end) {
   EXPECT_EQ(tokenize("<a  ></a >"), expected);
 }
 
-TEST(xml_token_stream, space_and_text_come_behind_the_marker) {
+TEST(xml_token_stream, space_and_text_come_after_the_marker) {
   EXPECT_EQ(tokenize("<a> b  </a>"), (tokens{
                                          token(token::element_start, "a"),
                                          token(token::start_tag_end),
@@ -96,7 +96,7 @@ TEST(xml_token_stream, space_and_text_come_behind_the_marker) {
                                                }));
 }
 
-TEST(xml_token_stream, comment_behind_a_start_tag_comes_before_its_marker) {
+TEST(xml_token_stream, comment_after_a_start_tag_comes_before_its_marker) {
   EXPECT_EQ(tokenize("<a b='1'><!--c--><!--d--><e/></a>"), (tokens{
                                                                token(token::element_start, "a"),
                                                                token(token::attribute_name, "b"),
@@ -123,7 +123,7 @@ TEST(xml_token_stream, comment_elsewhere_makes_no_marker) {
                                                           }));
 }
 
-TEST(xml_token_stream, attribute_of_an_end_tag_comes_behind_the_end) {
+TEST(xml_token_stream, attribute_of_an_end_tag_comes_after_the_end) {
   EXPECT_EQ(tokenize("<a></a b='1'>"), (tokens{
                                            token(token::element_start, "a"),
                                            token(token::start_tag_end),

@@ -1,5 +1,5 @@
-/// The event parser once more, slow and plain: one character at a time, a rule a line, nothing shared with
-/// the library. The library's parser is held against it.
+/// A second implementation of the event parser, slow and plain, that the library's is compared with. It reads
+/// one character at a time, with one line for each rule, and shares nothing with the library.
 #pragma once
 
 #include <cctype>
@@ -16,7 +16,7 @@ class reference_xml {
  public:
   using parse_error = ORVA_NAMESPACE::parser::xml_parser::parse_error;
 
-  /// Names that a failed parse left behind stay for the next one.
+  /// The names that a failed parse left open stay for the next one.
   xml_outcome parse(const std::string& text) {
     text_ = text;
     at_ = 0;

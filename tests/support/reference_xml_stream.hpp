@@ -176,7 +176,7 @@ class reference_xml_stream {
     return !start_tag_name() && read_ - mark_ < window_;
   }
 
-  /// None if it may go on behind the window.
+  /// None if it may go on after the window.
   std::optional<std::string> start_tag_name() const {
     std::size_t first = at_ + 1;
     while (first < read_ && white(text_[first])) ++first;
@@ -203,10 +203,10 @@ class reference_xml_stream {
       }
       std::size_t end = at_ + 5;
       while (end < read_ && text_[end] != '?' && text_[end] != '>') ++end;
-      const std::size_t behind = end + (end < read_ && text_[end] == '>' ? 1 : 2);
-      header_done_ = behind <= read_;
+      const std::size_t after = end + (end < read_ && text_[end] == '>' ? 1 : 2);
+      header_done_ = after <= read_;
       if (header_done_) {
-        at_ = behind;
+        at_ = after;
         white_space();
       }
       mark_ = at_;

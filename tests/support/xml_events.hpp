@@ -1,4 +1,4 @@
-/// What a parse of XML shows to the outside, in a form that tests can compare and print.
+/// What a parse of XML delivers, in a form that tests can compare and print.
 #pragma once
 
 #include <ostream>
@@ -11,7 +11,7 @@
 
 namespace orva_test {
 
-/// The events as they came, each as its kind and its text: `start a`, `attribute b=1`; then how the parse
+/// The events in their order, each as its kind and its text: `start a`, `attribute b=1`; then how the parse
 /// ended.
 struct xml_outcome {
   using error_type = ORVA_NAMESPACE::parser::xml_parser::parse_error::error_type;
@@ -20,7 +20,7 @@ struct xml_outcome {
   error_type type = ORVA_NAMESPACE::parser::xml_parser::parse_error::no_error;
   unsigned long line = 0;
   std::string data;
-  /// A character reference was out of range, and the parse left by an exception.
+  /// A character reference was out of range, and the parse threw.
   bool overflowed = false;
 
   friend bool operator==(const xml_outcome&, const xml_outcome&) = default;
@@ -32,7 +32,7 @@ struct xml_outcome {
   }
 };
 
-/// Records the events of a parser that it is connected to. It must stay where it is while it is connected.
+/// Records the events of a parser that it is connected to. It must not be moved while it is connected.
 class xml_recorder {
  public:
   using ustring8 = ORVA_NAMESPACE::strings::ustring8;

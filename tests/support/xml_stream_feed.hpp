@@ -10,7 +10,7 @@
 
 namespace orva_test {
 
-/// Long enough that whatever follows it is parsed.
+/// As long as the smallest file that is parsed.
 inline constexpr std::string_view xml_stream_header =
     "<?xml version='1.0' encoding='UTF-8' standalone='yes'?>";
 
@@ -19,7 +19,7 @@ struct xml_stream_feed {
   explicit xml_stream_feed(std::string_view text, unsigned open_depth = 1)
       : file(std::string(xml_stream_header).append(text)), parser(file.path(), open_depth) {}
 
-  /// What one parse and then nothing but pops give.
+  /// The nodes of one parse and of pops until the queue is empty.
   transcript nodes() {
     transcript seen;
     parser.parse();

@@ -21,8 +21,8 @@ class xml_stream_file {
 
   const std::string& path() const { return path_; }
 
-  /// Makes the contents the whole file. It stays open and is not emptied first, which some file systems
-  /// answer by writing to the disk at once: a test rewrites its file thousands of times.
+  /// Makes the contents the whole file. It stays open and is not emptied first: some file systems write a
+  /// file that was emptied to the disk at once, and a test rewrites its file thousands of times.
   void write(std::string_view contents) const {
     if (!stream_.is_open()) open();
     put(contents, 0);
@@ -39,7 +39,7 @@ class xml_stream_file {
     std::filesystem::remove(path_of(path_));
   }
 
-  /// A link stands in the file's place, and the file beside it. False where the system has no links.
+  /// Renames the file and puts a link to it in its place. False if the system has no links.
   bool swap_for_link() const {
     const std::string target = path_ + ".target";
     stream_.close();

@@ -1,5 +1,5 @@
-/// What a caller of a streaming parser gets to see, as text: the same calls made to the library's parser and
-/// to the plain one give two transcripts to compare.
+/// What a streaming parser returns to its caller, as text: the same calls to the library's parser and to the
+/// plain one give two transcripts to compare.
 #pragma once
 
 #include <cstddef>
@@ -34,7 +34,7 @@ std::string describe_state(const Parser& parser) {
 
 using transcript = std::vector<std::string>;
 
-/// Pops whatever can be popped.
+/// Pops all nodes that can be popped.
 template <typename Parser>
 void take_all(Parser& parser, transcript& seen) {
   while (!parser.node_queue_empty()) seen.push_back(describe_node(parser.node_queue_pop()));
@@ -65,7 +65,7 @@ transcript read_all_recovering(Parser& parser, const std::list<std::string>& tag
   return seen;
 }
 
-/// One call for each byte of the script; what it gives and the state behind it.
+/// Makes one call for each byte of the script, and records its result and the state after it.
 template <typename Parser>
 transcript run_script(Parser& parser, std::string_view script) {
   static const std::vector<std::list<std::string>> tag_lists = {{"a"},       {"b", "a"},  {"s"}, {"r"},

@@ -58,7 +58,7 @@ TEST(byte_block, every_byte_is_found_in_every_place) {
   }
 }
 
-TEST(byte_block, blanks_are_told_from_every_other_pair_in_every_place) {
+TEST(byte_block, blanks_are_distinguished_from_every_other_pair_in_every_place) {
   for (std::size_t at = 1; at < byte_block::size; ++at) {
     for (const char first : every_byte()) {
       for (const char second : every_byte()) {
@@ -75,7 +75,7 @@ TEST(byte_block, random_blocks_are_as_the_plain_loop_says) {
   orva_test::random_engine random;
   for (int run = 0; run < 100000; ++run) {
     std::string bytes(byte_block::size, '\0');
-    // Few different bytes, so that neighbours that are alike come up.
+    // Few different bytes, so that equal neighbours are frequent.
     for (auto& byte : bytes) byte = " \n!<&;=\x1F\x21\x80\xA0\xBC\xFFx"[random() % 15];
     ASSERT_NO_FATAL_FAILURE(expect_as_plainly(bytes, "<&'\"="));
   }
