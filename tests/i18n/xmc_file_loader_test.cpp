@@ -401,7 +401,8 @@ TEST(xmc_file_loader, running_out_of_tokens_is_unexpected) {
 TEST(xmc_file_loader, other_end_tag_in_a_message_is_told) {
   using token = open_loader::token;
   xml_token_stream tokens;
-  tokens.parse(xmc("<msg name='m'>x</msg>"));
+  ASSERT_EQ(tokens.parse(xmc("<msg name='m'>x</msg>")).type,
+            ORVA_NAMESPACE::parser::xml_parser::parse_error::no_error);
   auto it = std::find(tokens.begin(), tokens.end(), token(token::element_start, "msg"));
   *std::find(it, tokens.end(), token(token::element_end, "msg")) = token(token::element_end, "catalog");
   open_loader loader;
