@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <string_view>
 
 #include "orva/internal/paths/path_rules.hpp"
 #include "orva/strings/ustring.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -74,9 +74,7 @@ TEST(path_text, every_surrogate_pair_comes_back_as_one_code_point) {
 }
 
 TEST(path_text, random_16_bit_texts_come_back) {
-  const unsigned seed = 20261121;
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const unsigned int picks[] = {'a', '/', 0x7FF, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xFFFE};
   for (int run = 0; run < 50'000; ++run) {
     wide_string path;
@@ -112,9 +110,7 @@ TEST(nameable, agrees_with_the_way_there_and_back_at_the_bounds_of_each_byte) {
 }
 
 TEST(nameable, agrees_with_the_way_there_and_back_for_random_names) {
-  const unsigned seed = 20261122;
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const char* const picks[] = {
       "a",    "\xC3\xA4", "\xED\xA0\x80", "\xED\xB0\x80", "\xEF\xBF\xBE", "\xF0\x9F\x98\x80",
       "\x80", "\xE2\x82"};
