@@ -7,7 +7,7 @@
 namespace io = orva::system::io;
 using orva::strings::ustring8;
 
-// A file of a size that no string of the library can hold is the one failure that is thrown.
+// A file that is too large for a string is thrown, and not returned.
 int load(const char* path, ustring8& contents) {
   try {
     return orva::system::load_file(path, contents);
@@ -22,7 +22,7 @@ int main() {
   std::filesystem::remove_all("orva_files_guide");
   std::cout << std::boolalpha;
 
-  // Missing parents are made at the system's own separators.
+  // Missing parents are created at the separators of the system.
   const std::string old_logs = std::filesystem::path("orva_files_guide/logs/old").make_preferred().string();
   std::cout << "created: " << orva::system::create_directory(old_logs) << '\n';
   std::cout << "again: " << orva::system::create_directory(old_logs) << '\n';

@@ -21,7 +21,7 @@ void show(const char* what, const std::string& bytes, bool as_hex) {
   std::cout << '\n';
 }
 
-// Written for any form: the caller chooses.
+// Works with any form; the caller chooses it.
 void write_disk(serialize_buffer& out) {
   out.append_string("/home");
   out.append_uint32(1500);
@@ -35,7 +35,7 @@ void read_disk(serialize_buffer& in) {
 }
 
 int main() {
-  // The same calls on both forms, and the bytes that they make.
+  // The same calls on both forms, and their bytes.
   serialize_binary_buf binary;
   write_disk(binary);
   show("binary:", binary.as_str(), true);
@@ -46,7 +46,7 @@ int main() {
   show("text: ", text.as_str(), false);
   read_disk(text);
 
-  // Bytes that came from elsewhere; a buffer in a buffer, which belongs to its reader.
+  // Bytes that were received, with a buffer in them, which its reader owns.
   serialize_text_buf outer;
   outer.append_buffer(binary);
   serialize_text_buf received(outer.as_str());
@@ -54,11 +54,11 @@ int main() {
   serialize_binary_buf again(*inner);
   read_disk(again);
 
-  // A length that lies is cut at the end of the data.
+  // A length that is too large is cut at the end of the data.
   serialize_binary_buf cut(std::string("\x64\0\0\0abc", 7));
   std::cout << cut.read_string() << '\n';
 
-  // Values under labels, in groups. What was a number comes back as text that reads as one.
+  // Values under labels, and a group. The number becomes text, and converts back to a number.
   labeled_text_buffer settings;
   settings.add_value("theme", "dark");
   settings.create_group("window")->add_value("width", 800);
@@ -68,14 +68,14 @@ int main() {
   users.create_group("window")->add_value("height", 600);
   users.add_value("theme", "light");
 
-  // The user's settings over those of the program: what both have is replaced, all else stays.
+  // The user's settings replace those of the program, which keeps the others.
   labeled_text_buffer both(settings.as_str());
   both.overlay(users);
   auto* window = both.retrieve_group("window");
   std::cout << both.retrieve_value("theme").as_string() << ' ' << window->retrieve_value("width").as_int32()
             << 'x' << window->retrieve_value("height").as_int32() << '\n';
 
-  // A number of a record that another program wrote, most significant byte first.
+  // A number in a record of another program, with the most significant byte first.
   const std::string record("\x01\x02\x03\x04rest", 8);
   std::cout << generic::convert::big_endian::bin_str_to_uint32(record) << '\n';
 }

@@ -10,7 +10,7 @@ using date_time::milliseconds;
 using date_time::time_duration;
 using date_time::timer;
 
-// There is no text in these classes: a program writes dates as its users read them.
+// The classes have no text: a program writes dates as its users expect them.
 std::ostream& operator<<(std::ostream& stream, const date_time::date& d) {
   return stream << d.day() << '.' << d.month() << '.' << d.year();
 }

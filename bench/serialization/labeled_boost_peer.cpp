@@ -1,4 +1,4 @@
-/// The same content as nested maps through Boost.Serialization's text archive.
+/// The same content as nested maps in the text archive of Boost.Serialization.
 #include <benchmark/benchmark.h>
 
 #include <boost/archive/text_iarchive.hpp>

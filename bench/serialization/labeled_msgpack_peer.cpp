@@ -1,4 +1,4 @@
-/// The same content as nested maps through MessagePack.
+/// The same content as nested maps in MessagePack.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-/// A labeled buffer of a thousand values on three levels.
+/// Measures a labeled buffer with a thousand values on three levels.
 #include "orva/serialization/labeled_text_buffer.hpp"
 
 #include <benchmark/benchmark.h>

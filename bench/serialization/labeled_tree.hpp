@@ -1,4 +1,4 @@
-/// What the labeled buffer is measured on: a thousand values on three levels.
+/// The content for the labeled benchmarks: a thousand values on three levels.
 #pragma once
 
 #include <map>

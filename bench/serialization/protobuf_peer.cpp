@@ -1,5 +1,4 @@
-/// Protocol Buffers: messages that are filled before the clock runs, and parsed into one message that is used
-/// again.
+/// Protocol Buffers. Messages are filled before the measurement, and parsed into one message that is reused.
 #include <benchmark/benchmark.h>
 #include <google/protobuf/io/coded_stream.h>
 #include <google/protobuf/io/zero_copy_stream_impl_lite.h>

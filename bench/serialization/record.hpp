@@ -1,8 +1,7 @@
-/// The record that every way of writing and reading is measured on: four integers, two doubles, three
-/// strings.
+/// The record for the serialization benchmarks: four integers, two doubles, three strings.
 ///
-/// A stream holds a hundred of them: what an archive costs to set up does not weigh, and neither does how the
-/// heap gets large blocks from the system. Times are for a hundred.
+/// A stream holds a hundred of them, so that the setup of an archive and large allocations hardly matter.
+/// Times are for a hundred records.
 #pragma once
 
 #include <cstdint>

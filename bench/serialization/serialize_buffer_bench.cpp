@@ -1,5 +1,5 @@
-/// The binary and the text form: beside a hand-written append and memcpy of the same bytes, and, in the files
-/// beside this one, beside what a user would take instead.
+/// Measures the binary and the text form, and a hand-written append and memcpy of the same bytes. The other
+/// files of this folder measure what a user would use instead.
 #include <benchmark/benchmark.h>
 
 #include <cstdint>
@@ -17,8 +17,7 @@ using namespace ORVA_NAMESPACE::serialization;
 using orva_bench::record;
 using orva_bench::sample_records;
 
-// Written for any buffer. The compiler sees the class where the benchmark names it, and calls through the
-// table of virtual functions where it does not.
+// For any buffer. If the benchmark names the class, the compiler knows it; otherwise calls are virtual.
 
 template <typename Buffer>
 void write(Buffer& buffer, const record& each) {

@@ -1,4 +1,4 @@
-// File services beside the plain system calls and the standard library doing the same job.
+// Measures the file services, and the same work by system calls and by the standard library.
 #include "orva/system/file_utility.hpp"
 
 #include <benchmark/benchmark.h>
@@ -110,7 +110,7 @@ void walk_40000_files_orva(benchmark::State& state) {
 }
 BENCHMARK(walk_40000_files_orva)->Unit(benchmark::kMillisecond);
 
-/// One stat of the whole path an entry, nothing sorted.
+/// One stat of the full path for each entry, without sorting.
 void walk_with_readdir(const std::string& directory, std::vector<std::string>& files) {
   DIR* const search = opendir(directory.c_str());
   if (search == nullptr) return;

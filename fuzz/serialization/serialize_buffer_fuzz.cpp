@@ -1,6 +1,6 @@
-/// Any bytes as the data of a buffer, read by any operations, in both forms, against the plain readers; and
-/// any values appended and taken back. The first byte is the number of operations, which follow; the rest is
-/// the data.
+/// Reads any bytes as the data of both forms by any operations, compared with the plain readers. Then appends
+/// any values and reads them back. The first byte is the number of operations, which follow; the rest is
+/// data.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -29,7 +29,7 @@ void require(bool condition) {
 std::optional<std::string> nested(const serialize_buffer& buffer) {
   const rc_pointer<serialize_buffer> inner(buffer.read_buffer());
   if (!inner) return std::nullopt;
-  // Reading goes on inside, whatever stands there.
+  // Reads in the nested buffer, whatever it contains.
   inner->read_string();
   inner->read_double();
   const rc_pointer<serialize_buffer> innermost(inner->read_buffer());
@@ -81,7 +81,7 @@ void read_binary(const std::string& operations, const std::string& data) {
   }
 }
 
-/// What a read gives, or what it throws.
+/// The result of a read, or the message of its exception.
 template <typename Read>
 std::string outcome(Read read) {
   try {
@@ -129,7 +129,7 @@ void read_text(const std::string& operations, const std::string& data) {
   }
 }
 
-/// Appends pieces of the data by the operations, and takes them back in the same order.
+/// Appends pieces of the data by the operations, and reads them back in the same order.
 template <typename Buffer>
 void write_and_read(const std::string& operations, const std::string& data) {
   Buffer buffer;

@@ -1,4 +1,4 @@
-// What holds for a labeled buffer of any class, and what passes between classes.
+// Properties of labeled buffers of any class, and assignment between classes.
 #include "orva/serialization/labeled_serialize_buffer.hpp"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::serialization;
 using memory::pointers::rc_pointer;
 
-/// The least that a class can be: it holds a flat form and knows no label.
+/// A minimal class: it holds a flat form and has no labels.
 class opaque_buffer final : public labeled_serialize_buffer {
  public:
   explicit opaque_buffer(std::string text = {}) : text_(std::move(text)) {}
@@ -78,7 +78,7 @@ TEST(labeled_serialize_buffer, operators_of_the_base_assign) {
   labeled_serialize_buffer& base = target;
   EXPECT_EQ(&(base = source), &base);
   EXPECT_EQ(target.retrieve_value("a").as_int32(), 5);
-  EXPECT_TRUE(target.retrieve_value("a").type() == typeid(std::string)) << "by way of the flat form";
+  EXPECT_TRUE(target.retrieve_value("a").type() == typeid(std::string)) << "assigned by the flat form";
   EXPECT_FALSE(target.has_label("old"));
   base = std::string(
       "1\x01"
@@ -111,7 +111,7 @@ TEST(labeled_serialize_buffer, group_assigned_by_its_flat_form_to_the_buffer_tha
   EXPECT_EQ(buffer.retrieve_value("x").as_int32(), 5);
 }
 
-TEST(labeled_serialize_buffer, create_and_clone_serve_counted_pointers) {
+TEST(labeled_serialize_buffer, create_and_clone_return_objects_for_counted_pointers) {
   labeled_text_buffer text;
   text.add_value("a", 5);
   text.create_group("g")->add_value("x", 6);

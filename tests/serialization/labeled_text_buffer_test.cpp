@@ -347,7 +347,7 @@ TEST(labeled_text_buffer, empty_label_ends_the_reading) {
   EXPECT_FALSE(labeled.has_label("b"));
 }
 
-TEST(labeled_text_buffer, stored_empty_label_hides_the_flat_form_behind_it) {
+TEST(labeled_text_buffer, stored_empty_label_hides_the_labels_after_it) {
   buffer labeled;
   labeled.add_value(" \n", 1);
   labeled.add_value("a", 2);

@@ -1,4 +1,4 @@
-// The bytes of each form as they lie in files: whatever changes in the library, these are read and written.
+// The bytes of each form, as they are in files. Every version of the library reads and writes these.
 #include <gtest/gtest.h>
 
 #include <cstdint>
@@ -24,9 +24,9 @@ using orva_test::to_hex;
 
 std::string golden_file(const std::string& name) { return ORVA_GOLDEN_FOLDER "/" + name + ".txt"; }
 
-/// An item as a golden file tells it: "int16 4660", "double 2.5 3", "string 61 62".
-struct told_item {
-  explicit told_item(const std::string& text) {
+/// An item as a golden file writes it: "int16 4660", "double 2.5 3", "string 61 62".
+struct golden_item {
+  explicit golden_item(const std::string& text) {
     std::istringstream stream(text);
     stream >> type;
     std::getline(stream >> std::ws, value);
@@ -52,7 +52,7 @@ struct told_item {
   std::string value;
 };
 
-void append(serialize_buffer& buffer, const told_item& item) {
+void append(serialize_buffer& buffer, const golden_item& item) {
   if (item.type == "int8") return buffer.append_int8(static_cast<signed char>(item.number<int>()));
   if (item.type == "int16") return buffer.append_int16(item.number<short>());
   if (item.type == "int32") return buffer.append_int32(item.number<ORVA_NAMESPACE::types::int32>());
@@ -74,25 +74,25 @@ std::string nested_bytes(const serialize_buffer& buffer) {
 }
 
 template <typename Value>
-std::string told(const Value& value, std::streamsize precision = 6) {
+std::string shown(const Value& value, std::streamsize precision = 6) {
   std::ostringstream stream;
   stream.precision(precision);
   stream << value;
   return stream.str();
 }
 
-/// Reads an item as the text in which a golden file tells it.
+/// Reads an item, and returns it as a golden file writes it.
 std::string read(serialize_buffer& buffer, const std::string& type) {
-  if (type == "int8") return told(int{buffer.read_int8()});
-  if (type == "int16") return told(buffer.read_int16());
-  if (type == "int32") return told(buffer.read_int32());
-  if (type == "int64") return told(buffer.read_int64());
-  if (type == "uint8") return told(int{buffer.read_uint8()});
-  if (type == "uint16") return told(buffer.read_uint16());
-  if (type == "uint32") return told(buffer.read_uint32());
-  if (type == "uint64") return told(buffer.read_uint64());
-  if (type == "float") return told(buffer.read_float());
-  if (type == "double") return told(buffer.read_double(), 9);
+  if (type == "int8") return shown(int{buffer.read_int8()});
+  if (type == "int16") return shown(buffer.read_int16());
+  if (type == "int32") return shown(buffer.read_int32());
+  if (type == "int64") return shown(buffer.read_int64());
+  if (type == "uint8") return shown(int{buffer.read_uint8()});
+  if (type == "uint16") return shown(buffer.read_uint16());
+  if (type == "uint32") return shown(buffer.read_uint32());
+  if (type == "uint64") return shown(buffer.read_uint64());
+  if (type == "float") return shown(buffer.read_float());
+  if (type == "double") return shown(buffer.read_double(), 9);
   if (type == "string") return to_hex(buffer.read_string());
   return nested_bytes(buffer);
 }
@@ -104,7 +104,7 @@ void expect_golden(const std::string& name) {
   std::string bytes;
   for (const auto& line : lines) {
     ASSERT_EQ(line.size(), 3U) << line[0];
-    const told_item item(line[0]);
+    const golden_item item(line[0]);
     Buffer written;
     append(written, item);
     EXPECT_EQ(to_hex(written.as_str()), line[1]) << line[0];
@@ -114,8 +114,8 @@ void expect_golden(const std::string& name) {
     append(all, item);
     bytes += from_hex(line[1]);
   }
-  EXPECT_EQ(all.as_str(), bytes) << "items stand one behind the other";
-  for (const auto& line : lines) EXPECT_EQ(read(all, told_item(line[0]).type), line[2]) << line[0];
+  EXPECT_EQ(all.as_str(), bytes) << "items follow each other";
+  for (const auto& line : lines) EXPECT_EQ(read(all, golden_item(line[0]).type), line[2]) << line[0];
   EXPECT_TRUE(all.at_end());
 }
 

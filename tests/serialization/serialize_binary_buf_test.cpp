@@ -5,11 +5,11 @@
 #include <bit>
 #include <cstdint>
 #include <limits>
-#include <random>
 #include <string>
 
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "tests/support/hex.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_serialization.hpp"
 #include "tests/support/returned_bits.hpp"
 
@@ -56,14 +56,13 @@ TEST(serialize_binary_buf, read_buffer_of_an_empty_buffer_is_null) {
   EXPECT_EQ(serialize_binary_buf().read_buffer(), nullptr);
 }
 
-/// Reads numbers of each type that is `width` bytes wide.
+/// Reads a number of each type of `width` bytes.
 void expect_missing_bytes_are_zero(const std::string& bytes, std::size_t width) {
   std::uint64_t bits = 0;
   for (std::size_t i = 0; i < bytes.size(); ++i) {
     bits |= std::uint64_t{static_cast<unsigned char>(bytes[i])} << (8 * i);
   }
   const auto read = [&](auto reader) {
-    // Sixteen bytes as data, so that a read behind the end is one inside an allocation of its own.
     const serialize_binary_buf buffer(std::string(bytes.begin(), bytes.end()));
     const auto value = reader(buffer);
     EXPECT_TRUE(buffer.at_end()) << bytes.size() << " of " << width;
@@ -85,7 +84,7 @@ void expect_missing_bytes_are_zero(const std::string& bytes, std::size_t width) 
   }
 }
 
-TEST(serialize_binary_buf, number_that_the_data_ends_in_takes_zero_for_what_is_missing) {
+TEST(serialize_binary_buf, number_cut_by_the_end_of_the_data_has_zeros_for_missing_bytes) {
   const std::string bytes = from_hex("F1 F2 F3 F4 F5 F6 F7 F8");
   for (const std::size_t width : {2U, 4U, 8U}) {
     for (std::size_t size = 1; size < width; ++size)
@@ -93,7 +92,7 @@ TEST(serialize_binary_buf, number_that_the_data_ends_in_takes_zero_for_what_is_m
   }
 }
 
-TEST(serialize_binary_buf, number_that_the_data_ends_in_leaves_nothing_to_read) {
+TEST(serialize_binary_buf, number_cut_by_the_end_of_the_data_leaves_the_end) {
   const serialize_binary_buf buffer(from_hex("07 00 00 00 09"));
   EXPECT_EQ(buffer.read_int32(), 7);
   EXPECT_EQ(buffer.read_int32(), 9);
@@ -138,7 +137,7 @@ TEST(serialize_binary_buf, empty_buffer_at_the_very_end_is_null_and_anywhere_els
   EXPECT_EQ(buffer.read_buffer(), nullptr);
 }
 
-TEST(serialize_binary_buf, length_without_bytes_leaves_the_position_behind_it) {
+TEST(serialize_binary_buf, length_without_bytes_leaves_the_position_after_it) {
   serialize_binary_buf buffer(from_hex("05 00 00 00"));
   EXPECT_EQ(buffer.read_string(), "");
   EXPECT_TRUE(buffer.at_end());
@@ -146,7 +145,7 @@ TEST(serialize_binary_buf, length_without_bytes_leaves_the_position_behind_it) {
   EXPECT_EQ(buffer.read_int8(), 3);
 }
 
-TEST(serialize_binary_buf, length_that_the_data_ends_in_reads_as_nothing) {
+TEST(serialize_binary_buf, length_cut_by_the_end_of_the_data_reads_as_nothing) {
   for (const char* bytes : {"01", "01 02", "01 02 03"}) {
     serialize_binary_buf buffer(from_hex(bytes));
     EXPECT_EQ(buffer.read_string(), "");
@@ -173,10 +172,8 @@ TEST(serialize_binary_buf, appended_while_at_the_end_is_read_next) {
   EXPECT_EQ(buffer.read_int32(), 5);
 }
 
-TEST(serialize_binary_buf, any_reads_of_any_bytes_are_as_the_reference_says) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+TEST(serialize_binary_buf, any_reads_of_any_bytes_agree_with_the_reference) {
+  orva_test::random_engine random;
   for (int run = 0; run < 20000; ++run) {
     std::string data(random() % 24, '\0');
     for (char& byte : data) byte = static_cast<char>(random() % 4 == 0 ? random() : random() % 3);

@@ -1,4 +1,4 @@
-// What holds for both forms, seen through the class they share.
+// Properties of both forms, tested through their base class.
 #include "orva/serialization/serialize_buffer.hpp"
 
 #include <gtest/gtest.h>
@@ -7,7 +7,6 @@
 #include <cstdint>
 #include <cstring>
 #include <limits>
-#include <random>
 #include <string>
 #include <type_traits>
 #include <variant>
@@ -16,6 +15,7 @@
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"
 #include "orva/serialization/serialize_text_buf.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -25,7 +25,7 @@ using memory::pointers::rc_pointer;
 using types::int32;
 using types::uint32;
 
-/// Bytes, to tell a nested buffer from a string.
+/// The bytes of a nested buffer, as a type of its own.
 struct nested {
   std::string bytes;
   bool operator==(const nested& other) const { return bytes == other.bytes; }
@@ -50,7 +50,7 @@ struct append_to {
   void operator()(const nested& other) const { buffer.append_buffer(serialize_binary_buf(other.bytes)); }
 };
 
-/// Reads a value of the type of the one given.
+/// Reads a value of the type of its argument.
 struct read_from {
   serialize_buffer& buffer;
 
@@ -71,11 +71,9 @@ struct read_from {
   }
 };
 
-/// Values of every type, limits as often as anything between.
+/// Random values of every type; half of the integers are limits.
 class value_source {
  public:
-  explicit value_source(unsigned int seed) : random_(seed) {}
-
   value next() { return make(below(std::variant_size_v<value>)); }
   bool flip() { return random_() % 2 == 0; }
 
@@ -100,7 +98,7 @@ class value_source {
       const auto bits = static_cast<Bits>(random_());
       Floating number;
       std::memcpy(&number, &bits, sizeof number);
-      // A text form has no bits of NaN, and a stream reads the smallest numbers as none.
+      // The text form does not keep the bits of NaN, and reads the smallest numbers as 0.
       if (std::isnormal(number)) return number;
     }
   }
@@ -140,7 +138,7 @@ class value_source {
     }
   }
 
-  std::mt19937_64 random_;
+  orva_test::random_engine random_;
 };
 
 template <typename Buffer>
@@ -170,9 +168,8 @@ TYPED_TEST(serialize_buffer_forms, empty_buffer_reads_as_zeros) {
 }
 
 TYPED_TEST(serialize_buffer_forms, what_is_written_is_read_in_every_interleaving) {
-  for (unsigned int seed = 0; seed < 300; ++seed) {
-    SCOPED_TRACE(seed);
-    value_source source(seed);
+  value_source source;
+  for (int run = 0; run < 300; ++run) {
     TypeParam buffer;
     std::vector<value> written;
     std::size_t read = 0;
@@ -190,7 +187,7 @@ TYPED_TEST(serialize_buffer_forms, what_is_written_is_read_in_every_interleaving
 }
 
 TYPED_TEST(serialize_buffer_forms, reset_reads_the_same_values_again) {
-  value_source source(20261121);
+  value_source source;
   std::vector<value> written;
   for (int i = 0; i < 100; ++i) std::visit(append_to{this->shared}, written.emplace_back(source.next()));
   for (int round = 0; round < 3; ++round) {
@@ -265,7 +262,7 @@ TYPED_TEST(serialize_buffer_forms, empty_nested_buffer_in_the_middle_is_an_empty
   EXPECT_EQ(this->shared.read_int8(), 1);
 }
 
-TYPED_TEST(serialize_buffer_forms, nested_buffer_is_of_the_same_class_and_its_callers) {
+TYPED_TEST(serialize_buffer_forms, nested_buffer_has_the_same_class_and_belongs_to_the_caller) {
   this->shared.append_buffer(TypeParam("x"));
   this->shared.append_int8(0);
   const rc_pointer<serialize_buffer> inner(this->shared.read_buffer());
@@ -281,7 +278,7 @@ TYPED_TEST(serialize_buffer_forms, create_gives_an_empty_buffer_of_the_class) {
   EXPECT_EQ(made->as_str(), "");
 }
 
-TYPED_TEST(serialize_buffer_forms, clone_goes_on_where_its_source_stands) {
+TYPED_TEST(serialize_buffer_forms, clone_continues_at_the_position_of_its_source) {
   this->shared.append_int32(1);
   this->shared.append_int32(2);
   this->shared.read_int32();
@@ -293,7 +290,7 @@ TYPED_TEST(serialize_buffer_forms, clone_goes_on_where_its_source_stands) {
   EXPECT_EQ(this->shared.read_int32(), 2);
 }
 
-TYPED_TEST(serialize_buffer_forms, copies_take_the_position_over) {
+TYPED_TEST(serialize_buffer_forms, copies_have_the_position_too) {
   this->form.append_int8(1);
   this->form.append_int8(2);
   this->form.read_int8();
@@ -315,7 +312,7 @@ TYPED_TEST(serialize_buffer_forms, assignment_copies_neither_count_nor_mark) {
   EXPECT_FALSE(local.is_created_dynamic());
 }
 
-TYPED_TEST(serialize_buffer_forms, buffer_made_of_another_or_of_bytes_begins_at_the_first) {
+TYPED_TEST(serialize_buffer_forms, buffer_made_from_another_or_from_bytes_starts_at_the_first) {
   this->form.append_int8(1);
   this->form.append_int8(2);
   this->form.read_int8();
@@ -357,7 +354,7 @@ TYPED_TEST(serialize_buffer_forms, new_data_may_be_at_its_end_at_once) {
   EXPECT_FALSE(this->shared.at_end());
 }
 
-TYPED_TEST(serialize_buffer_forms, last_counted_pointer_ends_what_read_buffer_made) {
+TYPED_TEST(serialize_buffer_forms, last_counted_pointer_destroys_a_buffer_that_was_read) {
   this->shared.append_buffer(TypeParam("nested"));
   this->shared.append_int8(0);
   rc_pointer<serialize_buffer> first(this->shared.read_buffer());

@@ -7,12 +7,12 @@
 #include <cstring>
 #include <limits>
 #include <locale>
-#include <random>
 #include <sstream>
 #include <stdexcept>
 #include <string>
 
 #include "orva/memory/pointers/rc_pointer.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_serialization.hpp"
 #include "tests/support/sign_of_nan.hpp"
 
@@ -73,7 +73,7 @@ TEST(serialize_text_buf, numbers_come_back_and_then_the_end) {
   EXPECT_TRUE(buffer.at_end());
 }
 
-TEST(serialize_text_buf, empty_string_ends_behind_its_second_separator) {
+TEST(serialize_text_buf, empty_string_ends_after_its_second_separator) {
   serialize_text_buf buffer;
   buffer.append_string("");
   buffer.append_int8(7);
@@ -119,7 +119,7 @@ TEST(serialize_text_buf, buffer_past_the_last_item_is_empty_and_rewinds) {
   EXPECT_EQ(buffer.read_int32(), 1) << "the first item again";
 }
 
-TEST(serialize_text_buf, string_and_buffer_behind_the_mark_are_empty_and_leave_it) {
+TEST(serialize_text_buf, string_and_buffer_at_the_mark_are_empty_and_leave_it) {
   serialize_text_buf buffer = buffer_of("1~");
   buffer.read_int32();
   buffer.read_int32();
@@ -173,7 +173,7 @@ TEST(serialize_text_buf, length_that_overstates_is_cut_and_the_next_number_throw
   EXPECT_EQ(buffer.read_string(), "") << "the mark";
 }
 
-TEST(serialize_text_buf, cut_closing_separator_leaves_the_position_behind_the_data) {
+TEST(serialize_text_buf, missing_closing_separator_leaves_the_position_past_the_data) {
   serialize_text_buf buffer = buffer_of("3~abc");
   EXPECT_EQ(buffer.read_string(), "abc");
   expect_invalid_position([&] { buffer.read_double(); });
@@ -190,7 +190,7 @@ TEST(serialize_text_buf, negative_length_leads_back_and_reads_to_the_end) {
   EXPECT_EQ(to_the_mark.read_int32(), 0);
 }
 
-TEST(serialize_text_buf, position_behind_new_data_makes_the_next_number_throw) {
+TEST(serialize_text_buf, position_past_new_data_makes_the_next_number_throw) {
   serialize_text_buf buffer;
   buffer.append_string("0123456789");
   buffer.read_string();
@@ -201,7 +201,7 @@ TEST(serialize_text_buf, position_behind_new_data_makes_the_next_number_throw) {
   EXPECT_EQ(buffer.read_int32(), 1);
 }
 
-TEST(serialize_text_buf, every_number_reader_throws_behind_the_data) {
+TEST(serialize_text_buf, every_number_reader_throws_past_the_data) {
   const auto expect = [](auto read) {
     serialize_text_buf buffer = buffer_of("9~abc");
     buffer.read_string();
@@ -354,7 +354,7 @@ TEST(serialize_text_buf, floating_values_are_written_as_by_a_stream) {
                              limits::quiet_NaN(),
                              -limits::quiet_NaN(),
                              5e-324}) {
-    // A float does not hold them all, and conversion must stay defined.
+    // A `float` does not hold them all, and the conversion must be defined.
     if (std::isfinite(value) && std::abs(value) > std::numeric_limits<float>::max()) {
       for (const std::uint32_t precision : {0U, 1U, 6U, 17U, 50U, 400U, 1000U, 100000U}) {
         ASSERT_EQ(text_of([&](auto& buffer) { buffer.append_double(value, precision); }),
@@ -370,9 +370,7 @@ TEST(serialize_text_buf, floating_values_are_written_as_by_a_stream) {
 }
 
 TEST(serialize_text_buf, random_floating_values_are_written_as_by_a_stream) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for (int run = 0; run < 30000; ++run) {
     const std::uint64_t bits = random();
     double value;
@@ -385,7 +383,7 @@ TEST(serialize_text_buf, random_floating_values_are_written_as_by_a_stream) {
   }
 }
 
-TEST(serialize_text_buf, precision_of_any_size_shows_no_more_than_the_value_has) {
+TEST(serialize_text_buf, precision_of_any_size_shows_only_the_digits_of_the_value) {
   EXPECT_EQ(text_of([](auto& buffer) { buffer.append_double(0.5, 4294967295U); }), "0.5~");
   EXPECT_EQ(text_of([](auto& buffer) { buffer.append_float(1.25F, 2147483648U); }), "1.25~");
   EXPECT_EQ(text_of([](auto& buffer) { buffer.append_double(0.1, 4294967295U); }),
@@ -416,14 +414,12 @@ TEST(serialize_text_buf, floating_values_follow_the_global_locale) {
   const std::string text = shown(buffer.as_str());
   const double number = buffer.read_double();
   std::locale::global(before);
-  EXPECT_EQ(text, "1.234.567,5~0,5~1234567~") << "integers know no locale";
+  EXPECT_EQ(text, "1.234.567,5~0,5~1234567~") << "integers do not use the locale";
   EXPECT_EQ(number, 1234567.5);
 }
 
-TEST(serialize_text_buf, any_reads_of_any_text_are_as_the_reference_says) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+TEST(serialize_text_buf, any_reads_of_any_text_agree_with_the_reference) {
+  orva_test::random_engine random;
   constexpr std::string_view units =
       "\x01\x01\x01"
       "0123-x a9";

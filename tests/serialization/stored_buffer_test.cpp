@@ -18,7 +18,7 @@ using namespace ORVA_NAMESPACE::serialization;
 static_assert(stored_buffer::past_end == 4294967295U);
 static_assert(stored_buffer::max_size == (sizeof(void*) == 4 ? 0x7FFFFFFFU : 4294967294U));
 
-/// Opens what the forms build on.
+/// Makes the protected members public.
 struct open_buffer : serialize_text_buf {
   using stored_buffer::append;
   using stored_buffer::position;
@@ -81,7 +81,7 @@ TYPED_TEST(stored_buffer_forms, moved_from_buffer_is_empty_at_its_beginning) {
   EXPECT_EQ(source.read_string(), std::string(100, 'x'));
 }
 
-// The lengths are never looked behind: what does not fit is refused first.
+// These views are longer than their text; data that does not fit is refused before it is read.
 TEST(stored_buffer, data_beyond_the_mark_is_refused_and_the_data_stays) {
   const std::string abc = "abc";
   for (const std::size_t length : {stored_buffer::max_size - 2, stored_buffer::max_size,
@@ -94,7 +94,7 @@ TEST(stored_buffer, data_beyond_the_mark_is_refused_and_the_data_stays) {
   }
 }
 
-TEST(stored_buffer, items_around_the_length_put_together_at_once_are_whole) {
+TEST(stored_buffer, three_pieces_appended_at_once_are_whole) {
   for (std::size_t length = 0; length < 300; ++length) {
     open_buffer buffer;
     const std::string bytes(length, 'b');

@@ -1,4 +1,4 @@
-/// Directory entries that not every system can make. A test that needs one is skipped there, with one of
+/// Directory entries that not every system supports. A test that needs them is skipped elsewhere, with one of
 /// these reasons.
 #pragma once
 
@@ -10,16 +10,16 @@
 
 namespace orva_test {
 
-inline constexpr const char* no_links = "no symbolic links can be made here";
+inline constexpr const char* no_links = "this system or user cannot create symbolic links";
 
-/// Makes a symbolic link, and returns whether it exists. Some systems have no links, or not for every user.
+/// Creates a symbolic link, and returns whether it exists.
 inline bool make_link(std::string_view target, std::string_view link) {
   std::error_code failure;
   std::filesystem::create_symlink(path_of(target), path_of(link), failure);
   return !failure && std::filesystem::is_symlink(path_of(link), failure);
 }
 
-inline constexpr const char* always_readable = "every file and directory has the owner's read bit here";
+inline constexpr const char* always_readable = "on this system every file has the owner's read bit";
 
 /// Sets the mode bits of an entry, and returns whether it has them now.
 inline bool set_mode(std::string_view path, unsigned mode) {

@@ -1,4 +1,4 @@
-/// The lines of a golden file, each split into columns at the bars. Lines that begin with # are comments.
+/// Reads the lines of a golden file, split into columns at the bars. Lines that begin with # are comments.
 #pragma once
 
 #include <fstream>

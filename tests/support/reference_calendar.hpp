@@ -1,6 +1,6 @@
-/// The calendar by plain steps: pairs of months from March on, and one division for each length of cycle.
+/// The calendar in plain steps: pairs of months from March on, and one division for each length of cycle.
 ///
-/// Slow on purpose, and defined for every value of 32 bits. What moves dates is held against it.
+/// Slow on purpose, and defined for every value of 32 bits. Moves of dates are compared with it.
 #pragma once
 
 namespace orva_test {
@@ -11,7 +11,7 @@ struct reference_day {
   unsigned int day;
 };
 
-/// Of a pair of months, the first one's length. July and August have 31 days both.
+/// The length of the first month of a pair. July and August both have 31 days.
 inline unsigned int first_of_pair(unsigned int pair) { return pair == 3 || pair == 4 ? 30 : 31; }
 
 inline unsigned int reference_day_number(reference_day date) {
@@ -36,7 +36,7 @@ inline reference_day reference_day_of_number(unsigned int number) {
   rest %= 36524;
   const unsigned int by_4 = rest / 1461;
   rest %= 1461;
-  // Four of the last day of a leap year's cycle, which is how February 29 becomes the day after.
+  // This is 4 on the last day of a leap year, so that February 29 becomes the day after it.
   const unsigned int by_1 = rest / 365;
   rest -= by_1 * 365;
   const unsigned int counted = rest + 1;

@@ -27,7 +27,7 @@ class temporary_directory {
       path_ = std::filesystem::temp_directory_path() / name;
       if (std::filesystem::create_directory(path_)) return;
     }
-    throw std::runtime_error("no temporary directory could be made");
+    throw std::runtime_error("no temporary directory could be created");
   }
   temporary_directory(const temporary_directory&) = delete;
   temporary_directory& operator=(const temporary_directory&) = delete;
@@ -45,13 +45,13 @@ class temporary_directory {
   /// The path of an entry of the directory, which need not exist: `file("logs/a.txt")`.
   std::string file(std::string_view relative) const { return text_of(path_ / path_of(relative)); }
 
-  /// Makes a directory and its missing parents, and returns its path.
+  /// Creates a directory and its missing parents, and returns its path.
   std::string make_directory(std::string_view relative) const {
     std::filesystem::create_directories(path_ / path_of(relative));
     return file(relative);
   }
 
-  /// Writes a file, makes its missing parents, and returns its path.
+  /// Writes a file, creates its missing parents, and returns its path.
   std::string write(std::string_view relative, std::string_view contents) const {
     const auto target = path_ / path_of(relative);
     std::filesystem::create_directories(target.parent_path());

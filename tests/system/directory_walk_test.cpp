@@ -5,7 +5,6 @@
 #include <filesystem>
 #include <iterator>
 #include <map>
-#include <random>
 #include <string>
 
 #include "orva/strings/ustring_for.hpp"
@@ -13,6 +12,7 @@
 #include "orva/system/io.hpp"
 #include "tests/support/entries.hpp"
 #include "tests/support/native_path.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/temporary_directory.hpp"
 #include "tests/support/wide_text.hpp"
 #include "tests/support/working_directory.hpp"
@@ -112,7 +112,7 @@ TEST(list_directory, relative_wide_path_that_begins_with_the_swapped_mark_return
   EXPECT_EQ(files_below(path), (paths16{native(path + utf16(u"/file"))}));
 }
 
-TEST(list_directory, utf32_tells_true_code_points_which_do_not_open_above_the_basic_plane) {
+TEST(list_directory, utf32_has_true_code_points_which_do_not_open_above_the_basic_plane) {
   const temporary_directory directory;
   const working_directory current(directory.path());
   directory.write("d/\xF0\x9F\x98\x80", "x");
@@ -122,13 +122,13 @@ TEST(list_directory, utf32_tells_true_code_points_which_do_not_open_above_the_ba
   EXPECT_EQ(files_below(utf32(U"d")), (paths32{path}));
 }
 
-TEST(list_directory, many_entries_are_all_told_and_sorted) {
+TEST(list_directory, many_entries_are_all_listed_and_sorted) {
   const temporary_directory directory;
   paths8 expected;
   for (int i = 0; i < 3000; ++i) expected.push_back(directory.write("entry_" + std::to_string(i), ""));
   std::sort(expected.begin(), expected.end());
   auto paths = sys::list_directory(directory.name());
-  if (orva_test::on_windows) std::sort(paths.begin(), paths.end());  // there the order is the system's
+  if (orva_test::on_windows) std::sort(paths.begin(), paths.end());  // which has its own order
   EXPECT_EQ(paths, expected);
 }
 
@@ -215,7 +215,8 @@ TEST(get_directory_files, deep_nesting_costs_no_stack) {
       orva_test::on_windows ? 200 : 1100;  // paths are longer than 1,000 units there, or refused
   for (; depth < deepest; ++depth) {
     sys::io::mkdir(nested + separator + "d");
-    if (!sys::io::is_directory(nested + separator + "d")) break;  // deeper than the system's paths can tell
+    if (!sys::io::is_directory(nested + separator + "d"))
+      break;  // longer than the longest path of the system
     nested += separator;
     nested += 'd';
   }
@@ -244,9 +245,8 @@ paths8 files_by_standard_library(const std::filesystem::path& directory) {
 }
 
 TEST(get_directory_files, random_trees_agree_with_the_standard_library) {
-  for (unsigned seed = 1; seed <= 10; ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    std::mt19937 random(seed);
+  orva_test::random_engine random;
+  for (int run = 0; run < 10; ++run) {
     const temporary_directory directory;
     std::vector<std::string> directories = {""};
     for (int i = 0; i < 60; ++i) {

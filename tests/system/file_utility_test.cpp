@@ -106,7 +106,7 @@ TEST(load_file, empty_path_gives_1) {
   EXPECT_EQ(contents, "before");
 }
 
-TEST(load_file, separator_behind_a_file_gives_1) {
+TEST(load_file, separator_after_a_file_gives_1) {
   const temporary_directory directory;
   std::string contents;
   EXPECT_EQ(sys::load_file(directory.write("file", "x") + "/", contents), 1);
@@ -149,7 +149,7 @@ TEST(load_file, size_above_31_bits_raises_and_leaves_contents_unchanged) {
   EXPECT_EQ(contents, "before");
 }
 
-TEST(load_file, size_beyond_32_bits_is_told_in_full) {
+TEST(load_file, message_has_all_digits_of_a_size_beyond_32_bits) {
   const temporary_directory directory;
   const auto path = directory.write("sparse", "");
   std::filesystem::resize_file(path, 5'000'000'000);
@@ -323,7 +323,7 @@ TEST(create_directory, takes_paths_of_all_widths) {
   for (const auto* made : {"a/b", "c/d", "e/f"}) EXPECT_TRUE(std::filesystem::is_directory(made));
 }
 
-TEST(have_read_access, tells_the_owners_bit_whoever_asks) {
+TEST(have_read_access, is_the_read_bit_of_the_owner_for_every_user) {
   const temporary_directory directory;
   const auto path = directory.write("file", "x");
   for (const unsigned mode : {0u, 0200u, 0077u, 0377u}) {

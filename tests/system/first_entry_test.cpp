@@ -1,6 +1,5 @@
-// Directory listings above a search that this test makes up. On the systems that the tests run on, every
-// search reports
-// "." first, so no real directory shows what becomes of another first entry.
+// Listings of a directory search that this test defines. Every search of the tested systems reports "."
+// first, so that no real directory has another first entry.
 #include <gtest/gtest.h>
 
 #include "orva/platform/directory_listing.hpp"

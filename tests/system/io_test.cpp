@@ -40,13 +40,13 @@ TEST(io, status_of_each_kind) {
   }
 }
 
-TEST(io, separator_behind_a_file_names_nothing) {
-  if (orva_test::on_windows) GTEST_SKIP() << "whether it does is told differently by the runtimes there";
+TEST(io, separator_after_a_file_names_nothing) {
+  if (orva_test::on_windows) GTEST_SKIP() << "the runtimes of Windows differ";
   const temporary_directory directory;
   EXPECT_FALSE(io::exists(directory.write("file", "x") + '/'));
 }
 
-TEST(io, status_is_that_of_what_a_link_leads_to) {
+TEST(io, status_is_that_of_the_target_of_a_link) {
   const temporary_directory directory;
   directory.make_directory("directory");
   directory.write("file", "x");
@@ -129,7 +129,7 @@ TEST(io, move_renames_links_themselves) {
   EXPECT_TRUE(std::filesystem::is_symlink(directory.file("moved")));
 }
 
-TEST(io, move_onto_a_name_that_is_taken_leaves_both) {
+TEST(io, move_to_an_existing_name_changes_nothing) {
   const temporary_directory directory;
   directory.write("a", "a");
   directory.write("b", "b");
@@ -166,7 +166,7 @@ TEST(io, remove_file_removes_files_and_no_directory) {
   EXPECT_TRUE(io::exists(directory.file("directory")));
 }
 
-TEST(io, remove_file_removes_a_link_and_not_what_it_leads_to) {
+TEST(io, remove_file_removes_a_link_and_not_its_target) {
   const temporary_directory directory;
   directory.write("target", "x");
   if (!make_link("target", directory.file("link"))) GTEST_SKIP() << no_links;

@@ -164,7 +164,7 @@ TEST(load_file, device_of_no_size_is_empty) {
   EXPECT_EQ(contents, "");
 }
 
-TEST(load_file, file_that_tells_no_size_is_empty) {
+TEST(load_file, file_that_reports_size_0_is_empty) {
   std::string contents = "before";
   EXPECT_EQ(sys::load_file("/proc/version", contents), 0);
   EXPECT_EQ(contents, "");
@@ -261,7 +261,7 @@ TEST(get_directory_files, directory_that_utf32_cannot_name_leads_nowhere_else) {
   const temporary_directory directory;
   const working_directory current(directory.path());
   directory.write("d/\xED\xA0\x80/file", "");
-  // What utf32_to_utf16 makes of it: it must not lead the walk there, round and round.
+  // The path that utf32_to_utf16 makes of it: the walk must not go there again and again.
   directory.write("-1/\xED\xA0\x80/file", "");
   std::vector<strings::ustring32> files;
   sys::get_directory_files(orva_test::utf32(U"d"), files);
@@ -270,7 +270,7 @@ TEST(get_directory_files, directory_that_utf32_cannot_name_leads_nowhere_else) {
   EXPECT_EQ(files_below("d").size(), 1u);
 }
 
-TEST(get_directory_files, what_lies_deeper_than_a_path_can_tell_is_left_out) {
+TEST(get_directory_files, entries_deeper_than_the_longest_path_are_left_out) {
   const temporary_directory directory;
   const working_directory current(directory.path());
   const std::string name(200, 'd');

@@ -1,4 +1,4 @@
-// Clock readings and stopwatches beside the system calls that they stand on, and beside the standard library.
+// Measures clock readings and stopwatches, the system calls that they use, and the standard library.
 #include <benchmark/benchmark.h>
 
 #include <chrono>
@@ -117,7 +117,7 @@ void start_and_stop_clock_gettime(benchmark::State& state) {
 }
 BENCHMARK(start_and_stop_clock_gettime);
 
-/// What loading the library costs: the object is made as the one that is made then.
+/// The cost of loading the library, which constructs such an object.
 void overhead_measurement_at_load(benchmark::State& state) {
   for (auto _ : state) {
     timer::overhead_microseconds(0);

@@ -1,4 +1,4 @@
-// Dates beside the calendars of the standard library and of Howard Hinnant's date library.
+// Measures dates, and the calendars of the standard library and of Howard Hinnant's date library.
 #include "orva/system/date_time/date.hpp"
 
 #include <benchmark/benchmark.h>
@@ -132,7 +132,7 @@ void plus_days_hinnant_date(benchmark::State& state) {
 }
 BENCHMARK(plus_days_hinnant_date);
 
-/// What a calendar program does all day: one date that moves on, each step after the one before.
+/// One date that moves on, where each step needs the result of the one before.
 void walk_by_days_orva(benchmark::State& state) {
   for (auto _ : state) {
     orva_date day(1, 1, 2000);

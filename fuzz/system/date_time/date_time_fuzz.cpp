@@ -1,4 +1,4 @@
-/// A date and a time that are set and moved as the input says, against the slow reference.
+/// Sets and moves a date and a time by the input, compared with the slow reference.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -21,7 +21,7 @@ void require(bool condition) {
   if (!condition) std::abort();
 }
 
-/// Takes values from the input; what it has no bytes for is 0.
+/// Takes values from the input, and 0 after its end.
 class source {
  public:
   source(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -45,14 +45,14 @@ class source {
 
 void require_same(const date_time_t& value, const reference_date_time& expected) {
   require(value.year() == expected.date.year && value.month() == expected.date.month);
-  // The constrained day, which a move never leaves different from the stored one.
+  // The constrained day, which is the stored one after a move.
   require(value.day() <= expected.date.day &&
           (value.is_day_constrained() || value.day() == expected.date.day));
   require(value.hour() == expected.parts[0] && value.minute() == expected.parts[1]);
   require(value.second() == expected.parts[2] && value.millisecond() == expected.parts[3]);
 }
 
-/// Makes a move, which must fail as the reference's did.
+/// Makes a move, which must fail if the reference fails, with the same message.
 template <typename Operation>
 void require_failure(std::string_view expected, Operation operation) {
   try {
@@ -101,7 +101,7 @@ void step(source& input, date_time_t& value, reference_date_time& expected) {
       return require_failure(expected.move(count, -1), [&] { value -= milliseconds(count); });
     }
     default: {
-      // Within two days either way, where most of the rules meet.
+      // Within two days in either direction, where most of the rules apply.
       const std::int64_t count = input.take<int>() % 200'000'000;
       return require_failure(expected.move(count, 1), [&] { value += milliseconds(count); });
     }

@@ -28,9 +28,9 @@ TEST(backward_text_writer, string_is_opened_when_its_length_is_known) {
   std::string target;
   backward_text_writer text(target);
   text.close_string();
-  const auto behind = text.size();
+  const auto size_after = text.size();
   text.prepend_string("in");
-  text.open_string(text.size() - behind);
+  text.open_string(text.size() - size_after);
   text.finish();
   EXPECT_EQ(target,
             "5\x01"
@@ -52,11 +52,12 @@ TEST(backward_text_writer, target_of_any_size_holds_nothing_but_the_text) {
   }
 }
 
-TEST(backward_text_writer, text_that_passes_the_longest_buffer_is_refused) {
+TEST(backward_text_writer, text_beyond_the_longest_buffer_is_refused) {
   std::string target;
   backward_text_writer text(target);
   const std::string abc = "abc";
-  // Never looked behind: what does not fit is refused first. Volatile, or the compiler warns of the copy.
+  // The view is longer than its text; what does not fit is refused before it is read. Volatile, as the
+  // compiler warns of the copy otherwise.
   const volatile std::size_t length = ORVA_NAMESPACE::serialization::stored_buffer::max_size;
   try {
     text.prepend_string(std::string_view(abc.data(), length));

@@ -1,4 +1,4 @@
-// What the clock says, as dates and times, above a clock that stands where a test puts it.
+// Readings of the clock as dates and times, with a clock that tests set.
 #include <gtest/gtest.h>
 
 #include "orva/system/date_time/date_time.hpp"

@@ -1,4 +1,4 @@
-// Every day and many moves, against the calendar of the standard library and against the plain steps.
+// Every day and many moves, compared with the calendar of the standard library and with the plain steps.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -7,6 +7,7 @@
 #include <string>
 
 #include "orva/system/date_time/date.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_calendar.hpp"
 
 namespace {
@@ -48,8 +49,8 @@ open_date as_date(chrono::year_month_day day) {
   return {unsigned{day.day()}, unsigned{day.month()}, static_cast<unsigned int>(int{day.year()})};
 }
 
-/// Where a move to `day` is told to arrive.
-chrono::year_month_day told(chrono::year_month_day day) {
+/// The day at which a move to `day` ends: March 1 instead of February 29.
+chrono::year_month_day reached(chrono::year_month_day day) {
   return is_february_29(day) ? chrono::year_month_day(day.year() / chrono::March / 1) : day;
 }
 
@@ -61,7 +62,7 @@ TEST(date_calendar, every_day_from_year_1_to_9999_has_its_number_and_comes_back_
     ASSERT_EQ(as_date(day).pJulian_day_number(), number);
     open_date back;
     back.pJulian_day_number(number);
-    ASSERT_TRUE(same(back, told(day))) << number;
+    ASSERT_TRUE(same(back, reached(day))) << number;
     leap_days += is_february_29(day) ? 1 : 0;
   }
   EXPECT_EQ(leap_days, 9999 / 4 - 9999 / 100 + 9999 / 400);
@@ -72,14 +73,12 @@ TEST(date_calendar, every_day_from_year_1_to_9999_plus_one_is_the_next_but_march
   for (auto number = number_of(chrono::year(1) / 1 / 1); number <= last; ++number) {
     date moved = as_date(day_of(number));
     moved += 1;
-    ASSERT_TRUE(same(moved, told(day_of(number + 1)))) << number;
+    ASSERT_TRUE(same(moved, reached(day_of(number + 1)))) << number;
   }
 }
 
 TEST(date_calendar, a_million_random_moves) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const auto first = number_of(chrono::year(1) / 1 / 1);
   std::uniform_int_distribution<unsigned int> any_number(first, number_of(chrono::year(9999) / 12 / 31));
   for (int i = 0; i < 1'000'000; ++i) {
@@ -90,15 +89,13 @@ TEST(date_calendar, a_million_random_moves) {
     const auto days = static_cast<int>(to) - static_cast<int>(from);
     forward += days;
     back -= -days;
-    ASSERT_TRUE(same(forward, told(day_of(to)))) << from << " to " << to;
-    ASSERT_TRUE(same(back, told(day_of(to)))) << from << " to " << to;
+    ASSERT_TRUE(same(forward, reached(day_of(to)))) << from << " to " << to;
+    ASSERT_TRUE(same(back, reached(day_of(to)))) << from << " to " << to;
   }
 }
 
 TEST(date_calendar, a_million_random_moves_step_by_step) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   std::uniform_int_distribution<int> any_step(-1000, 1000);
   date walking(1, 1, 5000);
   auto at = number_of(chrono::year(5000) / 1 / 1);
@@ -106,8 +103,8 @@ TEST(date_calendar, a_million_random_moves_step_by_step) {
     const int step = any_step(random);
     if (step < 0) walking -= -step;
     if (step >= 0) walking += step;
-    // A walker that would have stood on February 29 goes on from March 1.
-    at = number_of(told(day_of(at + static_cast<unsigned int>(step))));
+    // Where a step reaches February 29, the next one starts at March 1.
+    at = number_of(reached(day_of(at + static_cast<unsigned int>(step))));
     ASSERT_TRUE(same(walking, day_of(at))) << i;
   }
 }
@@ -130,9 +127,7 @@ TEST(date_calendar, numbers_of_all_32_bits_give_what_the_plain_steps_give) {
 }
 
 TEST(date_calendar, random_numbers_and_dates_of_all_32_bits_give_what_the_plain_steps_give) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   for (int i = 0; i < 1'000'000; ++i) {
     expect_as_the_plain_steps(static_cast<unsigned int>(random()));
     const reference_day day = {static_cast<unsigned int>(random()),

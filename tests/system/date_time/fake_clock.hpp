@@ -1,4 +1,4 @@
-/// The clocks of the platform layer, as a test sets them.
+/// Clocks of the platform layer that tests set.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +14,14 @@ struct fake_clock {
 
   std::uint64_t ticks = 1;
   std::uint64_t frequency = 10'000'000;
-  /// How far a reading of the counter moves it.
+  /// The ticks by which each reading moves the counter.
   std::uint64_t ticks_of_a_reading = 0;
   std::uint32_t milliseconds = 1;
   int frequency_readings = 0;
 };
 
-/// One for the process. Clocks are read while the program is loaded, so it needs no construction; each
-/// reading of the counter then takes 30 microseconds.
+/// One for the process. It is initialised statically, as clocks are read while the program is loaded. Each
+/// reading of the counter takes 30 microseconds.
 inline constinit fake_clock clock = {.ticks_of_a_reading = 300};
 
 }  // namespace orva_test

@@ -1,4 +1,4 @@
-/// What an operation on dates and times raises, as one line: "message | source file | function".
+/// The exception of an operation on dates and times as one line: "message | source file | function".
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@
 
 namespace orva_test {
 
-/// "nothing" where it raises nothing.
+/// Returns "nothing" if the operation does not raise.
 template <typename Operation>
 std::string raised(Operation operation) {
   try {

@@ -1,4 +1,4 @@
-// The clocks of the machine, through the library as programs link it.
+// The clocks of the machine, in the library as programs link it.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -19,7 +19,7 @@ using ORVA_NAMESPACE::system::date_time::timer;
 namespace date_time = ORVA_NAMESPACE::system::date_time;
 namespace chrono = std::chrono;
 
-/// Milliseconds since the epoch of a calendar time that is taken for UTC.
+/// Milliseconds since the epoch of a calendar time in UTC.
 long long since_epoch(const date_time_t& t) {
   const chrono::year_month_day day(chrono::year(static_cast<int>(t.year())), chrono::month(t.month()),
                                    chrono::day(t.day()));
@@ -81,7 +81,7 @@ TEST(real_clock, each_resolution_measures_a_pause) {
 TEST(real_clock, overhead_is_measured_at_load_and_small) { EXPECT_LT(timer::overhead_microseconds(), 1000u); }
 
 TEST(real_clock, measuring_the_overhead_takes_less_than_20_microseconds) {
-  // Of several, as the system may stop any one of them.
+  // The best of several, as the system may interrupt any one.
   auto best = chrono::steady_clock::duration::max();
   for (int i = 0; i < 100; ++i) {
     timer::overhead_microseconds(0);

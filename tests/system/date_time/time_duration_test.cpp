@@ -1,10 +1,10 @@
 #include "orva/system/date_time/time_duration.hpp"
+#include "tests/support/random_engine.hpp"
 
 #include <gtest/gtest.h>
 
 #include <cstdint>
 #include <limits>
-#include <random>
 #include <string>
 
 namespace {
@@ -70,7 +70,7 @@ TEST(time_duration, negative_duration_has_negative_parts) {
 TEST(time_duration, hours_minutes_and_seconds_wrap_at_32_bits_before_they_widen) {
   EXPECT_EQ(time_duration(596, 31, 23, 647).total_milliseconds(), 2147483647);
   EXPECT_EQ(time_duration(596, 31, 23, 648).total_milliseconds(),
-            2147483648);  // milliseconds are added behind
+            2147483648);  // milliseconds are added with 64 bits
   EXPECT_EQ(time_duration(596, 31, 24, 0).total_milliseconds(), 2147484000LL - 4294967296);
   EXPECT_EQ(time_duration(597, 0, 0, 0).total_milliseconds(), 2149200000LL - 4294967296);
   EXPECT_EQ(time_duration(max_int, max_int, max_int, 0).total_milliseconds(), -(3600000 + 60000 + 1000));
@@ -119,9 +119,7 @@ TEST(time_duration, is_assigned) {
 }
 
 TEST(time_duration, random_durations_give_what_wider_arithmetic_gives) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   const auto any_int = [&] { return static_cast<std::int32_t>(random() >> random() % 33); };
   for (int i = 0; i < 200'000; ++i) {
     const std::int64_t hours = any_int();

@@ -8,6 +8,7 @@
 #include <string>
 #include <type_traits>
 
+#include "tests/support/random_engine.hpp"
 #include "tests/system/date_time/raised.hpp"
 
 namespace ORVA_NAMESPACE::system::date_time {
@@ -170,7 +171,7 @@ TEST(time, sum_within_one_day_back_wraps) {
 }
 
 TEST(time, arithmetic_wraps_at_64_bits) {
-  // 2^63 - 1 is 25975808 ms behind a whole number of days. The most negative number is its own negative.
+  // 2^63 - 1 is a whole number of days and 25975808 ms. The most negative number is its own negative.
   EXPECT_EQ(time() += milliseconds(max_count - day), time(7, 12, 55, 807));
   time t(1, 2, 3, 4);
   EXPECT_EQ(raised([&] { t += milliseconds(max_count); }), orva_test::bad_hour);
@@ -208,9 +209,7 @@ TEST(time, difference_is_signed) {
 }
 
 TEST(time, every_difference_added_comes_back) {
-  const auto seed = std::random_device{}();
-  SCOPED_TRACE("seed " + std::to_string(seed));
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   std::uniform_int_distribution<int> any(0, static_cast<int>(day) - 1);
   for (int i = 0; i < 1'000'000; ++i) {
     const int from = any(random);

@@ -1,4 +1,4 @@
-// Local time in programs that are started with a time zone of their own.
+// Local time in programs that are started with a given time zone.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -25,9 +25,9 @@ std::vector<std::string> lines_of(const std::string& command) {
   return lines;
 }
 
-/// What tell_times says in a zone.
-std::vector<std::string> told(const std::string& zone, const std::string& arguments) {
-  return lines_of("TZ='" + zone + "' '" ORVA_TELL_TIMES "' " + arguments);
+/// The output of print_times in a zone.
+std::vector<std::string> printed(const std::string& zone, const std::string& arguments) {
+  return lines_of("TZ='" + zone + "' '" ORVA_PRINT_TIMES "' " + arguments);
 }
 
 const std::string berlin = "CET-1CEST,M3.5.0,M10.5.0/3";
@@ -61,21 +61,21 @@ TEST(time_zone, local_time_follows_TZ_across_changes_of_daylight_saving) {
       {"no such zone", 0, "1970-01-01 00:00:00.000"},
   };
   for (const moment& row : table) {
-    EXPECT_EQ(told(row.zone, std::to_string(row.since_epoch)), std::vector<std::string>{row.local})
+    EXPECT_EQ(printed(row.zone, std::to_string(row.since_epoch)), std::vector<std::string>{row.local})
         << row.zone;
   }
 }
 
-TEST(time_zone, one_process_tells_both_sides_of_a_change) {
-  EXPECT_EQ(told(berlin, "1711846799999 1711846800000 1711846799999"),
+TEST(time_zone, one_process_shows_both_sides_of_a_change) {
+  EXPECT_EQ(printed(berlin, "1711846799999 1711846800000 1711846799999"),
             (std::vector<std::string>{"2024-03-31 01:59:59.999", "2024-03-31 03:00:00.000",
                                       "2024-03-31 01:59:59.999"}));
 }
 
-TEST(time_zone, leap_second_is_told_as_second_59) {
+TEST(time_zone, leap_second_is_second_59) {
   const std::string zone = "right/UTC";
   if (!std::filesystem::exists("/usr/share/zoneinfo/" + zone)) GTEST_SKIP() << "no zone with leap seconds";
-  EXPECT_EQ(told(zone, "1483228825250 1483228826250 1483228827250"),
+  EXPECT_EQ(printed(zone, "1483228825250 1483228826250 1483228827250"),
             (std::vector<std::string>{"2016-12-31 23:59:59.250", "2016-12-31 23:59:59.250",
                                       "2017-01-01 00:00:00.250"}));
 }
@@ -107,7 +107,7 @@ TEST(time_zone, clock_readings_of_a_process_are_in_its_zone) {
                      {"EST5", chrono::hours(-5)},
                      {"<-12>12", chrono::hours(-12)}};
   for (const auto& row : table) {
-    const auto lines = told(row.zone, "");
+    const auto lines = printed(row.zone, "");
     ASSERT_EQ(lines.size(), 3u) << row.zone;
     const auto local = parse(lines[1]) - row.offset;
     EXPECT_LE(parse(lines[0]), local) << row.zone;

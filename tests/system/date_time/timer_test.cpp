@@ -1,4 +1,4 @@
-// The stopwatch above counters that a test moves.
+// The stopwatch with counters that a test sets.
 #include "orva/system/date_time/timer.hpp"
 
 #include <gtest/gtest.h>
@@ -14,7 +14,7 @@ using orva_test::clock;
 
 constexpr std::uint64_t ticks_of_a_microsecond = 10;
 
-/// The overhead as the program found it when it began.
+/// The overhead at the start of the program.
 unsigned long long overhead_from_load() {
   static const auto found = timer::overhead_microseconds();
   return found;
@@ -113,7 +113,7 @@ TEST_F(timer_test, restart_forgets_the_sum) {
   EXPECT_EQ(t.elapsed_time(), 7u);
 }
 
-TEST_F(timer_test, running_one_tells_the_sum_and_the_time_since_start) {
+TEST_F(timer_test, running_one_returns_the_sum_and_the_time_since_start) {
   timer t;
   measure(t, 5);
   t.start();
