@@ -1,4 +1,4 @@
-// Catalogs beside what a program would use instead: an XML parser and a map, and gettext with printf.
+// Catalogs compared with their alternatives: an XML parser with a map, and gettext with printf.
 #include <benchmark/benchmark.h>
 #include <libintl.h>
 #include <unistd.h>
@@ -39,7 +39,7 @@ std::string msg_element(unsigned i) {
          "before giving up</msg>\n";
 }
 
-/// The catalog as a file, made for the run and removed behind it.
+/// The catalog as a file, which is removed at the end.
 class catalog_file {
  public:
   catalog_file() : directory_(fs::temp_directory_path() / ("orva-bench-" + std::to_string(::getpid()))) {
@@ -73,7 +73,7 @@ void set_bytes(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(fs::file_size(file().path())));
 }
 
-/// What was loaded goes once, at the end of a program.
+/// Drops what was loaded without measuring it: a program does so once, at its end.
 template <typename Drop>
 void without_time(benchmark::State& state, Drop drop) {
   state.PauseTiming();
@@ -126,8 +126,8 @@ void load_pugixml_into_map(benchmark::State& state) {
 }
 BENCHMARK(load_pugixml_into_map)->Unit(benchmark::kMillisecond);
 
-/// The names of all messages, in an order that no cache expects. A benchmark takes turns with as many of them
-/// as its argument says: a few, as a window that is redrawn does, or all.
+/// The names of all messages, in an order that is bad for caches. The argument of a benchmark is the number
+/// of names that it looks up in turns: a few, like a window that is redrawn, or all.
 const std::vector<std::string>& names() {
   static const std::vector<std::string> all = [] {
     std::vector<std::string> result;
@@ -249,7 +249,7 @@ class mo_file {
   std::string texts_;
 };
 
-/// Makes `gettext` answer with the messages of the catalog.
+/// Sets `gettext` up to return the messages of the catalog.
 void install_gettext() {
   const fs::path folder = file().directory() / "C.UTF-8" / "LC_MESSAGES";
   fs::create_directories(folder);

@@ -1,5 +1,4 @@
-// Rendering of messages beside snprintf with a format string. The look-up of messages stands beside gettext
-// in catalog_bench.
+// Rendering of messages, compared with snprintf. catalog_bench compares the lookup of messages with gettext.
 #include <benchmark/benchmark.h>
 
 #include <cstdio>

@@ -1,5 +1,5 @@
-/// Any value under any attribute string. The first eight bytes are the value, as an integer, as a floating
-/// value and as text; the rest is the attribute string.
+/// Formats any value with any attribute string. The first eight bytes are the value, as an integer, as a
+/// floating value and as text; the rest is the attribute string.
 #include <bit>
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-/// Any message, rendered with a fixed list of arguments. Each line of the input is an item: its first byte is
+/// Renders any message with a fixed list of arguments. Each line of the input is an item: its first byte is
 /// the type, the rest its data.
 ///
 /// Failed placeholders write to standard error: run it with -close_fd_mask=2.

@@ -1,4 +1,4 @@
-/// Any bytes as an XMC file: read, merged twice, every message rendered and every language asked for.
+/// Reads any bytes as an XMC file, merges the result twice, and looks up all messages and languages.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>

@@ -53,7 +53,7 @@ TEST(catalog, starts_empty) {
   EXPECT_TRUE(catalog.equal(nil));
 }
 
-TEST(catalog, answers_for_an_unknown_message_with_nil) {
+TEST(catalog, returns_nil_for_an_unknown_message) {
   const catalog_t catalog = bilingual();
   EXPECT_TRUE(catalog.message("x") == nil);
   EXPECT_EQ(&catalog.message("x"), &catalog_t::m_nil_message);
@@ -81,7 +81,7 @@ TEST(catalog, replaces_a_message_and_returns_the_stored_one) {
   EXPECT_EQ(catalog.size(), 2u);
 }
 
-TEST(catalog, stores_under_the_given_name_whatever_the_message_is_called) {
+TEST(catalog, stores_under_the_given_name_not_under_that_of_the_message) {
   catalog_t catalog;
   catalog.message("key", message_of("other", "text", "en"));
   EXPECT_TRUE(catalog.has_message("key"));
@@ -100,7 +100,7 @@ TEST(catalog, reports_the_languages_of_its_messages) {
   EXPECT_EQ(languages_of(bilingual()), (std::vector<ustring8>{"de", "en"}));
 }
 
-TEST(catalog, keeps_the_languages_that_the_first_question_found) {
+TEST(catalog, keeps_the_languages_that_the_first_lookup_found) {
   catalog_t catalog = bilingual();
   EXPECT_TRUE(catalog.is_language_loaded("de"));
   catalog.message("maybe", message_of("maybe", "peut-etre", "fr"));
@@ -153,7 +153,7 @@ TEST(catalog, keeps_a_language_whose_messages_were_replaced) {
   EXPECT_TRUE(catalog.is_language_loaded("de"));
 }
 
-TEST(catalog, takes_languages_given_at_construction_as_they_stand) {
+TEST(catalog, takes_languages_given_at_construction_unchanged) {
   const catalog_t catalog("app", {"sv", "fi"}, {{"yes", message_of("yes", "ja", "de")}});
   EXPECT_EQ(catalog.name(), "app");
   EXPECT_EQ(languages_of(catalog), (std::vector<ustring8>{"fi", "sv"}));
@@ -164,7 +164,7 @@ TEST(catalog, takes_languages_given_at_construction_as_they_stand) {
 TEST(catalog, compares_languages_normalized_and_without_parents) {
   const struct {
     const char* loaded;
-    const char* asked;
+    const char* argument;
     bool result;
   } rows[] = {
       {"de_DE", "de-DE", true},
@@ -175,10 +175,10 @@ TEST(catalog, compares_languages_normalized_and_without_parents) {
       {"de", "de_DE", false},
       {"de_DE", "de", false},
       {"de_DE", "DE_de", false},
-      // The spelling of the file is kept, and only the question is normalized.
+      // The spelling of the file is kept; only the argument is normalized.
       {"de-DE", "de-DE", false},
       {"de-DE", "de_DE", false},
-      // A tag of one character stays as it is.
+      // A tag of one character is not changed.
       {".", ".", true},
       {"_", ".", false},
       {"en", "", false},
@@ -186,7 +186,7 @@ TEST(catalog, compares_languages_normalized_and_without_parents) {
   for (const auto& row : rows) {
     catalog_t catalog;
     catalog.message("m", message_of("m", "text", row.loaded));
-    EXPECT_EQ(catalog.is_language_loaded(row.asked), row.result) << row.loaded << " asked for " << row.asked;
+    EXPECT_EQ(catalog.is_language_loaded(row.argument), row.result) << row.loaded << " for " << row.argument;
   }
   catalog_t catalog;
   catalog.message("m", message_of("m", "text", "de"));
@@ -237,8 +237,8 @@ TEST(catalog, assignment_leaves_the_count_of_pointers_alone) {
   EXPECT_EQ(held->size(), 2u);
 }
 
-/// Names for which a hash table by the standard hash has few places.
-std::vector<ustring8> crowding_names(std::size_t count) {
+/// Names that have the same slot in a hash table with the standard hash.
+std::vector<ustring8> names_of_one_slot(std::size_t count) {
   std::vector<ustring8> names;
   for (int i = 0; names.size() < count; ++i) {
     const ustring8 name = "name_" + std::to_string(i);
@@ -254,8 +254,8 @@ void expect_to_find_all(const catalog_t& catalog, const std::vector<ustring8>& n
   }
 }
 
-TEST(catalog, finds_messages_whose_names_crowd_one_place) {
-  const auto names = crowding_names(60);
+TEST(catalog, finds_messages_whose_names_share_a_slot) {
+  const auto names = names_of_one_slot(60);
   catalog_t catalog;
   for (std::size_t i = 0; i < names.size(); ++i) {
     catalog.message(names[i], message_of(names[i], "text", "de"));

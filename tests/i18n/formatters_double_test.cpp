@@ -68,7 +68,7 @@ TEST(format_double, number_wider_than_its_field_has_an_exponent) {
          {12345.0, "fieldsize|1", "1.23e+04"},
          {-1234567.0, "fieldsize|3|precision|0", "-1e+06"},
          {0.5, "fieldsize|3", "5.00e-01"}});
-  // Where the exponent's dropped digit leaves the field too wide, one blank fills it.
+  // If the number is too short without the exponent's first digit, one blank is added.
   check({{12345678.0, "fieldsize|9", " 1.23e+07"},
          {12345678.0, "fieldsize|8", "1.23e+07"},
          {1234567890.0, "fieldsize|10", "  1.23e+09"}});
@@ -80,7 +80,7 @@ TEST(format_double, exponent_of_three_digits_loses_its_hundreds) {
          {1e308, "fieldsize|12|precision|1", "     1.0e+08"}});
 }
 
-TEST(format_double, field_below_zero_always_has_an_exponent_and_blanks_behind) {
+TEST(format_double, field_below_zero_always_has_an_exponent_and_trailing_blanks) {
   check({{1.5, "fieldsize|-1", "1.50e+00"},
          {1.5, "fieldsize|-12", "1.50e+00   "},
          {12.0, "fieldsize|-9", "1.20e+01"}});
@@ -145,7 +145,7 @@ TEST(format_double, number_that_is_none_reads_as_zero) {
   check({{1.5, "precision|x", "2"}, {1.5, "precision||fieldsize|3", "  2"}, {1.5, "fieldsize|x", "1.50"}});
 }
 
-// --- against the reference ---
+// --- compared with the reference ---
 
 void expect_as_reference(double value, int precision, int fieldsize) {
   const auto attrs =
@@ -201,7 +201,7 @@ TEST(format_double, random_values_are_printed_as_the_c_runtime_does) {
   }
 }
 
-/// Few decimals of values that are neither small nor large are reckoned in integers.
+/// Values that are neither small nor large, with few decimals, are computed in integers.
 TEST(format_double, values_around_the_borders_of_integer_reckoning_are_printed_as_the_c_runtime_does) {
   for (int exponent = -14; exponent <= 54; ++exponent) {
     const double power = std::ldexp(1.0, exponent);

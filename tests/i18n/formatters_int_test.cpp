@@ -125,7 +125,7 @@ TEST(format_int, later_key_overrides_an_earlier_one) {
          {1234, "fieldsize|-4|fieldsize|0", "1234"}});
 }
 
-TEST(format_int, digits_stand_in_groups_of_three) {
+TEST(format_int, digits_are_in_groups_of_three) {
   check({{1, "base|spaced_dec", "1"},
          {12, "base|spaced_dec", "12"},
          {123, "base|spaced_dec", "123"},
@@ -246,7 +246,7 @@ TEST(format_int, padding_is_bounded) {
          {1, "base|oct|fieldsize|99999999999999999999", "-0"}});
 }
 
-// --- against the reference ---
+// --- compared with the reference ---
 
 constexpr struct {
   reference::int_style style;
@@ -257,7 +257,7 @@ constexpr struct {
               {reference::int_style::octal, "oct"},
               {reference::int_style::binary, "bin"}};
 
-/// All styles with one width.
+/// All styles with the same width.
 class styles_in_field {
  public:
   explicit styles_in_field(int fieldsize) : fieldsize_(fieldsize) {

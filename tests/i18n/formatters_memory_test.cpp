@@ -83,7 +83,7 @@ TEST(format_memory, every_unit_is_a_base_and_a_target) {
   }
 }
 
-TEST(format_memory, target_is_reached_whatever_the_value) {
+TEST(format_memory, target_is_reached_for_each_value) {
   check({{5, "target_unit|YB", "0", "YB"},
          {5, "target_unit|KB|precision|4", "0.0050", "KB"},
          {123456789, "target_unit|B", "123456789", "B"},

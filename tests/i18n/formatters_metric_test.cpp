@@ -38,7 +38,7 @@ struct prefix {
   std::string long_form;
 };
 
-/// From 1000 to the power of -6 on.
+/// The first is that of 1000 to the power of -6.
 const prefix prefixes[] = {{"a", "a", "atto"},    {"f", "f", "femto"}, {"p", "p", "pico"}, {"n", "n", "nano"},
                            {"mc", "mc", "micro"}, {"m", "m", "milli"}, {"base", "", ""},   {"k", "k", "kilo"},
                            {"M", "M", "mega"},    {"G", "G", "giga"},  {"T", "T", "tera"}, {"P", "P", "peta"},

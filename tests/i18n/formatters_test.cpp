@@ -50,7 +50,7 @@ TEST(formatters, numbers_are_read_as_atoi_does_but_saturate) {
   EXPECT_EQ(to_number("-99999999999999999999"), std::numeric_limits<int>::min());
 }
 
-/// Calls `visit` with every attribute string of up to `fields` fields.
+/// Calls `visit` with each attribute string of up to `fields` fields.
 void for_each_attribute_string(int fields, const std::function<void(const ustring8&)>& visit) {
   static const std::vector<std::string> vocabulary = {
       "",          "b",  "base",      "dec",         "hex",   "bin",  "f",

@@ -62,19 +62,19 @@ TEST(language_tag, none_is_accepted_before_one_was_set) {
   }
 }
 
-TEST(language_tag, neutral_tag_asked_for_counts_at_its_first_place) {
+TEST(language_tag, neutral_tag_as_language_counts_at_its_first_position) {
   xmc_file_loader loader;
   loader.handle_language(".");
   EXPECT_EQ(loader.get_locale_weight("."), 1u);
   EXPECT_EQ(loader.get_locale_weight("en"), 2u);
 }
 
-TEST(language_tag, tag_is_tried_as_it_stands_and_then_normalized) {
+TEST(language_tag, tag_is_looked_up_unchanged_and_then_normalized) {
   xmc_file_loader loader;
   loader.handle_language("de_DE");
   EXPECT_EQ(loader.get_locale_weight("de-DE"), 4u);
   EXPECT_EQ(loader.get_locale_weight("de.DE"), 4u);
-  // Only a tag of one character is left alone.
+  // Only a tag of one character is not normalized.
   EXPECT_EQ(loader.get_locale_weight("-"), 0u);
   loader.handle_language("-");
   EXPECT_EQ(loader.get_locale_weight("-"), 3u);

@@ -64,7 +64,7 @@ TEST(load_error, is_no_error_by_default) {
   EXPECT_EQ(load_error().message(), "xmc_file_loader::load_error - No Error");
 }
 
-TEST(load_error, tells_a_parse_error_with_its_line_but_for_the_last_two) {
+TEST(load_error, reports_a_parse_error_with_its_line_except_for_the_last_two) {
   const struct {
     int type;
     const char* text;

@@ -1,4 +1,4 @@
-// What a load answers, in words.
+// The texts and conversions of load results.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -104,7 +104,7 @@ concept has_negation = requires(Result result) {
   !result;
 };
 
-// A condition on a result would be true for a failure. No form of one compiles.
+// A condition on a result would be true for a failure. It does not compile in any form.
 static_assert(!std::is_convertible_v<result_type, bool>);
 static_assert(!std::is_constructible_v<bool, result_type>);
 static_assert(!std::is_constructible_v<bool, const result_type&>);

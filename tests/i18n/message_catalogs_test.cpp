@@ -86,7 +86,7 @@ TEST(message_catalogs, entry_emptied_from_outside_counts_as_unknown) {
   EXPECT_TRUE(catalogs.has_catalog("app"));
   EXPECT_EQ(&catalogs.catalog("app"), &message_catalogs::s_nil_catalog);
   EXPECT_EQ(&catalogs.message("app", "m"), &message_catalogs::s_nil_message);
-  // A merge into it is a broken program's doing.
+  // A merge into it is a mistake of the program.
   try {
     static_cast<void>(catalogs.load(file, "de"));
     FAIL() << "nothing thrown";
@@ -140,7 +140,7 @@ TEST(message_catalogs, directory_loads_xmc_and_xml_files_of_either_case) {
   EXPECT_EQ(catalogs.count(), 3u);
 }
 
-TEST(message_catalogs, directory_walk_goes_down_in_listing_order) {
+TEST(message_catalogs, directories_are_loaded_recursively_in_listing_order) {
   const temporary_directory directory;
   directory.write("a.xmc", file_of("app", "a"));
   directory.write("b/deep/x.xmc", file_of("app", "b/deep/x"));
@@ -175,7 +175,7 @@ TEST(message_catalogs, directory_walk_ends_at_the_first_failure) {
   EXPECT_FALSE(catalogs.has_catalog("d"));
 }
 
-TEST(message_catalogs, directory_load_answers_with_its_last_result) {
+TEST(message_catalogs, directory_load_returns_its_last_result) {
   const temporary_directory directory;
   directory.write("b.xmc", file_of("b", "1"));
   message_catalogs catalogs;
@@ -244,19 +244,19 @@ TEST(message_catalogs, paths_and_lists_of_every_width) {
   EXPECT_TRUE(loaded(catalogs.load(std::vector<const char*>{file.c_str()}, "de")));
 }
 
-TEST(message_catalogs, loads_only_the_catalog_asked_for) {
+TEST(message_catalogs, loads_only_the_given_catalog) {
   const temporary_directory directory;
   directory.write("a.xmc", file_of("a", "1"));
   const std::string b = directory.write("b.xmc", file_of("b", "2"));
   message_catalogs catalogs;
   EXPECT_EQ(catalogs.load(b, "de", "a"), message_catalogs::no_catalog);
   EXPECT_EQ(catalogs.load(b, "de", "b"), message_catalogs::no_error);
-  // The walk ends at b.xmc, which has no catalog of that name.
+  // The load ends at b.xmc, which has no catalog of that name.
   EXPECT_EQ(catalogs.load(directory.name(), "de", "a"), message_catalogs::no_catalog);
   EXPECT_TRUE(catalogs.has_catalog("a"));
 }
 
-TEST(message_catalogs, failing_file_leaves_nothing_behind) {
+TEST(message_catalogs, failing_file_adds_nothing) {
   const temporary_directory directory;
   const std::string good = directory.write("good.xmc", file_of("app", "x"));
   const std::string bad = directory.write(
@@ -387,7 +387,7 @@ TEST(message_catalogs, merge_counts_only_what_it_stores) {
   };
   xmc_file_loader::catalog_map target;
   EXPECT_EQ(load(app("de", "<msg name='a'>1</msg><msg name='b'>1</msg><msg name='c'>1</msg>"), target), 3u);
-  // a loses, b is equal and wins, d is new.
+  // a is less specific and is dropped, b is equal and replaces, d is new.
   EXPECT_EQ(load(app("en", "<msg name='a'>2</msg>") + app("de", "<msg name='b'>2</msg><msg name='d'>2</msg>"),
                  target),
             2u);
@@ -397,7 +397,7 @@ TEST(message_catalogs, merge_counts_only_what_it_stores) {
   EXPECT_EQ(target.at("app")->message("d").as_utf8(), "2");
 }
 
-TEST(message_catalogs, merge_keeps_or_gives_away_what_was_read) {
+TEST(message_catalogs, merge_copies_or_moves_the_messages_of_the_loader) {
   xmc_file_loader loader;
   loader.handle_language("de");
   EXPECT_EQ(loader.parse_string(xmc(app("de", "<msg name='m'>x</msg>")), "test.xmc").type(),

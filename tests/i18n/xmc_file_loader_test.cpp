@@ -34,7 +34,7 @@ TEST(xmc_file_loader, documentation_example) {
   EXPECT_EQ((message.begin() + 3)->type(), message_item::memory_unit);
 }
 
-TEST(xmc_file_loader, tells_where_a_document_is_wrong) {
+TEST(xmc_file_loader, reports_where_a_document_is_wrong) {
   const struct {
     const char* construct;
     ustring8 text;
@@ -149,7 +149,7 @@ TEST(xmc_file_loader, skips_comments_space_and_text_between_elements) {
   EXPECT_EQ(pieces(result.message("m")), "T[x]");
 }
 
-TEST(xmc_file_loader, takes_a_comment_right_behind_a_start_tag) {
+TEST(xmc_file_loader, takes_a_comment_right_after_a_start_tag) {
   const reading result = read(
       "<?xml?><xmc version='1.1'><!-- a --><!-- b --><catalog name='app' lang='de'><!-- c --><msg "
       "name='m'><!-- d "
@@ -158,7 +158,7 @@ TEST(xmc_file_loader, takes_a_comment_right_behind_a_start_tag) {
   EXPECT_EQ(pieces(result.message("m")), "T[\n]P[n]");
 }
 
-TEST(xmc_file_loader, does_not_look_behind_the_root_element) {
+TEST(xmc_file_loader, ignores_text_after_the_root_element) {
   EXPECT_EQ(read(xmc(app("de", "")) + "</xmc>").error.type(), load_error::xml_parse_error);
   EXPECT_EQ(words(read(xmc(app("de", "")) + " text").error), "No Error");
 }
@@ -212,7 +212,7 @@ TEST(xmc_file_loader, first_of_equals_stays_within_a_load) {
                 .message("m")
                 .as_utf8(),
             "1");
-  // Two spellings of one language weigh the same.
+  // Two spellings of one language have the same weight.
   const ustring8 two = app("de-DE", "<msg name='m'>1</msg>") + app("de_DE", "<msg name='m'>2</msg>");
   EXPECT_EQ(read(xmc(two), "de_DE").message("m").as_utf8(), "1");
 }
@@ -232,7 +232,7 @@ TEST(xmc_file_loader, reset_forgets_what_was_read_but_not_the_languages) {
   xmc_file_loader loader;
   loader.handle_language("de");
   EXPECT_EQ(loader.parse_string(xmc(app("de", "<msg name='m'>1</msg>")), "a").type(), load_error::no_error);
-  // What an earlier text brought counts: only a loader without any catalog complains.
+  // Catalogs of an earlier text count: only a loader without any catalog reports an error.
   EXPECT_EQ(loader.parse_string(xmc(""), "b").type(), load_error::no_error);
   loader.reset();
   EXPECT_EQ(loader.parse_string(xmc(""), "b").type(), load_error::no_catalog);
@@ -313,7 +313,7 @@ TEST(xmc_file_loader, refuses_an_empty_language_before_looking_at_the_file) {
   EXPECT_FALSE(loader.is_cat_id_set());
 }
 
-/// A loader whose readers of elements can be called.
+/// A loader with public functions for the elements.
 class open_loader : public xmc_file_loader {
  public:
   using token = xmc_file_loader::token;
@@ -398,7 +398,7 @@ TEST(xmc_file_loader, running_out_of_tokens_is_unexpected) {
   }
 }
 
-TEST(xmc_file_loader, other_end_tag_in_a_message_is_told) {
+TEST(xmc_file_loader, other_end_tag_in_a_message_is_reported) {
   using token = open_loader::token;
   xml_token_stream tokens;
   ASSERT_EQ(tokens.parse(xmc("<msg name='m'>x</msg>")).type,

@@ -1,4 +1,4 @@
-// Input that nobody means well with: cut, damaged, deep, long and endless.
+// Truncated, damaged, deeply nested, long and endless input.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -30,7 +30,7 @@ std::string repeated(std::size_t count, std::string_view text) {
   return result;
 }
 
-TEST(xmc_hostile, every_truncation_is_told) {
+TEST(xmc_hostile, every_truncation_is_reported) {
   ASSERT_EQ(words(read(document()).error), "No Error");
   const std::size_t whole = document().rfind('>') + 1;
   for (std::size_t size = 0; size < whole; ++size) {
@@ -109,9 +109,9 @@ TEST(xmc_hostile, directory_links_that_lead_back_up_end) {
   directory.write("app.xmc", xmc(app("de", "<msg name='m'>x</msg>")));
   if (!make_link(".", directory.file("again"))) GTEST_SKIP() << no_links;
   message_catalogs catalogs;
-  // One link is followed until the system refuses the path.
+  // A single link is followed until the system refuses the path.
   EXPECT_EQ(catalogs.load(directory.name(), "de"), message_catalogs::no_error);
-  // Two would be followed two to the power of that many times.
+  // With two links the number of paths is a power of two.
   ASSERT_TRUE(make_link(".", directory.file("once_more")));
   std::filesystem::remove(directory.file("app.xmc"));
   const auto result = catalogs.load(directory.name(), "de");

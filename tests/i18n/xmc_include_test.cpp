@@ -66,7 +66,8 @@ TEST(xmc_include, forms_of_absolute_paths) {
     const temporary_directory empty;
     const load_error error = loader.parse_string(xmc(include(row.path)), "test.xmc");
     EXPECT_EQ(error.type(), load_error::file_not_found) << row.path;
-    // Without a file read before, the path stands as it is; with one in the working directory, behind "./".
+    // The path is unchanged if no file was read before. After a file in the working directory it follows
+    // "./".
     const std::string opened = row.opened;
     const std::string bare =
         opened.compare(0, 2, "./") == 0 && opened != row.path ? opened.substr(2) : opened;
@@ -85,7 +86,7 @@ TEST(xmc_include, failure_names_every_file_on_the_way) {
                                               directory.file("two.xmc") + "\"\n in file: \"" + file + "\"");
 }
 
-TEST(xmc_include, file_that_adds_nothing_passes_only_behind_a_catalog) {
+TEST(xmc_include, file_that_adds_nothing_passes_only_after_a_catalog) {
   const temporary_directory directory;
   directory.write("none.xmc", xmc(""));
   const std::string first = directory.write("first.xmc", xmc(include("none.xmc") + message("m")));

@@ -1,4 +1,4 @@
-// Random documents against a plain model of which message stays.
+// Random documents, compared with a simple model of which message stays.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,7 +20,7 @@ struct entry {
   std::string text;
 };
 
-/// The languages for which a load is made here, from the least to the most specific.
+/// The languages that the loads accept, from the least to the most specific.
 const std::vector<std::string> accepted = {".", "en", "de", "de_DE"};
 
 int weight(std::string language) {
@@ -41,7 +41,7 @@ std::vector<entry> random_entries(random_engine& random) {
   return entries;
 }
 
-/// Neighbours of one catalog and language share an element, at times.
+/// Entries in a row that have the same catalog and language sometimes share an element.
 ustring8 document_of(const std::vector<entry>& entries, random_engine& random) {
   ustring8 content;
   const entry* open = nullptr;
@@ -58,7 +58,7 @@ ustring8 document_of(const std::vector<entry>& entries, random_engine& random) {
   return xmc(content + (open != nullptr ? "</catalog>" : ""));
 }
 
-/// Within a load the first of equals stays.
+/// Within a load the first of equal messages stays.
 model read_model(const std::vector<entry>& entries) {
   model result;
   for (const entry& next : entries) {
@@ -71,7 +71,7 @@ model read_model(const std::vector<entry>& entries) {
   return result;
 }
 
-/// In a merge the new one of two equals wins.
+/// In a merge the new one of two equal messages replaces the old one.
 unsigned merge_model(const model& loaded, model& target) {
   unsigned stored = 0;
   for (const auto& [catalog, messages] : loaded) {

@@ -1,4 +1,4 @@
-// What stands in a `msg` element, and the pieces that it becomes.
+// The content of a `msg` element, and the pieces that it becomes.
 #include <gtest/gtest.h>
 
 #include <string>

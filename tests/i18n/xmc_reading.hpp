@@ -1,4 +1,4 @@
-/// Short ways to read XMC text in tests.
+/// Helpers that read XMC text in tests.
 #pragma once
 
 #include <string>
@@ -25,7 +25,7 @@ inline ustring8 app(std::string_view language, std::string_view messages) {
   return ustring8("<catalog name=\"app\" lang=\"") + language + "\">" + messages + "</catalog>";
 }
 
-/// What one reading gave.
+/// The result of reading a text.
 struct reading {
   load_error error;
   xmc_file_loader::catalog_map catalogs;
@@ -47,14 +47,13 @@ inline reading read(const ustring8& text, const ustring8& language = "de") {
   return result;
 }
 
-/// The message "m" of a document that holds nothing else, with `content`.
+/// The message "m" with `content`, read from a document with no other message.
 inline message_t read_message(std::string_view content) {
   const reading result = read(xmc(app("de", ustring8("<msg name=\"m\">") + content + "</msg>")));
   return result.message("m");
 }
 
-/// The pieces of a message, a letter for the kind of each: text "T[...]", any placeholder "P[...]", with the
-/// byte 0x01 as "|".
+/// The pieces of a message: text as "T[...]", a placeholder as "P[...]", the byte 0x01 as "|".
 ///
 ///     Free: <arg name="n" type="mem"/> left  =>  "T[Free: ]P[n]T[ left]"
 inline std::string pieces(const message_t& message) {
@@ -67,7 +66,7 @@ inline std::string pieces(const message_t& message) {
   return result;
 }
 
-/// The text of a `load_error`, without the words that all of them start with.
+/// The message of a `load_error` without the common prefix.
 inline std::string words(const load_error& error) {
   constexpr std::string_view prefix = "xmc_file_loader::load_error - ";
   const std::string text = error.message();

@@ -1,6 +1,6 @@
-/// Slow plain formatters that the library's are held against.
+/// Slow, simple formatters, with which the tests compare those of the library.
 ///
-/// They take the attributes as values, so that the reading of attribute strings is tested on its own.
+/// They take the attributes as values: reading attribute strings has tests of its own.
 #pragma once
 
 #include <cstdint>
@@ -49,7 +49,7 @@ inline std::uint64_t power_of(unsigned int radix, std::int64_t digits) {
   return power;
 }
 
-/// The digits that a negative value's complement has room for.
+/// The number of digits of a negative value's complement.
 inline std::int64_t complement_digits(std::int64_t value, unsigned int radix, std::int64_t wanted) {
   auto digits = static_cast<std::int64_t>(signed_digits_of(value, radix).size()) - 1;
   if (wanted != 0) return wanted > digits ? wanted : digits;
@@ -66,7 +66,7 @@ inline std::string format_int(std::int64_t value, int_style style, std::int64_t 
   const std::string behind = radix == 2 ? "b" : "";
   const auto marks = static_cast<std::int64_t>(before.size() + behind.size());
   if (value < 0 && radix != 10) {
-    // A field that has no room left for digits still wants none of them added.
+    // A field without room for digits adds none.
     const std::int64_t room = fieldsize == 0 ? 0 : fieldsize > marks ? fieldsize - marks : 1;
     const std::int64_t digits = complement_digits(value, radix, room);
     value = static_cast<std::int64_t>(static_cast<std::uint64_t>(value) + power_of(radix, digits));
@@ -85,7 +85,7 @@ inline std::string format_int(std::int64_t value, int_style style, std::int64_t 
   return before + digits + behind;
 }
 
-/// Through `printf`; widths and precisions that it takes long for are no use here.
+/// Uses `printf`, which is slow for large widths and precisions.
 inline std::string format_double(double value, int precision, int fieldsize) {
   char buffer[64];
   std::snprintf(buffer, sizeof buffer, "%*.*f", fieldsize == 0 ? -32 : fieldsize, precision, value);
