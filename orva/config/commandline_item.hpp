@@ -8,16 +8,16 @@
 ///     -key a b c                            =>  key: array of "a", "b", "c"
 ///     word                                  =>  ignored, with a warning on standard output
 ///
-/// - An option with nothing attached takes the words after it up to the next one that begins with `-`. The
-/// first of these words may
-///   not begin with `/` either: `-a x /y` is an array of "x" and "/y", but `-a /y` is two flags, `a` and `y`.
-///   For a path as first value write `-a=/y`.
-/// - Only one `-` or `/` is removed: `--key` has the key "-key".
-/// - The tree splits a key at `.`, `\` and `/`: `-window.width=640`.
-/// - Quotes that reach the program are removed. A run of blanks outside them is replaced by a copy of the
-/// text
-///   of the token before it: `-a=x y` gives "xxy", `-a="x y"` gives "x y".
-/// - Values are byte strings. The empty value of a flag is a `ustring8`.
+/// An option with nothing attached takes the words after it, up to the next one that begins with `-`. A first
+/// word that begins with `/` is not taken, it is the next option: `-a x /y` is an array of "x" and "/y", but
+/// `-a /y` is two flags, `a` and `y`. For a path as the first value write `-a=/y`.
+///
+/// Only one `-` or `/` is removed: `--key` has the key "-key". The tree splits a key at `.`, `\` and `/`.
+///
+/// Quotes that reach the program are removed. A run of blanks outside quotes is replaced by a copy of the
+/// text of the token before it: `-a=x y` gives "xxy", `-a="x y"` gives "x y".
+///
+/// Values are byte strings. The empty value of a flag is a `ustring8`.
 ///
 /// The program's name, up to the last backslash removed, gives three more keys:
 ///
