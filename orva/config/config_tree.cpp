@@ -129,7 +129,7 @@ void config_tree::store_elements(const generic::varg_list& values, const generic
     } else if (i < flags.size()) {
       element.store(value, flags[i].value().as_uint32());
     } else {
-      // Elements without flags of their own are stored as numbers: programs store masks in this way.
+      // Where there is a list of flags, the elements after its end are stored as numbers.
       element.store(value.as_uint32(), 0);
     }
   }

@@ -45,7 +45,7 @@ class writer {
 
  private:
   /// An entry is written in every section whose name is as long as the part of the entry's name before its
-  /// last dot, not only in its own. Programs that read written files depend on that.
+  /// last dot, not only in its own: lengths are compared, names are not.
   void assign_to_sections(std::size_t index) {
     const value_entry& entry = entries_[index];
     const std::string_view name = entry.first;
