@@ -20,7 +20,7 @@
 ///
 /// `system/io.hpp` has the single operations: exists, is_file, move, remove_file and others.
 ///
-/// Edge cases: docs/edges.md#files
+/// Edge cases: docs/edges.md#files and docs/edges.md#platforms
 #pragma once
 
 #include <string>
