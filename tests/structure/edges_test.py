@@ -62,11 +62,12 @@ class edges(unittest.TestCase):
             for name in re.findall(r"`([^`]+)`", entry.split(" - Test: ")[-1]):
                 self.assertTrue(name in known, f"there is no test {name}")
 
-    def test_each_named_header_exists(self):
+    def test_each_named_header_links_its_area(self):
         found = list(headers(self.page))
         self.assertEqual({area for area, _ in found}, set(AREAS))
-        for _, header in found:
-            self.assertTrue((ROOT / header).is_file(), header)
+        for area, header in found:
+            self.assertTrue((ROOT / header).is_file(), f"there is no {header}")
+            self.assertIn(f"docs/edges.md#{area}", (ROOT / header).read_text(), header)
 
     def test_lines_fit(self):
         for number, line in enumerate(self.page.split("\n"), 1):
