@@ -30,7 +30,7 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
-/// The result of each formatter for bad attributes. It cannot be told from a negative zero without decimals.
+/// The result of each formatter for bad attributes. A negative zero without decimals has the same text.
 inline constexpr std::string_view refused_value = "-0";
 
 /// The most zeros that `format_int` adds before a number. A `fieldsize` that needs more is refused, so that a

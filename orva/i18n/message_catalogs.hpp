@@ -6,12 +6,11 @@
 ///     if (result != i18n::message_catalogs::no_error) std::cerr << result << '\n';
 ///     catalogs.message("app", "disk_free").as_utf8(args);
 ///
-/// Each load adds to the set. Where a loaded message has the name of one in the set, it replaces that one,
-/// unless the one in the set is in a language that this load prefers. A load for another language therefore
-/// replaces messages, too.
+/// Each load adds to the set. A loaded message replaces one of the same name, unless this load prefers the
+/// language of the one that is there. A load for another language therefore replaces messages, too.
 ///
 /// Copies of a set share its catalogs. A load into one copy that adds messages to a shared catalog shows in
-/// all copies; a catalog that is new, or is dropped, is so in the one copy alone.
+/// all copies. A catalog that one copy adds or drops is added or dropped in that copy alone.
 ///
 /// No lookup fails: an unknown message is the nil message, which renders as empty text. References and
 /// iterators stay valid until the next load or `erase`.

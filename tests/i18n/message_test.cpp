@@ -112,6 +112,11 @@ TEST(message_item, each_type_is_rendered_by_its_formatter) {
          {message_item::duration, "n|short_form|true", 3661.5, "1h 1m 1.50s"}});
 }
 
+TEST(message_item, duration_with_a_refused_precision_still_shows_its_other_parts) {
+  check({{message_item::duration, "n|precision|-1", 61, "1 min -0 sec"},
+         {message_item::duration, "n|precision|-1|short_form|true", 1, "-0s"}});
+}
+
 TEST(message_item, reserved_types_are_invalid_even_with_their_argument) {
   check({{message_item::number, "n", 1, "?invalid?"},
          {message_item::time, "n", 1, "?invalid?"},

@@ -69,7 +69,7 @@ TEST(xmc_file_loader, reports_where_a_document_is_wrong) {
        "Invalid attibute \"lang\"\n in file: \"test.xmc\""},
       {"attribute before the version", "<?xml?><xmc a=\"b\" version=\"1.1\"/>", 5,
        "Invalid attibute \"a\"\n in file: \"test.xmc\""},
-      {"attribute behind the version", "<?xml?><xmc version=\"1.1\" a=\"b\"/>", 5,
+      {"attribute after the version", "<?xml?><xmc version=\"1.1\" a=\"b\"/>", 5,
        "Invalid attibute \"a\"\n in file: \"test.xmc\""},
       {"no catalog", xmc(""), 1, "No catalog was loaded in file: \"test.xmc\""},
       {"no wanted catalog", xmc(app("fr", "")), 1, "No catalog was loaded in file: \"test.xmc\""},
