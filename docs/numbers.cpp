@@ -12,14 +12,14 @@ int read(std::string_view text, radix::base base) {
 }
 
 int main() {
-  // A field is read where it stands: no copy, no terminator.
+  // A field of a text is read without a copy or a terminator.
   const std::string_view line = "port=8080;mask=0x1F";
   std::cout << read(line.substr(5, 4), radix::decimal) << ' ' << read(line.substr(15), radix::prefix) << '\n';
 
-  // What follows the number is ignored, and no number is 0.
+  // Text after the number is ignored, and a text without a number is 0.
   std::cout << read("12 apples", radix::decimal) << ' ' << read("apples", radix::decimal) << '\n';
 
-  // Out of range: the nearest limit, or an exception for those who want to hear of it.
+  // A number out of range is the nearest limit, or throws where the last argument is true.
   std::cout << read("99999999999", radix::decimal) << '\n';
   try {
     convert::str_to_int8("-129", 0, radix::decimal, true);
@@ -27,11 +27,11 @@ int main() {
     std::cout << error.message() << '\n';
   }
 
-  // Any radix, by a cast; and back.
+  // Any radix, by a cast; and back to text.
   char text[convert::number_buffer_size];
   convert::lltoa(read("zZ", static_cast<radix::base>(36)), text, 2);
   std::cout << text << '\n';
 
-  // Floating text follows the locale, the global one if none is given.
+  // Floating text depends on the locale, by default the global one.
   std::cout << convert::str_to_double("  2.5e-1 litres") << ' ' << convert::str_to_double("12e") << '\n';
 }

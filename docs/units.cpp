@@ -25,7 +25,7 @@ void lengths() {
   std::cout << "about " << paper.as_int32() << " inches\n";
 
   centimetres width;
-  width = paper;  // the length is taken, the unit stays
+  width = paper;  // copies the length and keeps the unit
   std::cout << "the same: " << width.as_double() << " cm\n";
 }
 
@@ -35,7 +35,7 @@ void pixels() {
   std::cout << "12 points: " << convert::to_dpx(12, absolute_unit::point, screen_dpi).as_int32()
             << " pixels\n";
 
-  // Of whole pixels only whole inches count; of a floating number everything does.
+  // An integer number of pixels counts only whole inches, a floating number everything.
   const device_unit row = 150;
   std::cout << "150 pixels of 100 an inch: " << convert::to_md(row, 100).as_md() << " md\n";
   std::cout << "150.0 of them: " << convert::to_md(150.0, device_unit::pixel, 100).as_md() << " md\n";

@@ -1,6 +1,5 @@
-/// Number readers and writers beside what a program would take instead: `std::from_chars`, `std::to_chars`
-/// and the stream. One item is one number; lengths are mixed as in real text, small numbers as frequent as
-/// large ones.
+/// Number readers and writers compared with `std::from_chars`, `std::to_chars` and streams. One item is one
+/// number. All lengths are equally frequent.
 #include <benchmark/benchmark.h>
 
 #include <charconv>
@@ -21,14 +20,14 @@ namespace convert = ORVA_NAMESPACE::generic::convert;
 using radix = ORVA_NAMESPACE::types::radix_t;
 using ORVA_NAMESPACE::strings::code_unit16;
 
-constexpr std::size_t how_many = 4096;
+constexpr std::size_t number_count = 4096;
 
 /// Numbers whose lengths in digits are spread evenly, half of them negative where the type allows it.
 template <std::integral Integer>
 std::vector<Integer> mixed_numbers() {
   std::mt19937_64 random(42);
   std::vector<Integer> numbers;
-  while (numbers.size() < how_many) {
+  while (numbers.size() < number_count) {
     const auto bits = random() % (std::numeric_limits<Integer>::digits + 1);
     const auto magnitude = static_cast<Integer>(random() & ((bits == 64 ? 0 : 1ull << bits) - 1));
     numbers.push_back(std::is_signed_v<Integer> && random() % 2 ? static_cast<Integer>(0 - magnitude)
@@ -37,7 +36,7 @@ std::vector<Integer> mixed_numbers() {
   return numbers;
 }
 
-/// Texts side by side in one buffer, as fields of a file are.
+/// Texts next to each other in one buffer, like the fields of a file.
 template <typename Unit>
 struct texts {
   std::basic_string<Unit> units;
@@ -60,11 +59,11 @@ std::vector<std::string> mixed_texts() {
   return result;
 }
 
-/// Measurements: a few digits, a point, a few digits, now and then an exponent or all 17 digits.
+/// Measurements: a few digits, a point, a few digits; some with an exponent or all 17 digits.
 std::vector<std::string> floating_texts() {
   std::mt19937_64 random(42);
   std::vector<std::string> result;
-  while (result.size() < how_many) {
+  while (result.size() < number_count) {
     char text[64];
     const double value = static_cast<double>(random() % 1000000000) / 1000.0;
     const char* formats[] = {"%.2f", "%.3f", "%g", "%.17g", "%.6e"};

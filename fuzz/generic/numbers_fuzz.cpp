@@ -1,6 +1,6 @@
-/// Every number reader over any bytes in the three widths, held against the plain reference; floating text
-/// against the stream. The first byte chooses the radix, the second the width and how wide units are made,
-/// the rest is text.
+/// Every number reader with any bytes in the three widths, compared with the plain reference, and the
+/// floating readers compared with a stream. The first byte selects the radix, the second the width and the
+/// high bits of its units; the rest is the text.
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
@@ -31,7 +31,7 @@ void require(bool condition) {
   if (!condition) std::abort();
 }
 
-/// Exactly the units, so that a read outside them is seen.
+/// A buffer of the exact size, so that sanitizers detect a read outside it.
 template <typename Unit>
 struct number_text {
   std::unique_ptr<Unit[]> units;
@@ -41,7 +41,7 @@ struct number_text {
   number_text(const std::uint8_t* bytes, std::size_t size, std::uint32_t spread)
       : units(new Unit[size]), length(size) {
     for (std::size_t i = 0; i < size; ++i) {
-      // Now and then a unit that only ends like a character of numbers.
+      // Some units have only the low byte of a character of numbers.
       const std::uint32_t high = spread != 0 && bytes[i] % 5 == 0 ? spread : 0;
       units[i] = static_cast<Unit>(bytes[i] + high);
       values.push_back(static_cast<std::make_unsigned_t<Unit>>(units[i]));

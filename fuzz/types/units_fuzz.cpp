@@ -1,4 +1,4 @@
-/// Lengths, pixels and colours of any numbers: every conversion, and those of integers against wider
+/// Lengths, pixels and colours of any numbers: every conversion, and those of integers compared with wider
 /// arithmetic.
 #include <cmath>
 #include <cstddef>

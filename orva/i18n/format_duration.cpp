@@ -5,11 +5,11 @@
 #include <string>
 #include <string_view>
 
-#include "orva/generic/convert/x_to_str.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/internal/append_formatted.hpp"
 #include "orva/i18n/internal/double_attributes.hpp"
 #include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
 #include "orva/types/integers.hpp"
 
 namespace ORVA_NAMESPACE::i18n::_private {
@@ -73,9 +73,8 @@ class part_writer {
   /// beyond them wrap.
   void add(std::int64_t value, std::string_view label) {
     if (value == 0 && text_.size() == begin_) return;
-    char buffer[generic::convert::number_buffer_size];
-    generic::convert::lltoa(static_cast<types::int32>(value), buffer, 10);
-    text_.append(buffer).append(label);
+    char digits[internal::integer_text_size];
+    text_.append(digits, internal::write_integer(static_cast<types::int32>(value), digits)).append(label);
   }
 
  private:

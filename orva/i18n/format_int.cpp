@@ -1,15 +1,13 @@
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <cstdint>
-#include <limits>
 #include <string>
 #include <string_view>
 
-#include "orva/generic/convert/x_to_str.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/internal/append_formatted.hpp"
 #include "orva/i18n/internal/format_attributes.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
@@ -117,14 +115,32 @@ void append_in_groups_of_three(std::string& text, std::string_view digits) {
   }
 }
 
-/// What most placeholders ask for. The digits are made where they are shown: reading them again at once would
-/// wait for them to be written.
+/// The form of a placeholder without attributes. The digits are written into the text directly: to copy them
+/// at once would wait for them to be stored.
 void append_plain(std::string& text, std::int64_t value) {
   const std::size_t begin = text.size();
-  text.resize(begin + std::numeric_limits<std::int64_t>::digits10 + 2);
-  const auto digits = std::to_chars(text.data() + begin, text.data() + text.size(), value);
-  text.resize(static_cast<std::size_t>(digits.ptr - text.data()));
+  text.resize(begin + internal::integer_text_size);
+  const char* const end = internal::write_integer(value, text.data() + begin);
+  text.resize(static_cast<std::size_t>(end - text.data()));
 }
+
+/// The digits of a number, with a minus in front if it is negative.
+class number_digits {
+ public:
+  number_digits(std::int64_t value, unsigned int radix) {
+    const auto bits = static_cast<std::uint64_t>(value);
+    units_[0] = '-';
+    end_ = internal::write_digits(value < 0 ? 0 - bits : bits, radix, units_ + (value < 0 ? 1 : 0));
+  }
+
+  std::string_view view() const { return {units_, end_}; }
+
+ private:
+  static constexpr std::size_t most_digits = 64;
+
+  char units_[1 + most_digits];
+  const char* end_;
+};
 
 }  // namespace
 
@@ -138,9 +154,8 @@ bool append_int(std::string& text, std::int64_t value, std::string_view attrs) {
   const number_base& base = *attributes.base;
   if (value < 0 && base.radix != 10) value = complement(value, attributes);
 
-  char buffer[generic::convert::number_buffer_size];
-  generic::convert::lltoa(value, buffer, base.radix);
-  const std::string_view digits(buffer);
+  const number_digits number(value, base.radix);
+  const std::string_view digits = number.view();
   const std::size_t blanks = base.spaced ? (digits.size() - (value < 0 ? 1 : 0) - 1) / 3 : 0;
   const auto length = static_cast<std::int64_t>(digits.size() + blanks + base.marks_length());
   if (attributes.fieldsize != 0 && attributes.fieldsize < length) return false;

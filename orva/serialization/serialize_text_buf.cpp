@@ -2,15 +2,13 @@
 
 #include <algorithm>
 #include <array>
-#include <charconv>
 #include <cstddef>
-#include <limits>
-#include <locale>
-#include <sstream>
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
-#include "orva/serialization/internal/floating_text.hpp"
+#include "orva/internal/number_text/floating_text.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
+#include "orva/internal/number_text/stream_text.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
@@ -22,13 +20,11 @@ using generic::abilities::create_dynamic;
 
 namespace {
 
-/// A whole number with its separator, put together where it costs no allocation. Not by `ltoa`, whose result
-/// would have to be measured.
-template <typename Integer>
+/// An integer with its separator.
 class number_item {
  public:
-  explicit number_item(Integer value)
-      : end_(std::to_chars(units_.data(), units_.data() + units_.size() - 1, value).ptr) {
+  template <typename Integer>
+  explicit number_item(Integer value) : end_(internal::write_integer(value, units_.data())) {
     *end_++ = separator;
   }
   operator std::string_view() const {
@@ -36,21 +32,12 @@ class number_item {
   }
 
  private:
-  std::array<char, std::numeric_limits<Integer>::digits10 + 3> units_;
+  std::array<char, internal::integer_text_size + 1> units_;
   char* end_;
 };
 
 /// No value has more significant digits than this; more change nothing, and some streams go wrong over them.
 constexpr types::uint32 most_digits = 800;
-
-/// What a floating value is by definition: the text that a stream of the global locale writes.
-template <typename Floating>
-std::string written_by_stream(Floating value, types::uint32 precision) {
-  std::ostringstream stream;
-  stream.precision(static_cast<std::streamsize>(precision));
-  stream << value;
-  return stream.str();
-}
 
 }  // namespace
 
@@ -70,18 +57,14 @@ void serialize_text_buf::append_uint16(const unsigned short& value) { append_int
 void serialize_text_buf::append_uint32(const types::uint32& value) { append_integer(value); }
 void serialize_text_buf::append_uint64(const unsigned long long& value) { append_integer(value); }
 
+/// A floating value is the text that a stream of the global locale writes.
 template <typename Floating>
 void serialize_text_buf::append_floating(Floating value, types::uint32 precision) {
-  precision = std::min(precision, most_digits);
-  if (std::locale() != std::locale::classic()) return append(written_by_stream(value, precision) + separator);
-  // Up to the digits there are a sign, a point, and zeros behind it or an exponent.
-  std::array<char, most_digits + 32> units;
-  char* end = _private::write_everyday_value(value, precision, units.data());
-  if (end == nullptr) {
-    end = std::to_chars(units.data(), units.data() + units.size() - 1, value, std::chars_format::general,
-                        static_cast<int>(precision))
-              .ptr;
-  }
+  const auto digits = static_cast<int>(std::min(precision, most_digits));
+  if (!internal::streams_write_general_form())
+    return append(internal::stream_text(value, digits) + separator);
+  std::array<char, internal::general_text_size(most_digits) + 1> units;
+  char* end = internal::write_general(value, digits, units.data());
   *end++ = separator;
   append({units.data(), static_cast<std::size_t>(end - units.data())});
 }
@@ -94,7 +77,7 @@ void serialize_text_buf::append_double(const double& value, const types::uint32&
 }
 
 void serialize_text_buf::append_string(const std::string& text) {
-  const number_item<std::size_t> length(text.size());
+  const number_item length(text.size());
   append(length, text, {&separator, 1});
 }
 

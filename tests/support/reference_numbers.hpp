@@ -1,7 +1,7 @@
-/// Number readers and writers in the plainest words, to hold the library's against.
+/// Plain number readers and writers, to compare the library's with.
 ///
-/// A number is kept as long as its text is, in a list of its digits in base 65536, and compared with the
-/// bounds of the type at the very end: nothing here can overflow, and nothing is tested early. Slow.
+/// A number of any length is a list of its digits in base 65536. It is compared with the limits of the type
+/// after it was read as a whole, so that nothing can overflow. Slow.
 #pragma once
 
 #include <algorithm>
@@ -56,7 +56,7 @@ class long_number {
 
 enum class reading { number, invalid_radix, overflow, underflow };
 
-/// What a text reads as. For a number out of range, `value` is what a reader that does not throw gives.
+/// The result of reading a text. For a number out of range, `value` is that of a reader that does not throw.
 template <typename Integer>
 struct read_result {
   reading outcome = reading::number;
@@ -75,8 +75,7 @@ inline std::uint32_t reference_digit(std::uint32_t unit) {
                                   : 99;
 }
 
-/// Reads in the C locale. `units` holds at least one unit; where a reader is given a length of 0, it is the
-/// one unit at the pointer.
+/// Reads in the C locale. `units` is not empty; for a length of 0 it contains the unit at the pointer.
 template <typename Integer>
 read_result<Integer> reference_read(const std::vector<std::uint32_t>& units, std::uint32_t radix) {
   const auto is_one_of = [&](std::size_t i, std::string_view set) {
@@ -114,7 +113,7 @@ read_result<Integer> reference_read(const std::vector<std::uint32_t>& units, std
   return {reading::number, static_cast<Integer>(minus ? 0 - number.value() : number.value())};
 }
 
-/// A number's text as the writers give it, one unit at a time in front of the others.
+/// The text of a number, which grows by one unit at its front.
 inline std::vector<std::uint32_t> reference_write(bool negative, std::uint64_t magnitude,
                                                   std::uint32_t radix) {
   std::vector<std::uint32_t> units;

@@ -230,10 +230,6 @@ template <strings::code_unit Unit>
   return size.in_range ? size.value : max;
 }
 
-}  // namespace
-
-namespace _private {
-
 template <strings::code_unit Unit>
 long long read_signed(const Unit* text, std::size_t length, types::radix_t::base radix, bool throw_on_range,
                       long long max) {
@@ -250,16 +246,39 @@ unsigned long long read_unsigned(const Unit* text, std::size_t length, types::ra
   return read_any_unsigned(text, length, radix, throw_on_range, max);
 }
 
-using radix = types::radix_t::base;
-using strings::code_unit16;
-using strings::code_unit32;
+}  // namespace
 
-template long long read_signed(const char*, std::size_t, radix, bool, long long);
-template long long read_signed(const code_unit16*, std::size_t, radix, bool, long long);
-template long long read_signed(const code_unit32*, std::size_t, radix, bool, long long);
-template unsigned long long read_unsigned(const char*, std::size_t, radix, bool, unsigned long long);
-template unsigned long long read_unsigned(const code_unit16*, std::size_t, radix, bool, unsigned long long);
-template unsigned long long read_unsigned(const code_unit32*, std::size_t, radix, bool, unsigned long long);
+namespace _private {
+
+long long read_signed(const char* text, std::size_t length, types::radix_t::base radix, bool throw_on_range,
+                      long long max) {
+  return convert::read_signed(text, length, radix, throw_on_range, max);
+}
+
+long long read_signed(const strings::code_unit16* text, std::size_t length, types::radix_t::base radix,
+                      bool throw_on_range, long long max) {
+  return convert::read_signed(text, length, radix, throw_on_range, max);
+}
+
+long long read_signed(const strings::code_unit32* text, std::size_t length, types::radix_t::base radix,
+                      bool throw_on_range, long long max) {
+  return convert::read_signed(text, length, radix, throw_on_range, max);
+}
+
+unsigned long long read_unsigned(const char* text, std::size_t length, types::radix_t::base radix,
+                                 bool throw_on_range, unsigned long long max) {
+  return convert::read_unsigned(text, length, radix, throw_on_range, max);
+}
+
+unsigned long long read_unsigned(const strings::code_unit16* text, std::size_t length,
+                                 types::radix_t::base radix, bool throw_on_range, unsigned long long max) {
+  return convert::read_unsigned(text, length, radix, throw_on_range, max);
+}
+
+unsigned long long read_unsigned(const strings::code_unit32* text, std::size_t length,
+                                 types::radix_t::base radix, bool throw_on_range, unsigned long long max) {
+  return convert::read_unsigned(text, length, radix, throw_on_range, max);
+}
 
 }  // namespace _private
 

@@ -40,13 +40,20 @@ namespace _private {
 
 // The readers of the widest integers. `max` is the limit of the type that the caller reads.
 
-template <strings::code_unit Unit>
-ORVA_API long long read_signed(const Unit* text, std::size_t length, types::radix_t::base radix,
+ORVA_API long long read_signed(const char* text, std::size_t length, types::radix_t::base radix,
                                bool throw_on_range, long long max);
-
-template <strings::code_unit Unit>
-ORVA_API unsigned long long read_unsigned(const Unit* text, std::size_t length, types::radix_t::base radix,
+ORVA_API long long read_signed(const strings::code_unit16* text, std::size_t length,
+                               types::radix_t::base radix, bool throw_on_range, long long max);
+ORVA_API long long read_signed(const strings::code_unit32* text, std::size_t length,
+                               types::radix_t::base radix, bool throw_on_range, long long max);
+ORVA_API unsigned long long read_unsigned(const char* text, std::size_t length, types::radix_t::base radix,
                                           bool throw_on_range, unsigned long long max);
+ORVA_API unsigned long long read_unsigned(const strings::code_unit16* text, std::size_t length,
+                                          types::radix_t::base radix, bool throw_on_range,
+                                          unsigned long long max);
+ORVA_API unsigned long long read_unsigned(const strings::code_unit32* text, std::size_t length,
+                                          types::radix_t::base radix, bool throw_on_range,
+                                          unsigned long long max);
 
 }  // namespace _private
 

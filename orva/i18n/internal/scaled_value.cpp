@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
@@ -12,9 +12,8 @@ bool has_semicolon(std::string_view text) { return text.find(';') != text.npos; 
 
 /// Appends an integer without a sign: a negative one is shown as the unsigned number of the same bits.
 void append_integer(std::string& text, std::uint64_t value) {
-  char buffer[generic::convert::number_buffer_size];
-  generic::convert::ulltoa(value, buffer, 10);
-  text.append(buffer);
+  char digits[internal::integer_text_size];
+  text.append(digits, internal::write_integer(value, digits));
 }
 
 }  // namespace

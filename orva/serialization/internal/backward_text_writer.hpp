@@ -10,10 +10,9 @@
 #include <string_view>
 #include <utility>
 
-#include "orva/generic/convert/x_to_str.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 #include "orva/serialization/stored_buffer.hpp"
-#include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::serialization::_private {
 
@@ -36,9 +35,8 @@ class backward_text_writer {
   void close_string() { prepend({&separator, 1}); }
   void open_string(std::size_t length) {
     close_string();
-    char digits[generic::convert::number_buffer_size];
-    generic::convert::ulltoa<char>(length, digits, types::radix_t::decimal);
-    prepend(digits);
+    char digits[internal::integer_text_size];
+    prepend({digits, internal::write_integer(length, digits)});
   }
 
   void finish() { units_.erase(0, begin_); }

@@ -5,20 +5,19 @@
 /// stored types: nil, `bool`, integers, floating values, text.
 #pragma once
 
-#include <charconv>
 #include <cmath>
 #include <concepts>
-#include <locale>
 #include <ostream>
-#include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <typeinfo>
 
 #include "orva/generic/convert/str_to_x.hpp"
-#include "orva/generic/convert/x_to_str.hpp"
 #include "orva/internal/floating_truncation.hpp"
+#include "orva/internal/number_text/floating_text.hpp"
+#include "orva/internal/number_text/integer_text.hpp"
+#include "orva/internal/number_text/stream_text.hpp"
 #include "orva/internal/text/character_class.hpp"
 #include "orva/internal/transforms/transforms.hpp"
 #include "orva/strings/ustring_for.hpp"
@@ -82,13 +81,8 @@ bool to_bool(Integer value) {
 
 template <code_unit Unit, integer Integer>
 basic_ustring<Unit> to_text(Integer value) {
-  Unit digits[generic::convert::number_buffer_size];
-  if constexpr (std::signed_integral<Integer>) {
-    generic::convert::lltoa(value, digits, radix_t::decimal);
-  } else {
-    generic::convert::ulltoa(value, digits, radix_t::decimal);
-  }
-  return digits;
+  Unit digits[internal::integer_text_size];
+  return basic_ustring<Unit>(digits, internal::write_integer(value, digits));
 }
 
 /// The two types of one byte are characters to a stream.
@@ -110,31 +104,17 @@ bool to_bool(Floating value) {
   return value != 0;
 }
 
-template <std::floating_point Floating>
-std::string stream_text(Floating value) {
-  std::ostringstream stream;
-  stream << value;
-  return stream.str();
-}
-
-/// What a string stream with default flags writes, without one where the global locale adds nothing of its
-/// own.
+/// The text that a string stream with default flags writes.
 template <std::floating_point Floating>
 std::string floating_text(Floating value) {
   if constexpr (std::same_as<Floating, long double>) {
     // Some runtimes leave out the sign of a nan.
     if (std::isnan(value)) return floating_text(static_cast<double>(value));
-  } else {
-    if (std::locale() == std::locale::classic()) {
-      constexpr int stream_precision = 6;
-      char digits[32];
-      const double wide = value;
-      const auto end = std::to_chars(std::begin(digits), std::end(digits), wide, std::chars_format::general,
-                                     stream_precision);
-      return {digits, end.ptr};
-    }
+  } else if (internal::streams_write_general_form()) {
+    char digits[internal::general_text_size(internal::default_stream_precision)];
+    return {digits, internal::write_general(value, internal::default_stream_precision, digits)};
   }
-  return stream_text(value);
+  return internal::stream_text(value);
 }
 
 /// Each byte becomes one unit: a locale's separator need not be UTF-8.

@@ -7,13 +7,13 @@
 #include <limits>
 #include <locale>
 #include <memory>
-#include <random>
 #include <sstream>
 #include <string>
 #include <string_view>
 
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/strings/ustring.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
 namespace {
@@ -21,22 +21,22 @@ namespace {
 namespace convert = ORVA_NAMESPACE::generic::convert;
 
 template <typename Floating>
-Floating from_stream(const std::string& text, const std::locale& place = std::locale()) {
+Floating from_stream(const std::string& text, const std::locale& locale = std::locale()) {
   std::stringstream stream(text);
-  stream.imbue(place);
+  stream.imbue(locale);
   Floating value = 0;
   stream >> value;
   return stream.fail() || stream.bad() ? 0 : value;
 }
 
-/// The same number, and for zeros the same sign.
+/// Whether both are the same number, with the same sign also if they are 0.
 template <typename Floating>
 bool same(Floating left, Floating right) {
   return left == right && std::signbit(left) == std::signbit(right);
 }
 
 void expect_as_stream(const std::string& text) {
-  // A copy of the exact size, so that a read outside it is seen.
+  // A copy of the exact size, so that sanitizers detect a read outside it.
   const auto bytes = std::make_unique<char[]>(text.size());
   std::copy(text.begin(), text.end(), bytes.get());
   const std::string_view view(bytes.get(), text.size());
@@ -181,33 +181,31 @@ TEST(str_to_floating, every_short_text_as_by_a_stream) {
   }
 }
 
-std::string random_figures(std::mt19937& random, unsigned int most) {
-  std::string figures(random() % (most + 1), '0');
-  for (char& figure : figures) figure = static_cast<char>('0' + random() % 10);
-  return figures;
+std::string random_digits(orva_test::random_engine& random, unsigned int most) {
+  std::string digits(random() % (most + 1), '0');
+  for (char& digit : digits) digit = static_cast<char>('0' + random() % 10);
+  return digits;
 }
 
-/// Mostly numbers, in every shape they can have, and some that are nearly numbers.
-std::string random_number(std::mt19937& random) {
+/// Mostly numbers in all their forms, and some texts that are nearly numbers.
+std::string random_number(orva_test::random_engine& random) {
   const unsigned int lengths[] = {3, 8, 20, 40};
   std::string text;
   if (random() % 8 == 0) text += " \t\n"[random() % 3];
   if (random() % 3 == 0) text += "+-"[random() % 2];
-  text += random_figures(random, lengths[random() % 4]);
-  if (random() % 2) text += '.' + random_figures(random, lengths[random() % 4]);
+  text += random_digits(random, lengths[random() % 4]);
+  if (random() % 2) text += '.' + random_digits(random, lengths[random() % 4]);
   if (random() % 3 == 0) {
     text += "eE"[random() % 2];
     if (random() % 2) text += "+-"[random() % 2];
-    text += random_figures(random, 3);
+    text += random_digits(random, 3);
   }
   if (random() % 16 == 0) text.insert(random() % (text.size() + 1), 1, ".eE+-, x\xE4"[random() % 9]);
   return text;
 }
 
 TEST(str_to_floating, a_million_readings_as_by_a_stream) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   std::stringstream stream;
   for (int run = 0; run < 340000; ++run) {
     const std::string text = random_number(random);
@@ -226,7 +224,7 @@ TEST(str_to_floating, a_million_readings_as_by_a_stream) {
 }
 
 TEST(str_to_floating, shortest_and_longest_forms_of_random_doubles_read_back) {
-  std::mt19937_64 random(20261121);
+  orva_test::random_engine random;
   for (int run = 0; run < 20000; ++run) {
     const auto value = std::bit_cast<double>(random());
     if (!std::isfinite(value)) continue;
@@ -237,14 +235,14 @@ TEST(str_to_floating, shortest_and_longest_forms_of_random_doubles_read_back) {
 }
 
 TEST(str_to_floating, very_long_texts_are_read_in_time) {
-  const std::string figures(1'000'000, '7');
+  const std::string sevens(1'000'000, '7');
   const auto expect = [](const std::string& text, long double value) {
     EXPECT_EQ(convert::str_to_float(text), static_cast<float>(value));
     EXPECT_EQ(convert::str_to_double(text), static_cast<double>(value));
     EXPECT_EQ(convert::str_to_long_double(text), value);
   };
-  expect("0." + figures, 7.0L / 9);
-  expect("1e" + figures, 0);
+  expect("0." + sevens, 7.0L / 9);
+  expect("1e" + sevens, 0);
   for (const char unit : {' ', '0'}) {
     std::string text(1'000'001, unit);
     text.back() = '1';
@@ -252,8 +250,8 @@ TEST(str_to_floating, very_long_texts_are_read_in_time) {
   }
 }
 
-TEST(str_to_floating, figure_a_million_places_behind_decides_a_tie) {
-  // Half of the distance between 1 and the next number, told in full; then a little more.
+TEST(str_to_floating, digit_after_a_million_others_decides_a_tie) {
+  // Half of the distance between 1 and the next number, in all its digits; then a little more.
   const std::string half_double = "1.00000000000000011102230246251565404236316680908203125";
   const std::string half_long_double = "1.0000000000000000000542101086242752217003726400434970855712890625";
   const std::string zeros(1'000'000, '0');
@@ -265,7 +263,7 @@ TEST(str_to_floating, figure_a_million_places_behind_decides_a_tie) {
   EXPECT_EQ(convert::str_to_long_double('1' + zeros + '.' + zeros + "e-1000000"), 1);
 }
 
-/// Points are commas and thousands are grouped by points.
+/// The decimal point is a comma, and points group the thousands.
 struct swapped_points : std::numpunct<char> {
   char do_decimal_point() const override { return ','; }
   char do_thousands_sep() const override { return '.'; }
@@ -273,13 +271,13 @@ struct swapped_points : std::numpunct<char> {
 };
 
 TEST(str_to_floating, given_locale_chooses_point_and_grouping) {
-  const std::locale place(std::locale::classic(), new swapped_points);
-  EXPECT_EQ(convert::str_to_double("1.234,5", place), 1234.5);
-  EXPECT_EQ(convert::str_to_float("1,5", place), 1.5f);
-  EXPECT_EQ(convert::str_to_long_double("1,5", place), 1.5L);
-  EXPECT_EQ(convert::str_to_double("1.23,5", place), 0.0);
+  const std::locale locale(std::locale::classic(), new swapped_points);
+  EXPECT_EQ(convert::str_to_double("1.234,5", locale), 1234.5);
+  EXPECT_EQ(convert::str_to_float("1,5", locale), 1.5f);
+  EXPECT_EQ(convert::str_to_long_double("1,5", locale), 1.5L);
+  EXPECT_EQ(convert::str_to_double("1.23,5", locale), 0.0);
   for (const char* text : {"1.234,5", "12.34", "1,2,3", ".5", ",5", "1..2", "-1.234.567", "1e3", "1e"}) {
-    EXPECT_TRUE(same(convert::str_to_double(text, place), from_stream<double>(text, place))) << text;
+    EXPECT_TRUE(same(convert::str_to_double(text, locale), from_stream<double>(text, locale))) << text;
   }
 }
 

@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
-#include <random>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,6 +12,7 @@
 #include "orva/exceptions/exception.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/strings/ustring.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_numbers.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
@@ -75,8 +75,8 @@ reading outcome_of(Read read) {
   return reading::number;
 }
 
-/// Reads with the library, saturating and throwing, and compares both with what the reference says. `length`
-/// may be 0 for the signed and unsigned rules about it; `visible` is what the reader is then to see.
+/// Reads with the library, saturating and throwing, and compares both with the reference. `length` may be 0,
+/// which means different things to signed and unsigned readers; `visible` is the text that is then read.
 template <typename Integer, typename Unit>
 bool reads_as_reference(const Unit* text, std::size_t length, const std::vector<std::uint32_t>& visible,
                         unsigned int base) {
@@ -85,17 +85,17 @@ bool reads_as_reference(const Unit* text, std::size_t length, const std::vector<
   const auto read = [&](bool throw_on_range) {
     value = reader<Integer>::read(text, length, radix_of(base), throw_on_range);
   };
-  const bool throws_as_told = outcome_of([&] { read(true); }) == expected.outcome;
+  const bool throws_as_expected = outcome_of([&] { read(true); }) == expected.outcome;
   const reading saturating = outcome_of([&] { read(false); });
   if (expected.outcome == reading::invalid_radix) {
-    return throws_as_told && saturating == reading::invalid_radix;
+    return throws_as_expected && saturating == reading::invalid_radix;
   }
-  return throws_as_told && saturating == reading::number && value == expected.value;
+  return throws_as_expected && saturating == reading::number && value == expected.value;
 }
 
 template <typename Integer, typename Unit>
 void expect_as_reference(const std::basic_string<Unit>& text, unsigned int base) {
-  // A buffer of the exact size, without a terminator, so that a read outside it is seen.
+  // A buffer of the exact size, without a terminator, so that sanitizers detect a read outside it.
   const auto units = std::make_unique<Unit[]>(text.size());
   std::copy(text.begin(), text.end(), units.get());
   std::vector<std::uint32_t> visible;
@@ -242,11 +242,11 @@ TEST(str_to_x, signed_reader_measures_text_of_length_0) {
   EXPECT_EQ(convert::str_to_int8(utf32.c_str(), 0, radix::prefix, true), 127);
 }
 
-TEST(str_to_x, unsigned_reader_takes_length_0_at_its_word) {
+TEST(str_to_x, unsigned_reader_reads_one_unit_of_length_0) {
   EXPECT_EQ(convert::str_to_uint32("42", 0, radix::decimal, true), 4u);
   EXPECT_EQ(convert::str_to_uint64("42", 0, radix::prefix, true), 4u);
   EXPECT_EQ(convert::str_to_uint32("", 0, radix::decimal, true), 0u);
-  // Only the first unit is there: what would go on behind it ends instead.
+  // Only the first unit can be read: a sign or a prefix that needs another one ends the text.
   const char units[] = {'4', ' ', '-', '+', '0', '\\', 'x'};
   const unsigned int expected[] = {4, 0, 0, 0, 0, 0, 0};
   for (std::size_t i = 0; i < std::size(units); ++i) {
@@ -334,7 +334,7 @@ TEST(str_to_x, every_text_of_one_unit_with_length_0) {
   }
 }
 
-TEST(str_to_x, nothing_is_read_behind_the_length) {
+TEST(str_to_x, nothing_is_read_beyond_the_length) {
   const std::string_view text = "  -0x12";
   const int expected[] = {0, 0, 0, 0, 0, -1, -18};
   for (std::size_t length = 1; length <= text.size(); ++length) {
@@ -405,7 +405,7 @@ raised raised_by(Read read) {
   return {};
 }
 
-TEST(str_to_x, exceptions_tell_message_file_and_function) {
+TEST(str_to_x, exceptions_have_message_file_and_function) {
   const std::string file = "generic/convert/str_to_x";
   const std::string signed_form = ORVA_QUALIFIED("generic::convert::strtointx");
   const std::string unsigned_form = ORVA_QUALIFIED("generic::convert::strtouintx");
@@ -538,9 +538,7 @@ TEST(str_to_x, every_16_bit_number_reads_back_in_every_radix) {
 }
 
 TEST(str_to_x, random_texts_as_the_reference) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   constexpr std::string_view alphabet = "  --++00\\xXbB123456789aAfFzZ.\xE4\xA0";
   for (int run = 0; run < 8000; ++run) {
     std::string text(1 + random() % 24, '0');

@@ -6,11 +6,11 @@
 #include <array>
 #include <cstdint>
 #include <limits>
-#include <random>
 #include <string>
 #include <vector>
 
 #include "orva/debug/assert.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_numbers.hpp"
 
 namespace {
@@ -23,7 +23,7 @@ using ORVA_NAMESPACE::strings::code_unit32;
 
 enum class untouched : std::uint8_t { mark = 0x5A };
 
-/// A buffer that tells whether anything was written behind the terminator.
+/// A buffer that shows whether anything was written after the terminator.
 template <code_unit Unit>
 struct marked_buffer {
   marked_buffer() { units.fill(static_cast<Unit>(untouched::mark)); }
@@ -101,7 +101,7 @@ TEST(x_to_str, longest_number_fills_the_buffer) {
   EXPECT_EQ(text.size() + 1, convert::number_buffer_size);
 }
 
-TEST(x_to_str, radix_above_36_goes_on_behind_z) {
+TEST(x_to_str, radix_above_36_continues_after_z) {
   EXPECT_EQ(written([](char* buffer) { convert::ulltoa(36, buffer, 37); }), "{");
   EXPECT_EQ(written([](char* buffer) { convert::ulltoa(37, buffer, 37); }), "10");
 }
@@ -150,9 +150,7 @@ TEST(x_to_str, numbers_around_every_change_of_length_as_the_reference) {
 }
 
 TEST(x_to_str, random_numbers_as_the_reference) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for (int run = 0; run < 20000; ++run) {
     const std::uint64_t value = random() >> random() % 64;
     expect_as_reference(value, 10);
