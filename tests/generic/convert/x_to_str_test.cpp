@@ -65,45 +65,45 @@ void expect_as_reference(std::uint64_t value, unsigned int radix) {
 }
 
 template <typename Write>
-std::string written(Write write) {
+std::string text_of(Write write) {
   char buffer[convert::number_buffer_size];
   write(buffer);
   return buffer;
 }
 
 TEST(x_to_str, documentation_example) {
-  EXPECT_EQ(written([](char* buffer) { convert::ltoa(-2147483647L - 1, buffer, 10); }), "-2147483648");
-  EXPECT_EQ(written([](char* buffer) { convert::ltoa(255, buffer, 16); }), "ff");
-  EXPECT_EQ(written([](char* buffer) { convert::ltoa(-255, buffer, 16); }), "-ff");
-  EXPECT_EQ(written([](char* buffer) { convert::ultoa(0, buffer, 2); }), "0");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ltoa(-2147483647L - 1, buffer, 10); }), "-2147483648");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ltoa(255, buffer, 16); }), "ff");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ltoa(-255, buffer, 16); }), "-ff");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ultoa(0, buffer, 2); }), "0");
 }
 
 TEST(x_to_str, limits_of_each_type_are_written) {
-  EXPECT_EQ(written([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::min(), buffer, 10); }),
+  EXPECT_EQ(text_of([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::min(), buffer, 10); }),
             "-9223372036854775808");
-  EXPECT_EQ(written([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::max(), buffer, 10); }),
+  EXPECT_EQ(text_of([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::max(), buffer, 10); }),
             "9223372036854775807");
-  EXPECT_EQ(written([](char* buffer) {
+  EXPECT_EQ(text_of([](char* buffer) {
               convert::ulltoa(std::numeric_limits<unsigned long long>::max(), buffer, 10);
             }),
             "18446744073709551615");
-  EXPECT_EQ(written([](char* buffer) { convert::ltoa(std::numeric_limits<long>::min(), buffer, 10); }),
+  EXPECT_EQ(text_of([](char* buffer) { convert::ltoa(std::numeric_limits<long>::min(), buffer, 10); }),
             std::to_string(std::numeric_limits<long>::min()));
   EXPECT_EQ(
-      written([](char* buffer) { convert::ultoa(std::numeric_limits<unsigned long>::max(), buffer, 10); }),
+      text_of([](char* buffer) { convert::ultoa(std::numeric_limits<unsigned long>::max(), buffer, 10); }),
       std::to_string(std::numeric_limits<unsigned long>::max()));
 }
 
 TEST(x_to_str, longest_number_fills_the_buffer) {
   const std::string text =
-      written([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::min(), buffer, 2); });
+      text_of([](char* buffer) { convert::lltoa(std::numeric_limits<long long>::min(), buffer, 2); });
   EXPECT_EQ(text, "-1" + std::string(63, '0'));
   EXPECT_EQ(text.size() + 1, convert::number_buffer_size);
 }
 
 TEST(x_to_str, radix_above_36_continues_after_z) {
-  EXPECT_EQ(written([](char* buffer) { convert::ulltoa(36, buffer, 37); }), "{");
-  EXPECT_EQ(written([](char* buffer) { convert::ulltoa(37, buffer, 37); }), "10");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ulltoa(36, buffer, 37); }), "{");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ulltoa(37, buffer, 37); }), "10");
 }
 
 TEST(x_to_str, radix_0_and_1_write_an_empty_text_and_fail_an_assertion) {
@@ -117,9 +117,9 @@ TEST(x_to_str, radix_0_and_1_write_an_empty_text_and_fail_an_assertion) {
     count_failures* clone() const override { return new count_failures; }
   };
   debug::set_assert_hook(ORVA_NAMESPACE::functor::delegate_t<debug::assert_hook>(count_failures{}));
-  EXPECT_EQ(written([](char* buffer) { convert::lltoa(-5, buffer, 0); }), "");
-  EXPECT_EQ(written([](char* buffer) { convert::lltoa(5, buffer, 1); }), "");
-  EXPECT_EQ(written([](char* buffer) { convert::ultoa(0, buffer, 0); }), "");
+  EXPECT_EQ(text_of([](char* buffer) { convert::lltoa(-5, buffer, 0); }), "");
+  EXPECT_EQ(text_of([](char* buffer) { convert::lltoa(5, buffer, 1); }), "");
+  EXPECT_EQ(text_of([](char* buffer) { convert::ultoa(0, buffer, 0); }), "");
   EXPECT_EQ(failures, 3);
   debug::set_assert_hook(ORVA_NAMESPACE::types::nil);
 }
