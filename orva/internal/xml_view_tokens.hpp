@@ -57,7 +57,8 @@ class xml_view_tokens {
     tokens_.reserve(text.size() / bytes_for_each_token);
     bool start_tag_closed = true;
     const auto add = [this](view_token::token_type type, std::string_view value) {
-      tokens_.emplace_back(type, lasting(value));
+      const bool may_be_in_a_buffer = type == view_token::attribute_value || type == view_token::character;
+      tokens_.emplace_back(type, may_be_in_a_buffer ? lasting(value) : value);
     };
     xml::token_events<view_token, decltype(add)> events(start_tag_closed, add);
     types::uint32 line = 0;
@@ -79,7 +80,7 @@ class xml_view_tokens {
     const std::less<const char*> before;
     const bool is_in_text = !before(value.data(), text_.data()) &&
                             !before(text_.data() + text_.size(), value.data() + value.size());
-    if (is_in_text || value.empty()) return value;
+    if (is_in_text) return value;
     return expanded_.emplace_back(value);
   }
 
