@@ -1,8 +1,14 @@
 /// Measuring text and reading one character out of it.
 ///
+///     string_length("\xC3\xA4")                =>  2         one character in two bytes
+///     character_index("a\xC3\xA4z", 2)         =>  3         the third character begins at byte 3
+///     unichar("\xE2\x82\xAC", 3, 0, step)      =>  0x20AC    step is 3
+///
 /// Lengths and positions are in code units: bytes of UTF-8, 16-bit units of UTF-16, code points of UTF-32. A
-/// character is one Unicode code point. The functions look only at the text they are given, so any number of
-/// threads may share it.
+/// character is one Unicode code point. Text is read where it is and never copied, and nothing is shared
+/// between calls, so any number of threads may read the same text.
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include "orva/export.hpp"
@@ -15,7 +21,7 @@ namespace ORVA_NAMESPACE::strings {
 inline constexpr types::uint32 no_character = 0xFFFFFFFF;
 
 /// The length of `text` in code units, never in characters. A pointer is read up to its terminator and must
-/// not be null. A length that 32 bits cannot tell is given as 0xFFFFFFFF.
+/// not be null. A length that does not fit into 32 bits is returned as 0xFFFFFFFF.
 ///
 ///     string_length("a")         =>  1
 ///     string_length("\xC3\xA4")  =>  2     one character, two bytes
@@ -30,25 +36,26 @@ ORVA_API types::uint32 string_length(ustring32::view text);
 /// The index of the code unit at which a character begins, or `no_character`. Characters count from 0. In
 /// UTF-32 the two indexes are the same.
 ///
-/// A `character` that is not less than the number of code units, and a malformed sequence on the way, give
-/// `no_character`. Between the number of characters and the number of units nothing fails: the terminator and
-/// everything behind it count as characters of one unit, so that the result can lie behind the text.
+/// A `character` that is not less than the number of code units gives `no_character`, and so does a malformed
+/// sequence before the character. A `character` between the number of characters and the number of units does
+/// not fail: the terminator and every position after it count as one character each, so that the result can
+/// be after the end of the text.
 ///
 ///     character_index("a\xC3\xA4z", 2)  =>  3
 ///     character_index("a\xC3\xA4z", 3)  =>  4           the end: three characters in four bytes
 ///     character_index("abc", 3)         =>  no_character
 ///
-/// In UTF-16 a stray low surrogate is looked for in the first unit of the text only: a text that begins with
-/// one has no character but number 0, and a later one counts as a character.
+/// In UTF-16 only the first unit of the text is checked for a stray low surrogate. A text that begins with
+/// one has no character but number 0. A later one counts as a character.
 ORVA_API types::uint32 character_index(ustring8::view text, types::uint32 character);
 ORVA_API types::uint32 character_index(ustring16::view text, types::uint32 character);
 
 /// The character that begins at `position` of a buffer of `length` code units. `step` receives the number of
 /// units that it takes: add it to `position` to go on. When there is no whole, well-formed character the
-/// result is '?' (0x3F) and `step` is `no_character`; a `position` at or behind `length` is such a case.
+/// result is '?' (0x3F) and `step` is `no_character`; this includes a `position` at or after `length`.
 ///
-/// UTF-8 is taken by its bit layout alone: overlong forms, encoded surrogates and values above 0x10FFFF come
-/// back as they stand. UTF-32 units are not checked.
+/// UTF-8 is read by its bit layout alone: overlong forms, encoded surrogates and values above 0x10FFFF are
+/// returned as they are. UTF-32 units are not checked.
 ///
 ///     unichar("\xE2\x82\xAC", 3, 0, step)      =>  0x20AC,    step 3
 ///     unichar("\xC0\x80", 2, 0, step)          =>  0,         step 2

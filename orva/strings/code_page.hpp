@@ -1,29 +1,33 @@
-/// `code_page`: the bridge between the library's strings and byte strings in legacy encodings.
+/// `code_page`: conversion between the library's strings and byte strings in legacy encodings.
 ///
-/// An object is a value that names one encoding, four bytes large, copied freely; it owns nothing and shares
-/// nothing, so threads need no care. `encode` gives a byte string of that encoding, `as_utf8` and its
-/// siblings read one. The conversion is that of the platform which defined the code pages, everywhere and to
-/// the last best fit.
+///     const code_page western(code_page::cp_1252);
+///     western.encode("\xE2\x82\xAC")                       =>  "\x80"
+///     western.as_utf8("\x80")                              =>  "\xE2\x82\xAC"
+///     code_page(code_page::cp_932).as_utf16("\x82\xA0")    =>  u"\u3042"
 ///
-///     code_page(code_page::cp_1252).encode("\xE2\x82\xAC")  =>  "\x80"
-///     code_page(code_page::cp_1252).as_utf8("\x80")         =>  "\xE2\x82\xAC"
-///     code_page(code_page::cp_932).as_utf16("\x82\xA0")     =>  u"\u3042"
+/// A `code_page` is a value of four bytes that names one encoding. `encode` returns a byte string of that
+/// encoding; `as_utf8` and its siblings read one. Text and bytes are taken as views, without a copy. The
+/// results are those of the platform that defined the code pages, on every platform, down to the nearest
+/// character that it chooses. Nothing is shared between objects, so any thread may call these.
 ///
 /// No text is refused for its content:
 ///
-///     what a page lacks, encoded    the nearest character that it has, as 'A' for U+0100 in cp_1252; else '?', one
-///                                   for each 16-bit unit, so that a surrogate pair gives "??"
-///     an undefined byte, decoded    0x80 to 0x9F: the control of that value; above: a private character
-///     an undefined pair, decoded    U+30FB in cp_932, '?' in the others, once for both bytes; likewise a lead byte at
-///                                   the end
-///     bad UTF-8, decoded            U+FFFD for the lead byte and the continuation bytes up to the fault
-///     an unpaired surrogate         U+FFFD in utf8, '?' in all others
+///     encoded   a character not in the page   the nearest one that is, as 'A' for U+0100 in cp_1252,
+///                                             else '?', or "??" for a surrogate pair
+///     encoded   an unpaired surrogate         U+FFFD in utf8, '?' in all others
+///     decoded   an undefined byte             the control of that value up to 0x9F, else a private character
+///     decoded   an undefined pair             U+30FB in cp_932, else '?', once for both bytes;
+///                                             a lead byte at the end is one too
+///     decoded   bad UTF-8                     U+FFFD for the lead byte and the continuation bytes up to the
+///                                             fault
 ///
-/// A text ends at its first zero unit, and a byte string at its first zero byte, whatever the size says.
+/// A text ends at its first zero unit, and a byte string at its first zero byte, whatever its size.
 ///
-/// An invalid type fails when something is first converted, an empty text included, and not before: it raises
-/// `exceptions::invalid_argument_value` with "Not valid code_page type". A conversion that fails, which is
-/// one of two thousand million units or more, throws `std::length_error` with "string too long".
+/// An invalid type fails when something is first converted, even an empty text: it raises
+/// `exceptions::invalid_argument_value` with "Not valid code_page type". A conversion of 0x7FFFFFFF units or
+/// more, or into so many bytes, throws `std::length_error` with "string too long".
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include <string>
@@ -42,11 +46,10 @@ class ORVA_API code_page {
   /// Any other value is invalid: 0, which is the default, negative ones, and those in the gap below
   /// `iso_8859_15`.
   enum encoding_type : types::int32 {
-    /// What bytes of files and windows mean where nobody says. On Windows the system's setting; elsewhere
-    /// UTF-8, which
-    /// files, terminals and names hold there and which loses nothing. No setting is read there.
+    /// The encoding of files and windows that name none: the system's setting on Windows, UTF-8 elsewhere,
+    /// where no setting is read.
     ansi = 1,
-    /// The same for terminals: elsewhere UTF-8, too.
+    /// The encoding of terminals: the system's setting on Windows, UTF-8 elsewhere.
     oem = 2,
     oem_alternate = 3,
     utf8 = 4,
@@ -62,7 +65,7 @@ class ORVA_API code_page {
     cp_1255 = 1255,       ///< Windows Hebrew
     cp_1256 = 1256,       ///< Windows Arabic
     cp_1257 = 1257,       ///< Windows Baltic
-    cp_1258 = 1258,       ///< Windows Vietnamese; accents stand alone, nothing is composed
+    cp_1258 = 1258,       ///< Windows Vietnamese; accents are characters of their own and are not composed
     koi8_r = 20866,       ///< Russian
     koi8_u = 21866,       ///< Ukrainian
     iso_8859_1 = 28591,   ///< Western European
@@ -88,7 +91,7 @@ class ORVA_API code_page {
   code_page& operator=(const encoding_type& type) noexcept { return *this = code_page(type); }
   code_page& operator=(const types::nil_t& nil) noexcept { return *this = code_page(nil); }
 
-  /// Types are compared as they are: `oem` and `oem_alternate` differ, though they mean one encoding.
+  /// Compares the types: `oem` and `oem_alternate` differ, although they are one encoding.
   bool equal(const code_page& other) const noexcept { return type_ == other.type_; }
   bool equal(const encoding_type& type) const noexcept { return type_ == type; }
   /// Whether the type is negative. A code page made from `nil` has type 0 and does not equal it: compare with
@@ -103,9 +106,8 @@ class ORVA_API code_page {
   /// Sets the type and returns it.
   encoding_type& type(const encoding_type& type) noexcept { return type_ = type; }
 
-  /// The byte string of a text. UTF-8 and UTF-32 go through the transforms of `strings/unicode.hpp` and their
-  /// rules for bad text first: invalid UTF-8 is encoded as the text "-1", and UTF-32 beyond the basic plane
-  /// loses its characters.
+  /// The byte string of a text. UTF-8 and UTF-32 first become UTF-16, by the rules of `strings/unicode.hpp`:
+  /// invalid UTF-8 is encoded as the text "-1", and characters beyond the basic plane of UTF-32 are lost.
   ///
   /// Inverse: `as_utf8`, `as_utf16`, `as_utf32`, as far as the page has the characters.
   std::string encode(ustring8::view text) const;

@@ -1,9 +1,14 @@
 /// The code units of the library's strings, on each platform.
 ///
-/// What decides are the widths of `wchar_t` and `long`, not the name of the system. Where `wchar_t` has 16
-/// bits, as on the platform that the library was designed for, wide characters are UTF-16 code units and
-/// `ustring16` is interchangeable with `std::wstring`. Where it has 32 bits, `wchar_t` text is UTF-32 and
-/// crosses into the library's strings only through `from_wchar` and `to_wchar`; nothing takes it silently.
+///     code_unit16 unit = u'x';                 wchar_t where that has 16 bits, else char16_t
+///     wide_string text = {unit, unit};         std::wstring there, else std::u16string
+///
+/// The widths of `wchar_t` and `long` decide, not the name of the system. Where `wchar_t` has 16 bits, as on
+/// Windows, wide characters are UTF-16 code units and `ustring16` is interchangeable with `std::wstring`.
+/// Where it has 32 bits, text of `wchar_t` is UTF-32 and is converted by `from_wchar` and `to_wchar` alone;
+/// no other function takes it.
+///
+/// Edge cases: docs/edges.md#platforms
 #pragma once
 
 #include <climits>
@@ -19,7 +24,7 @@ inline constexpr bool wchar_is_utf16 = sizeof(wchar_t) == 2;
 using code_unit16 = std::conditional_t<wchar_is_utf16, wchar_t, char16_t>;
 using code_unit32 = std::conditional_t<LONG_MAX == 0x7FFFFFFF, unsigned long, char32_t>;
 
-/// The standard string of 16-bit units: UTF-16 text without the promise that `ustring16` makes.
+/// The standard string of 16-bit units.
 using wide_string = std::basic_string<code_unit16>;
 
 static_assert(sizeof(code_unit16) == 2 && sizeof(code_unit32) == 4);

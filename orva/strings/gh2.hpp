@@ -17,6 +17,8 @@
 ///     0xE0 to 0xEF    =>  3
 ///     0xF0 to 0xF7    =>  4
 ///     any other       =>  0
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include <iosfwd>

@@ -20,16 +20,16 @@ std::size_t count_matches(view<Unit> text, _private::searcher<Unit>& matches, st
   return count;
 }
 
-struct rewritten {
+struct rewrite_result {
   std::size_t size;
   std::size_t count;
 };
 
-/// Writes the text with its replacements from the front of `units`, reading the old text from `read` to the
-/// end. REQUIRES: what is written never overtakes what is read.
+/// Writes the text with its replacements from the front of `units`, and reads the old text from `read` to the
+/// end. REQUIRES: the writing position never passes the reading position.
 template <typename Unit>
-rewritten rewrite(std::basic_string<Unit>& units, std::size_t read, _private::searcher<Unit>& matches,
-                  std::size_t from_size, view<Unit> to) {
+rewrite_result rewrite(std::basic_string<Unit>& units, std::size_t read, _private::searcher<Unit>& matches,
+                       std::size_t from_size, view<Unit> to) {
   using traits = std::char_traits<Unit>;
   std::size_t write = 0;
   const auto keep_until = [&](std::size_t position) {
@@ -53,7 +53,7 @@ bool is_part_of(view<Unit> part, view<Unit> text) {
   return !before(part.data(), text.data()) && !before(text.data() + text.size(), part.data());
 }
 
-/// How much room a result needs beside the text; in sizes that cannot wrap.
+/// The units by which the result is longer than the text. The product cannot wrap.
 template <typename Unit>
 std::size_t room(const std::basic_string<Unit>& text, std::size_t count, std::size_t growth) {
   if (count == 0) return 0;
@@ -62,11 +62,11 @@ std::size_t room(const std::basic_string<Unit>& text, std::size_t count, std::si
 }
 
 template <typename Unit>
-std::size_t replace_apart(std::basic_string<Unit>& text, view<Unit> from, view<Unit> to) {
+std::size_t replace_separate(std::basic_string<Unit>& text, view<Unit> from, view<Unit> to) {
   _private::searcher<Unit> matches(from);
   std::size_t read = 0;
   if (to.size() > from.size()) {
-    // The old text moves to the end of the room that the new one needs, so that one pass from the front does.
+    // The old text moves to the end of the room for the new one, so that one pass from the front is enough.
     read = room(text, count_matches(view<Unit>(text), matches, from.size()), to.size() - from.size());
     if (read == 0) return 0;
     text.insert(0, read, Unit{});
@@ -83,10 +83,10 @@ types::int32 replace_all(std::basic_string<Unit>& text,
                          std::type_identity_t<std::basic_string_view<Unit>> from,
                          std::type_identity_t<std::basic_string_view<Unit>> to) {
   if (from.empty()) return 0;
-  const bool apart = !is_part_of<Unit>(from, text) && !is_part_of<Unit>(to, text);
-  if (apart) return static_cast<types::int32>(replace_apart<Unit>(text, from, to));
+  const bool separate = !is_part_of<Unit>(from, text) && !is_part_of<Unit>(to, text);
+  if (separate) return static_cast<types::int32>(replace_separate<Unit>(text, from, to));
   return static_cast<types::int32>(
-      replace_apart<Unit>(text, std::basic_string<Unit>(from), std::basic_string<Unit>(to)));
+      replace_separate<Unit>(text, std::basic_string<Unit>(from), std::basic_string<Unit>(to)));
 }
 
 template types::int32 replace_all(std::string&, std::string_view, std::string_view);

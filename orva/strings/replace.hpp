@@ -1,13 +1,15 @@
-/// `replace_all`: every occurrence of one text in a string replaced by another, in place.
-///
-/// Works on code units of the three widths. Occurrences are found from the front and do not overlap, and what
-/// has been put in is not searched again. Takes time linear to the text before and after; the string grows at
-/// most once. Any thread may call it on a string of its own.
+/// `replace_all`: replaces every occurrence of one text in a string by another, in place.
 ///
 ///     text    from   to
 ///     "aaa"   "a"    "aa"   =>  "aaaaaa", 3
 ///     "aaa"   "aa"   "a"    =>  "aa", 1
 ///     "aaa"   ""     "x"    =>  "aaa", 0
+///
+/// Works on code units of the three widths. Occurrences are found from the front and do not overlap; inserted
+/// text is not searched again. Takes time linear to the text before and after, and the string grows at most
+/// once. Any thread may call it on a string of its own.
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include <string>
@@ -20,9 +22,9 @@
 
 namespace ORVA_NAMESPACE::strings {
 
-/// Gives the number of replacements made. `from` and `to` may be parts of `text`: they are taken as they are
-/// before the first replacement. A result longer than a string can be throws `std::length_error`, "string too
-/// long", and leaves `text` as it was.
+/// Returns the number of replacements. `from` and `to` may be parts of `text`: they are read before the first
+/// replacement. A result longer than a string can be throws `std::length_error`, "string too long", and
+/// leaves `text` as it was.
 ///
 /// `Unit` is deduced from `text`, a `ustring8`, `ustring16`, `ustring32` or the standard string of one of
 /// their units.

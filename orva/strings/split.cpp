@@ -16,7 +16,7 @@ void append_pieces(typename ustring_for<String>::view text, typename ustring_for
   _private::searcher<typename String::value_type> delimiters(delimiter);
   std::size_t start = 0;
   int count = 0;
-  // Text behind the last delimiter is an element only if there is any, so the search may stop at the end.
+  // A delimiter at the end yields no element, so that the search stops at the end.
   while (start < text.size()) {
     const std::size_t match = delimiters.find(text, start);
     if (match == text.npos) break;

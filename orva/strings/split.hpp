@@ -1,7 +1,4 @@
-/// `split_string`: a text cut at each place where a delimiter stands.
-///
-/// Works on code units: nothing is decoded, and a delimiter of several units is compared unit by unit. The
-/// result owns its pieces. Any thread may call it.
+/// `split_string`: cuts a text at each delimiter.
 ///
 ///     text     delimiter  max
 ///     "a,b"    ","        0    =>  "a", "b"
@@ -9,8 +6,13 @@
 ///     "a,,b"   ","        0    =>  "a", "", "b"
 ///     "a,"     ","        0    =>  "a"              a delimiter at the end yields none
 ///     ""       ","        0    =>  nothing
-///     "a"      ""         0    =>  "a"              an empty delimiter: the text as it is, also when it is empty
+///     "a"      ""         0    =>  "a"              an empty delimiter: the whole text, also if it is empty
 ///     "a,b,c"  ","        1    =>  "a", "b,c"       at most `max` cuts; 0 or less is no limit
+///
+/// Works on code units: nothing is decoded, and a delimiter of several units is compared unit by unit. Text
+/// and delimiter are taken as views, and the result owns its pieces. Any thread may call it.
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include <cstddef>
@@ -26,7 +28,7 @@ namespace ORVA_NAMESPACE::strings {
 
 namespace _private {
 
-/// Text of a string class keeps its class; anything else becomes the library's string of its width.
+/// A standard string gives pieces of its class; any other text gives the library's string of its width.
 template <typename Text>
 struct class_of {
   using type = ustring_for<Text>;
@@ -38,7 +40,7 @@ struct class_of<std::basic_string<Unit>> {
 
 }  // namespace _private
 
-/// `split_string` into a vector that is there already: the pieces come behind those that it holds.
+/// `split_string` into an existing vector: appends the pieces.
 template <code_unit Unit>
 ORVA_API void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
                            std::vector<basic_ustring<Unit>>& pieces);
@@ -46,8 +48,8 @@ template <code_unit Unit>
 ORVA_API void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
                            std::vector<std::basic_string<Unit>>& pieces);
 
-/// The string class in which the pieces of a text come: `std::string` for a `std::string`, `ustring8` for a
-/// `ustring8` and for a literal, and so for each width.
+/// The string class of the pieces: `std::string` for a `std::string`, `ustring8` for a `ustring8`, a view and
+/// a literal, and likewise for each width.
 template <any_text Text>
 using piece_of = typename _private::class_of<std::remove_cvref_t<Text>>::type;
 

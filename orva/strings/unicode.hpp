@@ -10,7 +10,7 @@
 /// that is too long throw what the standard string throws. Nothing is shared between calls, so any thread may
 /// call these.
 ///
-///                    bad text                                          gives
+///                    bad text                                          result
 ///     utf8_to_utf16  an invalid byte, a cut sequence                   the text "-1" instead of the whole
 ///     utf8_to_utf32  an invalid byte, a cut sequence                   a question mark for each bad byte
 ///     utf16_to_utf8  an unpaired surrogate                             the text "-1" instead of the whole
@@ -72,7 +72,7 @@ ORVA_API ustring32 utf16_to_utf32(ustring16::view text);
 ORVA_API ustring8 utf32_to_utf8(ustring32::view text);
 
 /// Not the inverse of `utf16_to_utf32` from U+FFFF on: the pair is made of the code point as it is, without
-/// the subtraction of 0x10000 that UTF-16 asks for, and U+FFFF becomes a pair too.
+/// the subtraction of 0x10000 that UTF-16 requires, and U+FFFF becomes a pair too.
 ///
 ///     0xFFFE    =>  0xFFFE
 ///     0xFFFF    =>  0xD83F 0xDFFF
@@ -96,14 +96,14 @@ ORVA_API ustring8 remove_BOM(ustring8::view text);
 ORVA_API ustring16 remove_BOM(ustring16::view text);
 ORVA_API ustring32 remove_BOM(ustring32::view text);
 
-/// Exchanges the two bytes of every unit in place. Its own inverse. Looks at no mark.
+/// Exchanges the two bytes of every unit in place, whatever the text begins with. Its own inverse.
 ORVA_API void modify_swap_string_bytes_order(ustring16& text);
 
 /// Returns a copy of `text` as it is; callers rely on that. Use `modify_swap_string_bytes_order` to swap.
 ORVA_API ustring16 swap_string_bytes_order(ustring16::view text);
 
-/// Swaps a text that begins with 0xFFFE in place, the mark included, so that it begins with 0xFEFF; leaves
-/// any other alone.
+/// Swaps a text that begins with 0xFFFE in place, the mark included, so that it begins with 0xFEFF. Any other
+/// text stays as it is.
 ORVA_API void check_BOM_and_modify_swap(ustring16& text);
 ORVA_API void check_BOM_and_modify_swap(wide_string& text);
 

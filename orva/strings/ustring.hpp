@@ -1,14 +1,19 @@
 /// `ustring8`, `ustring16`, `ustring32`: text in UTF-8, UTF-16 and UTF-32.
 ///
-/// Each is the standard string of its code unit under a type of its own, with nothing stored beside it, and
-/// converts to and from that string implicitly. The encoding is the caller's promise: nothing here validates,
-/// and text of any bytes is stored, compared, sorted and joined without complaint. Order is by code unit
-/// value, so it is case-sensitive and knows no locale; a `ustring8` works as a key of maps and sets.
+///     const ustring8 name = "gr\xC3\xBC\xC3\x9F";
+///     const ustring8 line = "Hello, " + name + '!';      // sums and substr keep the class
+///     const std::string plain = line;                  // converts implicitly, both ways
+///     const ustring16 wide = utf8_to_utf16(line);      // widths only through strings/unicode.hpp
 ///
-/// There is no conversion between the three: crossing widths always goes through `strings/unicode.hpp`.
+/// Each is a class derived from the standard string of its code unit, without further members. The caller is
+/// responsible for the encoding: nothing is validated, and text of any units is stored, compared, sorted and
+/// joined. Order is by code unit value, so it is case-sensitive and independent of the locale. The strings
+/// are keys of maps and sets, hashed ones too.
 ///
-/// Failures are the standard string's own (`std::out_of_range`, `std::length_error`). Values are as safe to
-/// share between threads as standard strings are.
+/// Failures are those of the standard string (`std::out_of_range`, `std::length_error`). Threads may share
+/// values as they may share standard strings.
+///
+/// Edge cases: docs/edges.md#strings
 #pragma once
 
 #include <concepts>
@@ -39,7 +44,7 @@ class basic_ustring : public std::basic_string<Unit> {
   basic_ustring(standard_string&& units) noexcept : standard_string(std::move(units)) {}
   using standard_string::operator=;
 
-  /// A position behind the end throws `std::out_of_range` with the words "invalid string position" on every
+  /// A position after the end throws `std::out_of_range` with the words "invalid string position" on every
   /// platform.
   basic_ustring substr(size_type position = 0, size_type count = npos) const {
     if (position > this->size()) throw std::out_of_range("invalid string position");
@@ -63,7 +68,7 @@ inline constexpr bool is_basic_ustring<basic_ustring<Unit>> = true;
 template <typename T>
 concept ustring = is_basic_ustring<std::remove_cvref_t<T>>;
 
-/// What can stand beside a string of the library in a sum: text of the same width, or one code unit.
+/// The other operand of a sum with a string of the library: text of the same width, or one code unit.
 template <typename T, typename Ustring>
 concept addend_to = ustring<Ustring> &&
     (std::convertible_to<T, typename std::remove_cvref_t<Ustring>::view> ||
@@ -85,7 +90,7 @@ template <typename Ustring, typename Left, typename Right>
 Ustring sum(Left&& left, const Right& right) {
   if constexpr (std::same_as<Left, Ustring>) {
     // The left side is a temporary: a sum of many pieces grows one string instead of copying it at every
-    // step. It grows before it is moved, since the right side may be a part of it.
+    // step. It is moved only afterwards, since the right side may be a part of it.
     left.append(view_of<Ustring>(right));
     return std::move(left);
   } else {
@@ -100,8 +105,8 @@ Ustring sum(Left&& left, const Right& right) {
 
 }  // namespace _private
 
-/// Joining keeps the class: a `ustring8` and anything of its width give a `ustring8`. Both sides are taken as
-/// they come, so that these are a better match than the standard string's own operators.
+/// A sum keeps the class: a `ustring8` and any text of its width give a `ustring8`. Both sides are forwarding
+/// references, so that these are a better match than the standard string's own operators.
 template <_private::ustring Left, _private::addend_to<Left> Right>
 std::remove_cvref_t<Left> operator+(Left&& left, Right&& right) {
   return _private::sum<std::remove_cvref_t<Left>>(std::forward<Left>(left), right);
@@ -118,7 +123,7 @@ std::remove_cvref_t<Right> operator+(Left&& left,
 template <ORVA_NAMESPACE::strings::code_unit Unit>
 struct std::hash<ORVA_NAMESPACE::strings::basic_ustring<Unit>> {
   std::size_t operator()(const ORVA_NAMESPACE::strings::basic_ustring<Unit>& text) const noexcept {
-    // The standard hashes the texts of its own character types; `unsigned long` is none of them.
+    // The standard library hashes text of its own character types only; `unsigned long` is not one of them.
     if constexpr (std::is_default_constructible_v<std::hash<std::basic_string_view<Unit>>>) {
       return std::hash<std::basic_string_view<Unit>>()(text);
     } else {

@@ -15,7 +15,7 @@ using strings::code_unit16;
 using wide_string = std::basic_string<code_unit16>;
 using view16 = std::basic_string_view<code_unit16>;
 
-// The system's terminator ends a text, also one whose size says more.
+// A zero unit ends a text, even where its size is larger.
 
 std::string_view up_to_zero(std::string_view text) { return text.substr(0, text.find('\0')); }
 
@@ -35,25 +35,25 @@ view16 up_to_zero(view16 text) {
   return text.substr(0, static_cast<std::size_t>(from - text.data()));
 }
 
-/// Lets `write` put at most `most` units into `result`. The size of a short one is found out before anything
-/// is allocated.
+/// Lets `write` put at most `capacity` units into `result`. A short result is written on the stack first, so
+/// that it is allocated with its final size.
 template <typename Page, typename Unit, typename Write>
-void fill(std::basic_string<Unit>& result, std::size_t most, Write write) {
+void fill(std::basic_string<Unit>& result, std::size_t capacity, Write write) {
   constexpr std::size_t short_text = 256;
-  if (!Page::one_to_one && most <= short_text) {
+  if (!Page::one_to_one && capacity <= short_text) {
     Unit units[short_text];
-    result.assign(units, write(std::span<Unit>(units, most)));
+    result.assign(units, write(std::span<Unit>(units, capacity)));
     return;
   }
-  text::overwrite(result, most, write);
-  const bool wastes_memory = result.size() < most - most / 4;
+  text::overwrite(result, capacity, write);
+  const bool wastes_memory = result.size() < capacity - capacity / 4;
   if (wastes_memory) result.shrink_to_fit();
 }
 
 template <typename Page>
 void encode_with(const Page& page, view16 text, std::string& bytes) {
-  const std::size_t most = text::times(text.size(), Page::most_bytes_of_unit);
-  fill<Page>(bytes, most, [&](std::span<char> output) {
+  const std::size_t capacity = text::times(text.size(), Page::max_bytes_of_unit);
+  fill<Page>(bytes, capacity, [&](std::span<char> output) {
     return static_cast<std::size_t>(encode(page, text, output.data()) - output.data());
   });
 }
@@ -65,7 +65,7 @@ void decode_with(const Page& page, std::string_view bytes, wide_string& text) {
   });
 }
 
-/// Calls `convert` with the page of this number. False: there is no such page.
+/// Calls `convert` with the page of this number. Returns false if there is no such page.
 template <typename Convert>
 bool with_page(int number, Convert convert) {
   if (const auto* const page = find_single_byte_page(number)) return convert(*page), true;
@@ -84,9 +84,9 @@ bool encode_into(int page, view16 text, std::string& bytes) {
 }
 
 bool decode_into(int page, std::string_view bytes, wide_string& text) {
-  const std::string_view counted = up_to_zero(bytes);
-  return counted.size() < length_limit &&
-         with_page(page, [&](const auto& tables) { decode_with(tables, counted, text); });
+  const std::string_view text_bytes = up_to_zero(bytes);
+  return text_bytes.size() < length_limit &&
+         with_page(page, [&](const auto& tables) { decode_with(tables, text_bytes, text); });
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -1,8 +1,8 @@
 /// Conversion between UTF-16 and the byte strings of code pages, by tables that every system can use.
 ///
-/// The results are those of the platform that defined the code pages: what a page lacks becomes the nearest
-/// character that it has, or its default character, and no text is refused for its content. A text ends at
-/// its first zero unit.
+/// The results are those of the platform that defined the code pages. A character that is not in the page
+/// becomes the nearest one that is, or the page's default character; no text is refused for its content. A
+/// text ends at its first zero unit.
 ///
 /// Internal: not installed.
 #pragma once

@@ -1,4 +1,4 @@
-/// A code page in which some bytes lead a second one, and the two ways through its tables.
+/// A code page of single bytes and pairs of bytes, with the conversion in both directions.
 ///
 /// Internal: not installed.
 #pragma once
@@ -15,18 +15,18 @@ struct double_byte_page {
   int number;
   /// Blocks of 64 units: the bytes of a unit as a number, the first one low. A second byte is never 0.
   const std::uint16_t* blocks;
-  /// For each lead byte the units of its pairs, from the first byte on that can be a second one.
+  /// For each lead byte the units of its pairs, by second byte from `first_second_byte` on.
   const strings::code_unit16* rows;
   /// Where in `blocks` the block of a unit begins, by the unit's high bits.
   std::uint16_t block_of[1024];
-  /// The unit of a byte that stands alone; of a lead byte that which stands for an undefined pair.
+  /// The unit of a single byte; for a lead byte, the unit of an undefined pair.
   strings::code_unit16 single[256];
   /// The row of a lead byte, counted from 1, and 0 for any other.
   unsigned char row_of[256];
 
   /// Whether a unit is always one byte, and a byte one unit.
   static constexpr bool one_to_one = false;
-  static constexpr std::size_t most_bytes_of_unit = 2;
+  static constexpr std::size_t max_bytes_of_unit = 2;
   static constexpr unsigned first_second_byte = 0x40;
   static constexpr std::size_t row_size = 0x100 - first_second_byte;
 
@@ -36,11 +36,11 @@ struct double_byte_page {
   }
 };
 
-/// Writes `text` in `page` and returns the end. The byte behind it may be overwritten, within the room for
-/// two bytes a unit.
+/// Writes `text` in `page` and returns the end. Needs room for two bytes for each unit; the byte after the
+/// end may be overwritten.
 inline char* encode(const double_byte_page& page, std::basic_string_view<strings::code_unit16> text,
                     char* to) {
-  // Copied out of the page: bytes written through a `char*` could be the page, for all that a compiler knows.
+  // Copied out of the page: to the compiler, bytes written through a `char*` could change the page.
   const std::uint16_t* const blocks = page.blocks;
   const std::uint16_t* const block_of = page.block_of;
   text::cursor<strings::code_unit16, char> at{text.data(), to};

@@ -1,4 +1,4 @@
-/// A code page of single bytes, and the two ways through its tables.
+/// A code page of single bytes, with the conversion in both directions.
 ///
 /// Internal: not installed.
 #pragma once
@@ -14,7 +14,7 @@ namespace ORVA_NAMESPACE::internal::code_pages {
 
 struct single_byte_page {
   int number;
-  /// The bytes of 256 units each, shared by all pages: most of what they lack or replace is the same.
+  /// Blocks of the bytes of 256 units, shared by all pages, since most of their blocks are the same.
   const unsigned char* blocks;
   /// Where in `blocks` the block of a unit begins, by the unit's high byte.
   std::uint16_t block_of[256];
@@ -23,11 +23,11 @@ struct single_byte_page {
 
   /// Whether a unit is always one byte, and a byte one unit.
   static constexpr bool one_to_one = true;
-  static constexpr std::size_t most_bytes_of_unit = 1;
+  static constexpr std::size_t max_bytes_of_unit = 1;
 };
 
-/// Converts eight units. Wide ones are stored by fours, as machines load faster than they store; bytes take
-/// longer to put together than that is worth.
+/// Converts eight units. Wide ones are stored four at a time, since machines load faster than they store; for
+/// bytes the combining would take longer than it saves.
 template <typename From, typename To, typename Convert>
 void convert_eight(const From* from, To* to, Convert convert) {
   constexpr std::size_t together = sizeof(To) == 1 ? 1 : 4;
@@ -38,7 +38,7 @@ void convert_eight(const From* from, To* to, Convert convert) {
   }
 }
 
-/// Converts unit by unit, but for blocks of ASCII, which all pages have as it is.
+/// Converts unit by unit, except blocks of ASCII, which is the same in all pages.
 template <typename From, typename To, typename Convert>
 To* convert_each(std::basic_string_view<From> text, To* to, Convert convert) {
   using text::block;
@@ -59,7 +59,7 @@ To* convert_each(std::basic_string_view<From> text, To* to, Convert convert) {
 /// Writes `text` in `page` and returns the end.
 inline char* encode(const single_byte_page& page, std::basic_string_view<strings::code_unit16> text,
                     char* to) {
-  // Copied out of the page: bytes written through a `char*` could be the page, for all that a compiler knows.
+  // Copied out of the page: to the compiler, bytes written through a `char*` could change the page.
   return convert_each(text, to, [blocks = page.blocks, block_of = page.block_of](strings::code_unit16 unit) {
     const std::uint32_t value = text::value_of(unit);
     return static_cast<char>(blocks[block_of[value >> 8] + (value & 0xFF)]);

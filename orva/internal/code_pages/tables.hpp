@@ -1,4 +1,4 @@
-/// The tables of the code pages, as the platform that defined them answers.
+/// The tables of the code pages, made from the answers of the platform that defined them.
 ///
 /// Internal: not installed.
 #pragma once

@@ -1,5 +1,5 @@
-/// UTF-8 as a code page: not the reading of `strings/unicode.hpp`, which takes bytes by their layout and
-/// refuses a whole text, but one that puts U+FFFD for whatever no standard allows, and goes on.
+/// UTF-8 as a code page. Unlike `strings/unicode.hpp`, which reads bytes by their layout and refuses a whole
+/// text, it replaces each sequence that the standard does not allow by U+FFFD and continues.
 ///
 /// Internal: not installed.
 #pragma once
@@ -17,12 +17,12 @@ namespace ORVA_NAMESPACE::internal::code_pages {
 struct utf8_page {
   /// Whether a unit is always one byte, and a byte one unit.
   static constexpr bool one_to_one = false;
-  static constexpr std::size_t most_bytes_of_unit = 4;
+  static constexpr std::size_t max_bytes_of_unit = 4;
   static constexpr std::uint32_t replacement = 0xFFFD;
 };
 
-/// Whether a sequence can go on so: not where its value would have a shorter form, be a surrogate or lie
-/// above 0x10FFFF.
+/// Whether the standard allows this second byte: not for a value that has a shorter form, is a surrogate or
+/// is above 0x10FFFF.
 constexpr bool can_be_second(unsigned char second, unsigned char lead) {
   if (lead == 0xE0) return second >= 0xA0;
   if (lead == 0xED) return second < 0xA0;
@@ -31,8 +31,9 @@ constexpr bool can_be_second(unsigned char second, unsigned char lead) {
   return true;
 }
 
-/// The character at `at`. A sequence at fault is the replacement, for the lead byte and the continuation
-/// bytes up to the fault, of which one that the lead byte does not allow is the last.
+/// The character at `at`. A bad sequence becomes one replacement, which takes the lead byte and the
+/// continuation bytes before the fault; a continuation byte that the lead byte does not allow belongs to it
+/// too.
 ///
 /// REQUIRES: remaining > 0.
 constexpr text::character decode_or_replace(const char* at, std::size_t remaining) {
@@ -50,14 +51,14 @@ constexpr text::character decode_or_replace(const char* at, std::size_t remainin
   return {code_point, length};
 }
 
-/// Whether a sequence of `Length` that is well laid out tells `code_point` as the standard asks for.
+/// Whether the standard encodes `code_point` in a sequence of `Length`.
 template <std::size_t Length>
 constexpr bool is_standard(std::uint32_t code_point) {
   if constexpr (Length == 2) return code_point >= 0x80;
   if constexpr (Length == 3) return code_point >= 0x800 && (code_point & 0xF800) != 0xD800;
 }
 
-/// Follows sequences of one length within the basic plane.
+/// Converts sequences of one length within the basic plane.
 template <std::size_t Length>
 text::cursor<char, strings::code_unit16> fast_path_standard(text::cursor<char, strings::code_unit16> at,
                                                             const char* end) {
@@ -71,7 +72,7 @@ text::cursor<char, strings::code_unit16> fast_path_standard(text::cursor<char, s
 }
 
 /// Writes `text` and returns the end. An unpaired surrogate becomes the replacement. Needs room for four
-/// bytes a unit, of which those behind the end may be overwritten.
+/// bytes for each unit; bytes after the end may be overwritten.
 inline char* encode(const utf8_page&, std::basic_string_view<strings::code_unit16> text, char* to) {
   text::cursor<strings::code_unit16, char> at{text.data(), to};
   const auto* const end = text.data() + text.size();
@@ -87,7 +88,7 @@ inline char* encode(const utf8_page&, std::basic_string_view<strings::code_unit1
   return at.to;
 }
 
-/// Never fails, and gives at most one unit a byte.
+/// Never fails. Writes at most one unit for each byte.
 inline strings::code_unit16* decode(const utf8_page&, std::string_view bytes, strings::code_unit16* to) {
   text::cursor<char, strings::code_unit16> at{bytes.data(), to};
   const char* const end = bytes.data() + bytes.size();

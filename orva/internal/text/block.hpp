@@ -1,7 +1,6 @@
-/// Blocks of text that are alike: the loops by which the transforms go faster than one character at a time.
+/// Loops over blocks of units, by which the transforms are faster than one character at a time.
 ///
-/// The number of turns is known to the compiler, which makes each a few vector instructions of whatever
-/// machine it builds for.
+/// The compiler knows the number of iterations, and makes each loop a few vector instructions.
 ///
 /// Internal: not installed.
 #pragma once
@@ -57,7 +56,7 @@ bool are_ascii(const Unit* from) {
   return are_below<0x80, Count>(from);
 }
 
-/// Whether each of `Count` units is a character that UTF-16 and UTF-32 write alike.
+/// Whether each of `Count` units is a character that has the same value in UTF-16 and UTF-32.
 template <std::size_t Count>
 bool are_basic(const code_unit16* from) {
   std::uint16_t surrogates = 0;

@@ -1,13 +1,15 @@
 /// Classification and case of single code units, as the C runtime sees them in the process's current locale.
 ///
-/// Internal: not installed. Takes a code unit of any width by its unsigned value:
+/// A code unit of any width is classified by its unsigned value, so that no negative `char` reaches the C
+/// runtime:
 ///
-///     0 to 127      one table answers: every locale agrees here
-///     128 to 255    the C runtime is asked, so that a single-byte locale has its letters
-///     above 255     in no class, and its own lower and upper case; never reaches the C runtime
+///     0 to 127      by one table, which is the same in every locale
+///     128 to 255    by the C runtime, so that a single-byte locale has its letters
+///     above 255     in no class, and its own lower and upper case
 ///
-/// A `char` is taken as the byte it is, so that no negative value reaches the C runtime. Any thread may ask;
-/// what must not happen meanwhile is a change of the locale, as with the C runtime itself.
+/// Any thread may call these as long as none changes the locale meanwhile.
+///
+/// Internal: not installed.
 #pragma once
 
 #include <array>
@@ -52,21 +54,21 @@ constexpr std::uint32_t value_of(Unit unit) {
 }
 
 template <std::integral Unit>
-bool is(Unit unit, std::uint8_t classes, int (*ask_runtime)(int)) {
+bool is(Unit unit, std::uint8_t classes, int (*from_runtime)(int)) {
   const std::uint32_t value = value_of(unit);
   if (value < ascii_classes.size()) return (ascii_classes[value] & classes) != 0;
-  return value <= 0xFF && ask_runtime(static_cast<int>(value)) != 0;
+  return value <= 0xFF && from_runtime(static_cast<int>(value)) != 0;
 }
 
 template <std::integral Unit>
-Unit change_case(Unit unit, std::uint8_t from, int (*ask_runtime)(int)) {
+Unit change_case(Unit unit, std::uint8_t from, int (*from_runtime)(int)) {
   const std::uint32_t value = value_of(unit);
   if (value < ascii_classes.size()) {
     constexpr std::uint32_t case_bit = 'a' ^ 'A';
     return (ascii_classes[value] & from) != 0 ? static_cast<Unit>(value ^ case_bit) : unit;
   }
   if (value > 0xFF) return unit;
-  return static_cast<Unit>(static_cast<unsigned char>(ask_runtime(static_cast<int>(value))));
+  return static_cast<Unit>(static_cast<unsigned char>(from_runtime(static_cast<int>(value))));
 }
 
 }  // namespace _private

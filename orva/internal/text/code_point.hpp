@@ -1,7 +1,11 @@
-/// One code point in each of the three encodings: what the transforms and `unichar` mean by a character.
+/// Decoding and encoding one code point in each of the three encodings, for the transforms, `unichar` and
+/// `gh2`.
 ///
-/// Decoding takes what the bit layout allows and rejects nothing else, and encoding writes what it is given.
-/// No function reads at or behind the `remaining` units that it is told of.
+///     decode("\xE2\x82\xAC", 3)     =>  {0x20AC, 3}
+///     encode(0x20AC, to)           =>  to + 3
+///
+/// Decoding accepts whatever the bit layout allows, and encoding writes any value. No function reads more
+/// than `remaining` units.
 ///
 /// Internal: not installed.
 #pragma once
@@ -16,7 +20,7 @@ namespace ORVA_NAMESPACE::internal::text {
 using strings::code_unit16;
 using strings::code_unit32;
 
-/// A code point and the number of code units that it took. No units: there is no character here.
+/// A code point and its number of code units. 0 units: there is no character at this position.
 struct character {
   std::uint32_t code_point = 0;
   std::size_t units = 0;

@@ -1,9 +1,11 @@
-/// The fast way through good text. Each `fast_path` converts as much as it likes, stops before the first
-/// character that it does not take, and leaves it to the plain loop of its transform to say what that
-/// character gives. It may stop anywhere; taking nothing is right, too.
+/// Fast conversion of well-formed text.
 ///
-/// Output needs room for the most units that the rest of the text can give, of which those behind the
-/// result's `to` may be overwritten.
+/// Each `fast_path` converts characters from the front and stops before the first one that it does not
+/// handle. It may stop before any character, even the first. The plain loop of the transform handles that
+/// character and alone decides what bad text gives.
+///
+/// The output needs room for the most units that the rest of the text can give. Units after the result's `to`
+/// may be overwritten.
 ///
 /// Internal: not installed.
 #pragma once
@@ -14,7 +16,7 @@
 
 namespace ORVA_NAMESPACE::internal::text {
 
-/// How far a transform has come in the text and in its output.
+/// The reading position of a transform in its text, and the writing position in its output.
 template <typename From, typename To>
 struct cursor {
   const From* from;
@@ -39,7 +41,7 @@ inline bool is_pair(const code_unit16* from) {
   return ((value_of(from[0]) << 16 | value_of(from[1])) & 0xFC00FC00) == 0xD800DC00;
 }
 
-/// Follows surrogate pairs.
+/// Converts surrogate pairs.
 inline cursor<code_unit16, code_unit32> fast_path_pairs(cursor<code_unit16, code_unit32> at,
                                                         const code_unit16* end) {
   for (; end - at.from >= 2 && is_pair(at.from); at.from += 2) {
@@ -48,7 +50,7 @@ inline cursor<code_unit16, code_unit32> fast_path_pairs(cursor<code_unit16, code
   return at;
 }
 
-/// UTF-16 into UTF-32 and back, as far as both are alike.
+/// UTF-16 into UTF-32 and back, where both have the same values.
 template <typename From, typename To>
 cursor<From, To> fast_path(cursor<From, To> at, const From* end) {
   while (has_block(at.from, end) && (are_ascii<block>(at.from) || are_basic<block>(at.from))) {

@@ -33,7 +33,7 @@ std::uint32_t joined(std::uint32_t bytes) {
   }
 }
 
-/// Follows sequences of one length, which is what text of one script is made of.
+/// Converts sequences of one length, of which text in one script mostly consists.
 template <std::size_t Length, typename To>
 cursor<char, To> fast_path_sequences(cursor<char, To> at, const char* end) {
   for (; end - at.from >= 4; at.from += Length) {

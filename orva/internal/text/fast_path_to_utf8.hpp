@@ -14,7 +14,7 @@
 
 namespace ORVA_NAMESPACE::internal::text {
 
-/// Writes a character beyond the basic plane in one store, which compilers do not always make of four.
+/// Writes a character beyond the basic plane with one store; compilers do not always combine four.
 inline void store_four_bytes(std::uint32_t code_point, char* to) {
   std::uint32_t bytes = 0x808080F0 | code_point >> 18 | (code_point >> 4 & 0x3F00) |
                         (code_point << 10 & 0x3F0000) | (code_point & 0x3F) << 24;

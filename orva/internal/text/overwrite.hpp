@@ -1,5 +1,4 @@
-/// Strings whose units are written in place, without being cleared first where the standard library offers
-/// that.
+/// Writing into a string that is not cleared first, where the standard library offers that.
 ///
 /// Internal: not installed.
 #pragma once
@@ -14,14 +13,14 @@
 
 namespace ORVA_NAMESPACE::internal::text {
 
-/// `units` times `factor`, which on a machine of 32 bits no string may be able to hold.
+/// `units` times `factor`. Throws where the product wraps, which it can on a machine of 32 bits.
 inline std::size_t times(std::size_t units, std::size_t factor) {
   if (units > std::numeric_limits<std::size_t>::max() / factor) throw std::length_error("string too long");
   return units * factor;
 }
 
-/// Lets `write` fill `size` units of `output` and cuts it to what `write` returns. The units are not cleared
-/// beforehand where the standard library can leave that out: it would cost as much as the fastest transforms
+/// Lets `write` fill `size` units of `output`, and cuts it to the number that `write` returns. The units are
+/// not cleared first where the standard library can omit it: clearing takes as long as the fastest transforms
 /// do.
 template <typename Unit, typename Write>
 void overwrite(std::basic_string<Unit>& output, std::size_t size, Write write) {

@@ -1,11 +1,12 @@
-/// UTF-8 from several units of the basic plane at once, where the processor has an instruction for it.
+/// Conversion of several units of the basic plane into UTF-8 at once, where the processor has an instruction
+/// for it.
 ///
-/// Each converts as much as it likes, stops before the first unit that it does not take (a surrogate, a value
-/// above 0xFFFF, the last few of the text), and leaves it to the plain loop of its transform to say what that
-/// unit gives. It may stop anywhere; taking nothing is right, too.
+/// Each converts units from the front and stops before the first one that it does not handle: a surrogate, a
+/// value above 0xFFFF, or the last few of the text. It may stop before any unit, even the first; the plain
+/// loop of the transform handles the rest.
 ///
-/// Output needs room for four bytes for each unit that is left, of which those behind the result's `to` may
-/// be overwritten.
+/// The output needs room for four bytes for each remaining unit. Bytes after the result's `to` may be
+/// overwritten.
 ///
 /// Internal: not installed. The build chooses between pack_utf8_x86.cpp and pack_utf8_portable.cpp.
 #pragma once

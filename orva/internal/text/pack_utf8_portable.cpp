@@ -2,7 +2,7 @@
 
 namespace ORVA_NAMESPACE::internal::text {
 
-// Without a shuffle of bytes nothing beats the plain loop.
+// Without a byte shuffle, nothing is faster than the plain loop.
 cursor<code_unit16, char> pack_utf8(cursor<code_unit16, char> at, const code_unit16*) { return at; }
 cursor<code_unit32, char> pack_utf8(cursor<code_unit32, char> at, const code_unit32*) { return at; }
 

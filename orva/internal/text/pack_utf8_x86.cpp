@@ -1,5 +1,5 @@
-// Each unit becomes a sequence in a lane of its own, of which a shuffle then closes the gaps. What is wider
-// than a sequence in its lane is told by a mask, and the mask finds the shuffle in a table.
+// Each unit becomes a sequence in a lane of its own, and a shuffle closes the gaps between the lanes. A mask
+// of the lengths of the sequences is the index of the shuffle in a table.
 #include <tmmintrin.h>
 
 #include <array>

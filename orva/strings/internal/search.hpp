@@ -1,8 +1,9 @@
-/// A text to look for, prepared once for many searches.
+/// A search pattern that is prepared once for many searches.
 ///
-/// Internal: not installed. Finds as the standard string does, in time linear to what is searched even where
-/// both texts repeat themselves. Refers to the pattern, which the caller keeps; a searcher belongs to one
-/// thread.
+/// Finds the same matches as the standard string does, but in linear time even where both texts are
+/// repetitive. A searcher refers to the caller's pattern and belongs to one thread.
+///
+/// Internal: not installed.
 #pragma once
 
 #include <cstddef>
@@ -28,7 +29,7 @@ class searcher {
   }
 
  private:
-  /// Up to here the standard search costs at most this many steps a unit.
+  /// For patterns up to this size the standard search takes at most so many steps for each unit.
   static constexpr std::size_t short_pattern = 8;
 
   /// Knuth, Morris and Pratt: no unit of the text is read again after a partial match.
