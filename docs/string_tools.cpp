@@ -5,7 +5,7 @@
 namespace strings = orva::strings;
 
 int main() {
-  // Empty pieces count, but not behind the last delimiter.
+  // Empty pieces count, but not after the last delimiter.
   for (const auto& piece : strings::split_string(",usr,,local,", ",", 0)) std::cout << '[' << piece << ']';
   std::cout << '\n';
 
@@ -13,12 +13,12 @@ int main() {
   for (const auto& piece : strings::split_string("key=a=b", "=", 1)) std::cout << '[' << piece << ']';
   std::cout << '\n';
 
-  // In place; what was put in is not searched again.
+  // In place; inserted text is not searched again.
   strings::ustring8 path = "a/b/c";
   const auto count = strings::replace_all(path, "/", "//");
   std::cout << path << ' ' << count << '\n';
 
-  // Unit by unit, as the C locale says: ASCII letters change, and nothing else.
+  // Unit by unit, by the C locale: only ASCII letters change.
   std::cout << strings::to_upper("grün") << ' ' << strings::lower_case("HEADER", 1, strings::end_of_text)
             << '\n';
 

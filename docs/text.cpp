@@ -15,8 +15,8 @@ void print_units(const char* what, const auto& text) {
   std::cout << '\n';
 }
 
-// Text of any width, read as UTF-8: a ustring8 is borrowed, everything else converted.
-void greet(const strings::text_argument& name) { std::cout << "Hello, " << name.get() << "!\n"; }
+// Text of any width, read as UTF-8: text in UTF-8 is borrowed, any other is converted.
+void greet(const strings::text_argument& name) { std::cout << "Hello, " << name.view() << "!\n"; }
 
 int main() {
   const ustring8 text("a\xC3\xA4\xE2\x82\xAC\xF0\x9F\x98\x80");  // a, a umlaut, euro sign, a grinning face
@@ -44,21 +44,21 @@ int main() {
   std::cout << strings::utf16_to_utf8(strings::utf8_to_utf16(bad)) << '\n';
   std::cout << strings::utf32_to_utf8(strings::utf8_to_utf32(bad)) << '\n';
 
-  // A file from a machine of the other byte order: swap it before any transform sees it.
+  // A file in the other byte order: swap it before any transform.
   ustring16 foreign = strings::utf8_to_utf16("\xEF\xBB\xBFHi");
   strings::modify_swap_string_bytes_order(foreign);
   print_units("foreign:", foreign);
   strings::check_BOM_and_modify_swap(foreign);
   std::cout << strings::utf16_to_utf8(strings::remove_BOM(foreign)) << '\n';
 
-  // A legacy file, in and out. What the encoding lacks becomes the nearest that it has.
+  // A legacy file, read and written. A character not in the encoding becomes the nearest one that is.
   const strings::code_page cyrillic(strings::code_page::cp_1251);
   const std::string bytes("\xCF\xF0\xE8\xE2\xE5\xF2");
   std::cout << cyrillic.as_utf8(bytes) << '\n' << (cyrillic.encode(cyrillic.as_utf8(bytes)) == bytes) << '\n';
   std::cout << strings::code_page(strings::code_page::cp_1252).encode("\xC4\x80 \xE2\x88\x9E \xD0\x96")
             << '\n';
 
-  // Wide text crosses by name, and any width meets a text_argument.
+  // Wide text is converted by name, and a text_argument takes any width.
   greet("bytes");
   greet(strings::from_wchar(L"wide"));
   greet(text32);

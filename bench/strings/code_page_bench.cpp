@@ -1,10 +1,10 @@
 /// Code pages beside ICU and iconv: long text, and calls of 16 characters with the peers' converters kept
 /// open.
 ///
-/// Each produces an owned string, as a user would with any of them: the peers into room for the longest
-/// result, cut afterwards. Rates are bytes of the encoded text a second. "Long" is 64 KB of words in the
-/// page's own letters, a word of Latin letters among every four; "Best_fit" are letters that the page has no
-/// byte for.
+/// Each produces an owned string, as a user would with any of them; the peers write into a string of the
+/// largest size, which is cut afterwards. Rates are bytes of the encoded text per second. "Long" is 64 KB of
+/// words in the page's own letters, every fourth one in Latin letters; "Best_fit" are letters that are not in
+/// the page.
 #include <benchmark/benchmark.h>
 #include <iconv.h>
 #include <unicode/ucnv.h>
@@ -56,7 +56,7 @@ class icu_peer {
   std::unique_ptr<UConverter, close> converter_;
 };
 
-/// Both ways of iconv, opened once.
+/// Both directions of iconv, opened once.
 class iconv_peer {
  public:
   explicit iconv_peer(const char* name)

@@ -1,6 +1,6 @@
 /// The six transforms beside ICU, each producing an owned string as a user would with either library.
 ///
-/// Rates are bytes of the source text a second. Texts: see bench_texts.hpp.
+/// Rates are bytes of the source text per second. Texts: see bench_texts.hpp.
 #include <benchmark/benchmark.h>
 #include <unicode/unistr.h>
 #include <unicode/ustring.h>

@@ -1,5 +1,5 @@
-/// Every code page both ways on any bytes and units: a text against its characters converted one at a time,
-/// which take none of the fast ways; UTF-8 against the slow second implementation.
+/// Every code page in both directions on any bytes and units: a text is compared with its characters
+/// converted one at a time, which reach no fast path, and UTF-8 with the slow second implementation.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -35,7 +35,7 @@ std::string encode_each(const code_page& page, const ustring16& text) {
   return bytes;
 }
 
-/// Takes a second byte where a first one and it are not two characters.
+/// Takes a second byte where the first one does not form a character of its own.
 ustring16 decode_each(const code_page& page, const std::string& bytes) {
   ustring16 text;
   for (std::size_t i = 0; i < bytes.size();) {
@@ -65,7 +65,7 @@ void check_utf8(const code_page& page, const std::string& bytes, const ustring16
   require(page.as_utf16(page.encode(text)).size() == text.size());
 }
 
-/// The widths that go through the transforms, for whatever those make of them.
+/// The widths that are converted by the transforms first.
 void check_other_widths(const code_page& page, const std::string& bytes) {
   const auto text = page.as_utf16(bytes);
   require(page.as_ustring(bytes) == text);
@@ -89,7 +89,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check_other_widths(code_page::cp_932, bytes);
   check_other_widths(code_page::utf8, bytes);
 
-  // What stands behind a zero does not count.
+  // Text after a zero is ignored.
   require(code_page(code_page::cp_936).as_utf16(whole) == code_page(code_page::cp_936).as_utf16(bytes));
   require(code_page(code_page::cp_936).encode(all_units) == code_page(code_page::cp_936).encode(units));
   return 0;

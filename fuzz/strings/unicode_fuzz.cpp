@@ -1,5 +1,5 @@
-/// The transforms, character reading and the wide crossing on any text, against the slow second
-/// implementation.
+/// The transforms, character reading and the conversion of `std::wstring` on any text, compared with the slow
+/// second implementation.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -23,7 +23,7 @@ basic_ustring<Unit> text_of(const std::uint8_t* data, std::size_t size) {
   return text;
 }
 
-/// Reads on from any place, by one unit where there is no character.
+/// Reads character by character, and skips one unit where there is none.
 template <typename Unit>
 void walk(const basic_ustring<Unit>& text) {
   const auto length = string_length(text);
@@ -51,7 +51,7 @@ void check_utf8(const ustring8& text) {
 }
 
 void check_utf16(ustring16 text) {
-  check_BOM_and_modify_swap(text);  // what begins with 0xFFFE never comes back
+  check_BOM_and_modify_swap(text);  // the transforms do not return from a text that begins with 0xFFFE
   require(utf16_to_utf8(text) == reference::utf16_to_utf8(text));
   require(utf16_to_utf32(text) == reference::utf16_to_utf32(text));
   require(from_wchar(to_wchar(text)) == text);
@@ -72,7 +72,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   check_utf8(text8);
   check_utf16(text_of<code_unit16>(data, size));
   check_utf32(text_of<code_unit32>(data, size));
-  // Good text, too: bytes at random hold little of it.
+  // Well-formed text too: random bytes contain little of it.
   const ustring32 good = utf8_to_utf32(text8);
   check_utf32(good);
   check_utf8(utf32_to_utf8(good));

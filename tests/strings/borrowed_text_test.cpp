@@ -1,5 +1,5 @@
-/// Which functions copy the text that they are given, found by replacing the allocation of the whole program:
-/// a standard string, a view and a literal cost what the library's own string of that width costs.
+/// Text is borrowed: a call with a standard string, a view or a pointer allocates as often as one with the
+/// library's own string of that width. Replaces the allocation of the whole program to count.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -55,7 +55,7 @@ class borrowed_text : public testing::Test {
     }
   }
 
-  /// Expects of each form of one text what the library's string of it gives and costs.
+  /// Expects for each form of one text the result and the allocations of the library's string.
   template <typename Function>
   void expect_alike(Function function) const {
     const auto expected = function(whole);

@@ -39,7 +39,7 @@ TEST(string_length, pointer_counts_up_to_the_terminator) {
   EXPECT_EQ(string_length(text32), 3u);
 }
 
-TEST(string_length, string_counts_behind_a_zero_unit) {
+TEST(string_length, string_counts_past_a_zero_unit) {
   EXPECT_EQ(string_length(ustring8("a\0b", 3)), 3u);
   EXPECT_EQ(string_length(ustring16(4, code_unit16{})), 4u);
   EXPECT_EQ(string_length(ustring32(5, code_unit32{})), 5u);
@@ -106,7 +106,7 @@ TEST(character_index, walks_behind_the_text_in_steps_of_one) {
   EXPECT_EQ(character_index(pairs, 6), none);
 }
 
-TEST(character_index, far_behind_the_text_nothing_is_read) {
+TEST(character_index, far_after_the_text_nothing_is_read) {
   ustring8 text;
   ustring16 pairs;
   for (int i = 0; i < 1000; ++i) {

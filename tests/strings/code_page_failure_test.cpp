@@ -1,5 +1,5 @@
-// The class above a platform that fails, which the real one does for texts of two thousand million units
-// only.
+// The class over a platform whose conversion fails, which the real one does only for texts of two thousand
+// million units.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -11,7 +11,7 @@
 
 namespace ORVA_NAMESPACE::platform {
 
-// A failing platform may leave anything behind.
+// A failing conversion may leave anything in its result.
 
 bool to_code_page(int, std::basic_string_view<strings::code_unit16>, std::string& bytes) {
   bytes = "partly";
@@ -51,7 +51,7 @@ TEST(failing_conversion, is_a_length_failure_and_no_empty_result) {
   expect_too_long([&] { page.as_ustring("text"); });
 }
 
-TEST(failing_conversion, comes_behind_that_of_an_invalid_type) {
+TEST(failing_conversion, comes_after_that_of_an_invalid_type) {
   EXPECT_THROW(code_page().as_utf16("text"), exceptions::invalid_argument_value);
 }
 

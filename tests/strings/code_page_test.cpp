@@ -28,7 +28,7 @@ using encoding_type = code_page::encoding_type;
 
 encoding_type type_of(types::int32 value) { return static_cast<encoding_type>(value); }
 
-/// The protected mapping, for everyone.
+/// Makes the protected mapping public.
 struct open_code_page : code_page {
   using code_page::to_system_type;
 };

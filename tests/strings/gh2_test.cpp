@@ -74,7 +74,7 @@ TEST(validate_utf8, every_lead_with_every_cut_and_every_bad_byte) {
     std::string text(4, '\x80');
     text[0] = static_cast<char>(lead);
     for (unsigned int length = 1; length <= 4; ++length) {
-      // A buffer of the exact size, so that a read behind it is seen.
+      // A buffer of the exact size, so that AddressSanitizer finds a read after it.
       const auto bytes = std::make_unique<char[]>(length);
       std::copy_n(text.data(), length, bytes.get());
       EXPECT_EQ(is_valid({bytes.get(), length}), size != 0 && length >= size) << lead << ' ' << length;

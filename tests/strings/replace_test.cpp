@@ -2,12 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 #include <string>
 #include <string_view>
 #include <tuple>
 
 #include "orva/strings/gh2.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_string_tools.hpp"
 
 namespace {
@@ -81,7 +81,7 @@ TEST(replace_all, the_texts_may_be_parts_of_the_string) {
 
 TEST(replace_all, result_longer_than_a_string_throws_and_leaves_the_text) {
   std::string text(1 << 12, 'a');
-  // A view of what is not there: its size is looked at before any of its units.
+  // The view is larger than its text: the size is checked before any unit is read.
   const std::string_view huge(text.data() + text.size() + 1, text.max_size() / 1000);
   const std::string before = text;
   try {
@@ -107,9 +107,7 @@ TEST(replace_all, every_short_text_as_the_reference) {
 }
 
 TEST(replace_all, long_texts_as_the_reference) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const auto random_text = [&](std::size_t size) {
     std::string text(size, 'a');
     for (char& unit : text) unit = random() % 4 ? 'a' : 'b';

@@ -3,12 +3,12 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <random>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <vector>
 
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_string_tools.hpp"
 
 namespace {
@@ -108,9 +108,7 @@ TEST(split_string, every_short_text_as_the_reference) {
 }
 
 TEST(split_string, long_delimiters_as_the_reference) {
-  const unsigned int seed = 20261121;
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const auto random_text = [&](std::size_t size) {
     std::basic_string<strings::code_unit16> text(size, 'a');
     for (auto& unit : text) unit = static_cast<strings::code_unit16>('a' + (random() % 4 == 0));

@@ -1,5 +1,5 @@
-/// The transforms against a slow second implementation: all code points, all short sequences by class, texts
-/// in which one odd thing stands at every offset, and random ones.
+/// The transforms compared with a slow second implementation: all code points, all short sequences by class,
+/// texts with one odd character at each offset, and random ones.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "orva/orva.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_unicode.hpp"
 
 namespace {
@@ -25,7 +26,7 @@ testing::AssertionResult same(const char* transform, const auto& source, const b
                                      << testing::PrintToString(expected);
 }
 
-// Each takes a copy, which has no spare capacity: a read behind the text is seen by AddressSanitizer.
+// Each takes a copy without spare capacity, so that AddressSanitizer finds a read after the text.
 
 testing::AssertionResult agrees(const ustring8& given) {
   const ustring8 text(given);
@@ -36,7 +37,7 @@ testing::AssertionResult agrees(const ustring8& given) {
 
 testing::AssertionResult agrees(const ustring16& given) {
   const ustring16 text(given);
-  // Text in the other byte order is told by a test of its own: it never comes back.
+  // Text in the other byte order has its own test, since the transform does not return from it.
   if (text.starts_with(swapped_byte_order_mark)) return testing::AssertionSuccess();
   const auto first = same("utf16_to_utf8", text, reference::utf16_to_utf8(text), utf16_to_utf8(text));
   if (!first) return first;
@@ -172,7 +173,7 @@ TEST(unicode_reference, every_unit_beside_each_class_of_utf16) {
   }
 }
 
-/// Texts of `size` units of one kind with `odd` put in at each offset.
+/// Texts of `size` units of one kind with `odd` inserted at each offset.
 template <typename Text>
 void expect_agreement_around(const std::vector<Text>& fillers, const std::vector<Text>& odd_ones) {
   for (const Text& filler : fillers) {
@@ -180,8 +181,8 @@ void expect_agreement_around(const std::vector<Text>& fillers, const std::vector
     while (text.size() < 160) text += filler;
     for (const Text& odd : odd_ones) {
       for (std::size_t offset = 0; offset <= 80; ++offset) {
-        for (const std::size_t behind : {0u, 1u, 2u, 3u, 5u, 8u, 15u, 16u, 17u, 33u, 70u}) {
-          ASSERT_TRUE(agrees(Text(text.substr(0, offset) + odd + text.substr(0, behind))));
+        for (const std::size_t after : {0u, 1u, 2u, 3u, 5u, 8u, 15u, 16u, 17u, 33u, 70u}) {
+          ASSERT_TRUE(agrees(Text(text.substr(0, offset) + odd + text.substr(0, after))));
         }
       }
     }
@@ -226,9 +227,9 @@ TEST(unicode_reference, text_cut_at_every_length) {
   for (std::size_t size = 0; size <= text32.size(); ++size) ASSERT_TRUE(agrees(text32.substr(0, size)));
 }
 
-/// Runs of characters of one kind, of random lengths. Never with the swapped mark in front: from such a text
-/// in UTF-16 the transforms do not return.
-ustring32 random_characters(std::mt19937& random) {
+/// Runs of characters of one kind, of random lengths. Never begins with the swapped mark, since the
+/// transforms do not return from such a text in UTF-16.
+ustring32 random_characters(orva_test::random_engine& random) {
   constexpr std::array<std::array<std::uint32_t, 2>, 6> kinds = {
       {{0, 0x7F}, {0x80, 0x7FF}, {0x800, 0xD7FF}, {0xE000, 0xFFFF}, {0x10000, 0x10FFFF}, {' ', ' '}}};
   const auto below = [&](std::uint32_t limit) {
@@ -247,9 +248,7 @@ ustring32 random_characters(std::mt19937& random) {
 }
 
 TEST(unicode_reference, random_texts_good_and_spoiled) {
-  const auto seed = static_cast<std::uint32_t>(testing::UnitTest::GetInstance()->random_seed());
-  SCOPED_TRACE(testing::Message() << "seed " << seed << " (--gtest_random_seed)");
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   for (int round = 0; round < 1000; ++round) {
     ustring32 text32 = random_characters(random);
     ustring8 text8 = reference::utf32_to_utf8(text32);

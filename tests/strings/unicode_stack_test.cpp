@@ -1,5 +1,5 @@
-/// Transforms of UTF-16 text in the other byte order, which end with the stack: a child process with a small
-/// one.
+/// Transforms of UTF-16 text in the other byte order, which exhaust the stack: run in a child process with a
+/// small stack.
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -30,13 +30,13 @@ void limit_stack() {
   if (setrlimit(RLIMIT_STACK, &small_stack) != 0 || setrlimit(RLIMIT_CORE, &no_core) != 0) std::abort();
 }
 
-/// A sanitizer catches the signal, says so and exits.
+/// A sanitizer catches the signal, reports it and exits.
 bool stack_is_exhausted(int status) {
   if (sanitized) return WIFEXITED(status) && WEXITSTATUS(status) != 0;
   return WIFSIGNALED(status) && WTERMSIG(status) == SIGSEGV;
 }
 
-constexpr const char* said = sanitized ? "stack-overflow" : "";
+constexpr const char* expected_output = sanitized ? "stack-overflow" : "";
 
 ustring16 begins_with_swapped_mark(std::size_t size) {
   ustring16 text(size, code_unit16{'x'});
@@ -53,18 +53,18 @@ void run_on_small_stack(Transform transform, std::size_t size) {
 }
 
 TEST(unicode_stack_death_test, utf16_to_utf8_of_swapped_text_never_returns) {
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 1), stack_is_exhausted, said);
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 3), stack_is_exhausted, said);
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 100), stack_is_exhausted, said);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 1), stack_is_exhausted, expected_output);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 3), stack_is_exhausted, expected_output);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf8, 100), stack_is_exhausted, expected_output);
 }
 
 TEST(unicode_stack_death_test, utf16_to_utf32_of_swapped_text_never_returns) {
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 1), stack_is_exhausted, said);
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 3), stack_is_exhausted, said);
-  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 100), stack_is_exhausted, said);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 1), stack_is_exhausted, expected_output);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 3), stack_is_exhausted, expected_output);
+  EXPECT_EXIT(run_on_small_stack(utf16_to_utf32, 100), stack_is_exhausted, expected_output);
 }
 
-TEST(unicode_stack_death_test, swapped_mark_behind_the_first_unit_is_a_character) {
+TEST(unicode_stack_death_test, swapped_mark_after_the_first_unit_is_a_character) {
   ustring16 text = begins_with_swapped_mark(2);
   std::swap(text[0], text[1]);
   EXPECT_EQ(utf16_to_utf8(text), "x\xEF\xBF\xBE");

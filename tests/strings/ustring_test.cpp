@@ -33,7 +33,7 @@ class ustring_class : public testing::Test {
 using widths = testing::Types<ustring8, ustring16, ustring32>;
 TYPED_TEST_SUITE(ustring_class, widths);
 
-TYPED_TEST(ustring_class, stores_nothing_beside_the_standard_string) {
+TYPED_TEST(ustring_class, has_no_members_but_the_standard_string) {
   using standard = standard_of<TypeParam>;
   static_assert(sizeof(TypeParam) == sizeof(standard));
   static_assert(std::is_base_of_v<standard, TypeParam>);
@@ -200,7 +200,7 @@ TYPED_TEST(ustring_class, substr_keeps_the_class) {
   EXPECT_TRUE(text.substr(2, 0).empty());
 }
 
-TYPED_TEST(ustring_class, substr_behind_the_end_tells_invalid_string_position) {
+TYPED_TEST(ustring_class, substr_after_the_end_throws_invalid_string_position) {
   for (const TypeParam& text : {TypeParam(), TypeParam(this->text("hello"))}) {
     for (const auto position : {text.size() + 1, TypeParam::npos}) {
       try {
@@ -218,7 +218,7 @@ TYPED_TEST(ustring_class, longer_than_possible_is_the_standard_length_error) {
   EXPECT_THROW(text.resize(text.max_size() + 1), std::length_error);
 }
 
-TYPED_TEST(ustring_class, sum_keeps_the_class_whatever_stands_beside_it) {
+TYPED_TEST(ustring_class, sum_keeps_the_class_whatever_the_other_side_is) {
   using unit = unit_of<TypeParam>;
   const TypeParam text(this->text("ab"));
   const auto plain = this->text("cd");

@@ -1,7 +1,7 @@
-/// What the platform that defined the code pages answers, for every unit and for every pair of bytes: written
-/// down by tools/code_page_tables, whose ask.cpp tells the form.
+/// The answers of the platform that defined the code pages, for every unit and every pair of bytes, as
+/// recorded by tools/code_page_tables. tools/code_pages/ask.cpp describes the format.
 ///
-/// The reading of a text is put together from the answers byte by byte, without a table of the library's.
+/// Texts are converted from the answers byte by byte, without the library's tables.
 #pragma once
 
 #include <cstddef>
@@ -65,7 +65,7 @@ class code_page_answers {
     return bytes;
   }
 
-  /// For all pages but UTF-8, of which a pair does not tell everything.
+  /// For all pages but UTF-8, whose sequences may have more than two bytes.
   ORVA_NAMESPACE::strings::ustring16 decoded(const std::string& bytes) const {
     ORVA_NAMESPACE::strings::ustring16 text;
     for (std::size_t i = 0; i < bytes.size(); ++i) {

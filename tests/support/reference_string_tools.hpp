@@ -1,5 +1,5 @@
-/// Splitting and replacing step by step, to hold the library's against: the text is walked once for each
-/// match and moved at each replacement. Slow.
+/// A slow second implementation of splitting and replacing: the text is searched once for each match and
+/// moved at each replacement.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 namespace orva_test {
 
-/// The first position from `start` where `part` stands in `text`, found unit by unit.
+/// The first position of `part` in `text` from `start` on, found unit by unit.
 template <typename Unit>
 std::size_t reference_find(std::basic_string_view<Unit> text, std::basic_string_view<Unit> part,
                            std::size_t start) {

@@ -1,6 +1,5 @@
-/// The six transforms written a second time: slowly, by arithmetic on whole numbers instead of bits, without
-/// a table and without a fast way. What RFC 3629 and RFC 2781 say, with the library's own rules for bad text
-/// on top.
+/// A slow second implementation of the six transforms, by arithmetic on whole numbers instead of bits,
+/// without tables or fast paths: RFC 3629 and RFC 2781 with the library's own rules for bad text.
 #pragma once
 
 #include <cstddef>
@@ -27,7 +26,7 @@ inline int byte_at(const ustring8& text, std::size_t index) {
 
 inline bool continues(int byte) { return byte / 64 == 2; }
 
-/// How many bytes the sequence at `index` has, 0 if there is no whole one.
+/// The number of bytes of the sequence at `index`, 0 if there is no whole one.
 inline std::size_t sequence_length(const ustring8& text, std::size_t index) {
   const int lead = byte_at(text, index);
   if (lead / 128 == 0) return 1;

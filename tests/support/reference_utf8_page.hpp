@@ -1,5 +1,5 @@
-/// UTF-8 as a code page, written a second time: slowly and by arithmetic. What RFC 3629 allows is read as it
-/// says; for the rest the longest beginning that the platform takes for one fault is one U+FFFD.
+/// A slow second implementation of UTF-8 as a code page, by arithmetic. Sequences that RFC 3629 allows are
+/// read by it; of others, the longest beginning that the platform takes as one fault becomes one U+FFFD.
 #pragma once
 
 #include <cstddef>

@@ -5,7 +5,7 @@
 
 namespace reference {
 
-/// Runs of ASCII and of units below `values`, of about the lengths of the blocks that the fast loops take.
+/// Runs of ASCII and of units below `values`, whose lengths are around those of the fast loops' blocks.
 template <typename Text, typename Random>
 Text runs(Random& random, unsigned values) {
   std::uniform_int_distribution<unsigned> count(0, 8);

@@ -1,13 +1,15 @@
-// Asks the platform itself what its code-page conversion answers, and writes that down in the current folder.
+// Records the answers of the platform's own code-page conversion in the current folder.
 //
 // A Windows program. For each page a file <page>.answers of 16-bit numbers, low byte first:
 //
-//     65536 x 2   each unit encoded alone: the bytes of the answer as one number of 32 bits, the last one lowest
-//     65536 x 2   each pair of bytes decoded, the first byte the high one of the index: one unit and 0, or two units.
-//                 A second byte of 0 stands for the end of the text.
+//     65536 x 2   each unit encoded alone: the bytes of the answer as one number of 32 bits, the last one
+//                 lowest
+//     65536 x 2   each pair of bytes decoded, the first byte the high one of the index: one unit and 0, or two
+//                 units.
+//                 A second byte of 0 means the end of the text.
 //
-// and, for sequences that a pair cannot tell, 65001.sequences: four bytes and the four units of their answer,
-// 0 where there are fewer. Nothing is asked about 0, which ends every text.
+// and, for sequences longer than a pair, 65001.sequences: four bytes and the four units of their answer, 0
+// where there are fewer. 0 itself is not converted, since it ends every text.
 #include <windows.h>
 
 #include <array>
@@ -26,13 +28,13 @@ constexpr std::array pages = {932u,   936u,   949u,   950u,   1250u,  1251u,  12
                               1255u,  1256u,  1257u,  1258u,  20866u, 21866u, 28591u, 28592u, 28593u,
                               28594u, 28595u, 28596u, 28597u, 28598u, 28599u, 28605u, utf8};
 
-// One of each kind of byte that UTF-8 knows, and those beside the borders between the kinds.
+// One byte of each kind in UTF-8, and those on either side of the borders between the kinds.
 constexpr std::string_view kinds_of_bytes =
     "\x41\x80\x8F\x90\x9F\xA0\xBF\xC1\xC2\xDF\xE0\xE1\xED\xEE\xEF\xF0\xF1\xF4\xF5\xFF";
 
-// The platform lets a cut sequence swallow the terminator and letters in front of it. That is no answer about
-// the sequence, so it is always asked with letters behind it, as in the middle of a text.
-constexpr std::string_view behind = "AAA";
+// At the end of a text the platform lets a cut sequence take the terminator and letters before it. Letters
+// after the sequence show its conversion in the middle of a text.
+constexpr std::string_view following_letters = "AAA";
 
 void require(bool holds, const char* what) {
   if (holds) return;
@@ -57,9 +59,9 @@ std::wstring converted(unsigned page, std::string_view bytes) {
 
 std::wstring decoded(unsigned page, std::string_view bytes) {
   if (page != utf8) return converted(page, bytes);
-  std::wstring units = converted(page, std::string(bytes).append(behind));
+  std::wstring units = converted(page, std::string(bytes).append(following_letters));
   require(units.ends_with(L"AAA"), "a sequence that takes letters");
-  return units.substr(0, units.size() - behind.size());
+  return units.substr(0, units.size() - following_letters.size());
 }
 
 void put(std::ofstream& to, unsigned number) {

@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Makes the tables of the code pages from the platform's answers: make_tables.py FOLDER_OF_ANSWERS FOLDER_OF_TABLES
 
-How the answers are laid out tells ask.cpp; how the tables are, the headers that stand beside them.
+The format of the answers is described in ask.cpp, that of the tables in the headers beside them.
 """
 import pathlib
 import struct
@@ -25,7 +25,7 @@ class Answers:
         data = (folder / f"{page}.answers").read_bytes()
         encoded = struct.unpack("<65536I", data[:0x40000])
         units = struct.unpack("<131072H", data[0x40000:])
-        # The loops over the tables copy ASCII without a look at them.
+        # The loops over the tables copy ASCII without a look-up.
         assert all(encoded[i] == i == units[i << 9] for i in range(0x80)), page
         self.encoded = encoded
         self.units = units
@@ -84,7 +84,8 @@ def bytes_in_memory(encoded):
 
 
 def trail_row(answers, lead):
-    # What no trail byte below the first begins is told by the lead byte at the end of a text, and needs no place.
+    # With a second byte below the first trail byte, a lead byte gives what it gives at the end of a text, so that the row
+    # begins at the first trail byte.
     default = answers.single[lead]
     assert all(answers.pair(lead, second) == (default, 0) for second in range(1, FIRST_TRAIL)), lead
     return [answers.pair(lead, second)[0] for second in range(FIRST_TRAIL, 0x100)]

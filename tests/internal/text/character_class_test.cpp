@@ -13,7 +13,7 @@ namespace character_class = ORVA_NAMESPACE::internal::character_class;
 using ORVA_NAMESPACE::strings::code_unit16;
 using ORVA_NAMESPACE::strings::code_unit32;
 
-/// What the C runtime says of a value from 0 to 255 in the current locale.
+/// The classes and cases of a value from 0 to 255 in the current locale, by the C runtime.
 template <typename Unit>
 void expect_as_runtime(unsigned int value) {
   const auto unit = static_cast<Unit>(value);

@@ -1,6 +1,5 @@
-/// The fast ways of the transforms alone, at every alignment of the text in memory: what they convert is what
-/// the slow second implementation makes of it, they stop between two characters, and they write nothing
-/// behind the room they are given.
+/// The fast paths of the transforms alone, at every alignment of the text in memory. They convert as the slow
+/// second implementation does, stop between two characters, and write nothing after the end of their output.
 #include <gtest/gtest.h>
 
 #include <cstddef>
@@ -17,11 +16,11 @@ namespace {
 
 using namespace orva::strings;
 
-/// A text at a given distance from an aligned address, with nothing behind it.
+/// A text at a given distance from an aligned address, at the end of its memory.
 template <typename Unit>
-class placed_text {
+class aligned_text {
  public:
-  placed_text(std::basic_string_view<Unit> text, std::size_t alignment)
+  aligned_text(std::basic_string_view<Unit> text, std::size_t alignment)
       : units_(alignment + text.size()), alignment_(alignment) {
     for (std::size_t i = 0; i < text.size(); ++i) units_[alignment + i] = text[i];
   }
@@ -33,14 +32,14 @@ class placed_text {
   std::size_t alignment_;
 };
 
-/// Runs ahead in `text` and compares what was converted. Returns how many units were taken.
+/// Runs the fast path over `text`, compares its output and returns the number of units that it converted.
 template <typename From, typename To, typename Reference>
 std::size_t run(std::basic_string_view<From> text, std::size_t alignment, Reference reference_of) {
-  const placed_text<From> placed(text, alignment);
+  const aligned_text<From> input(text, alignment);
   std::vector<To> output(text.size());
-  const orva::internal::text::cursor<From, To> at{placed.begin(), output.data()};
-  const auto reached = orva::internal::text::fast_path(at, placed.end());
-  const basic_ustring<From> taken(placed.begin(), reached.from);
+  const orva::internal::text::cursor<From, To> at{input.begin(), output.data()};
+  const auto reached = orva::internal::text::fast_path(at, input.end());
+  const basic_ustring<From> taken(input.begin(), reached.from);
   EXPECT_EQ((basic_ustring<To>(output.data(), reached.to)), reference_of(taken));
   return taken.size();
 }
@@ -69,7 +68,7 @@ TEST(fast_path, utf8_stops_before_a_bad_byte_at_every_offset_and_alignment) {
       ustring8 text;
       for (std::size_t i = 0; i < count; ++i) text += character;
       const std::size_t good = text.size();
-      text += "\x80plain text behind it";
+      text += "\x80plain text after it";
       for (std::size_t alignment = 0; alignment < alignments; alignment += count % 8 + 1) {
         ASSERT_EQ((run<char, code_unit16>(text, alignment, reference::utf8_to_utf16)), good);
         ASSERT_EQ((run<char, code_unit32>(text, alignment, reference::utf8_to_utf32)), good);
