@@ -38,7 +38,7 @@ namespace ORVA_NAMESPACE::system {
 /// Inverse: `store_file`.
 ///
 ///     a regular file                               =>  0
-///     a file that shrinks or fails while it is read =>  0   its first size, with zeros for the missing bytes
+///     a file that shrinks or fails while read      =>  0   its first size, with zeros for the missing bytes
 ///     a file that reports the size 0               =>  0   empty, even if it has contents, as in /proc
 ///     no file, a directory, a pipe, a terminal     =>  1   `contents` is unchanged
 ///     a symbolic link as the last component        =>  1   `contents` is unchanged
