@@ -45,7 +45,6 @@
 #include "orva/i18n/path_list.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 // memory
-#include "orva/memory/pointers/counted_pointer.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 // parser
@@ -93,6 +92,5 @@
 #include "orva/types/nil.hpp"
 #include "orva/types/radix.hpp"
 #include "orva/types/variant.hpp"
-#include "orva/types/variant_type.hpp"
 // version
 #include "orva/version.hpp"

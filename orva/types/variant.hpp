@@ -36,7 +36,7 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
-#include "orva/types/variant_type.hpp"
+#include "orva/types/internal/variant_type.hpp"
 
 namespace ORVA_NAMESPACE::types {
 

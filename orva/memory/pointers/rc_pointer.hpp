@@ -6,7 +6,7 @@
 /// thread.
 #pragma once
 
-#include "orva/memory/pointers/counted_pointer.hpp"
+#include "orva/memory/internal/counted_pointer.hpp"
 
 namespace ORVA_NAMESPACE::memory::pointers {
 

@@ -2,7 +2,7 @@
 /// places where an entry may be empty.
 #pragma once
 
-#include "orva/memory/pointers/counted_pointer.hpp"
+#include "orva/memory/internal/counted_pointer.hpp"
 
 namespace ORVA_NAMESPACE::memory::pointers {
 

@@ -11,7 +11,7 @@
 #include <utility>
 
 #include "orva/types/internal/value_conversion.hpp"
-#include "orva/types/variant_type.hpp"
+#include "orva/types/internal/variant_type.hpp"
 
 namespace ORVA_NAMESPACE::types {
 

@@ -1,4 +1,4 @@
-#include "orva/memory/pointers/counted_pointer.hpp"
+#include "orva/memory/pointers/rc_pointer.hpp"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +13,6 @@
 #include <vector>
 
 #include "orva/generic/abilities/clone_ability.hpp"
-#include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 
 namespace {
