@@ -6,7 +6,7 @@
 
 using namespace orva;
 
-// Exceptions: an application raises the library's classes, and classes of its own below them.
+// Exceptions: an application can raise the library's classes and classes derived from them.
 class queue_full : public exceptions::full_error {
  public:
   using exceptions::full_error::full_error;
@@ -16,7 +16,7 @@ void push(int job, int limit) {
   if (job >= limit) throw queue_full("no room for job " + std::to_string(job), 21, "app/queue", "app::push");
 }
 
-// Counted objects: the count sits in the object, the last pointer deletes it.
+// Counted objects: the count is in the object, and the last pointer deletes the object.
 class document : public generic::abilities::clone_ability,
                  public generic::abilities::reference_count_pointer_ability<document> {
  public:
@@ -31,13 +31,13 @@ class document : public generic::abilities::clone_ability,
 
 using document_pointer = memory::pointers::rc_pointer<document>;
 
-// Delegates: a member function bound to an object ...
+// Delegates: they call a member function of an object ...
 struct editor {
   void show(const strings::ustring8& text) { std::cout << name << " shows " << text << '\n'; }
   std::string name;
 };
 
-// ... or any callable of the application's own, here a plain function.
+// ... or any other callable, here a plain function.
 class function_hook : public functor::function_type_interface<debug::assert_hook> {
  public:
   using function = void (*)(const char*, const char*, unsigned int&);
@@ -78,7 +78,7 @@ int main() {
 
   editor window{"window"};
   functor::delegate_t<void(const strings::ustring8&)> on_change;
-  if (!on_change) std::cout << "nobody listens\n";
+  if (!on_change) std::cout << "no listener\n";
   on_change = functor::member_function_t(&window, &editor::show);
   on_change("a change");
 

@@ -1,4 +1,4 @@
-/// `varg_list` beside a vector of pairs of a string and a `std::variant`.
+/// The speed of `varg_list`, compared with a vector of pairs of a string and a `std::variant`.
 #include "orva/generic/varg_list.hpp"
 
 #include <benchmark/benchmark.h>
@@ -31,7 +31,7 @@ void build_three(benchmark::State& state) {
 }
 BENCHMARK(build_three);
 
-/// As the list has it: a name that is taken is not added.
+/// As in the list, a name that is already there is not added.
 void build_three_peer_vector_of_std_variant(benchmark::State& state) {
   for (auto _ : state) {
     standard_list list;

@@ -1,5 +1,5 @@
-/// Text of any bytes as a variant: every accessor of each class of text, the integers against the slow
-/// reference.
+/// Reads text of any bytes through every accessor of a variant, for each class of text. The integers are
+/// compared with a slow reference implementation.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -39,7 +39,7 @@ std::basic_string<Unit> widened(const std::string& text) {
   return result;
 }
 
-/// Exercises what has no reference here: the crossings and floating values.
+/// Calls the accessors without a reference: conversions between widths, and floating values.
 void read_everything(const variant& value) {
   (void)value.as_utf8();
   (void)value.as_utf16();

@@ -11,8 +11,8 @@ namespace {
 
 using hook_interface = functor::function_type_interface<assert_hook>;
 
-/// The one hook of the process. A plain pointer, so that an assertion in a destructor that runs after this
-/// file's own still finds an empty slot and no dead object.
+/// The hook of the process. A plain pointer: an assertion in a destructor that runs after the destructors of
+/// this file finds an empty slot, not a destroyed object.
 constinit hook_interface* hook_slot = nullptr;
 
 /// The hook that this thread is calling; null if it is calling none.
@@ -73,13 +73,13 @@ void ____________________ASSERT____________________(const char* const expression
 void _______________CONTEXT__ASSERT________________(const char* const expression, const char* const file,
                                                     unsigned int line, const char* const function, ...) {
   char buffer[256] = {};
-  const int written = std::snprintf(buffer, sizeof buffer, "%s : ", expression);
-  // The formatting is done with or without a hook: an assertion costs the same when somebody listens.
+  const int length = std::snprintf(buffer, sizeof buffer, "%s : ", expression);
+  // Formatted with or without a hook, so that a wrong format fails in every run.
   std::va_list values;
   va_start(values, function);
   const char* const format = va_arg(values, const char*);
-  if (written > 0 && written < static_cast<int>(sizeof buffer) && format != nullptr) {
-    const auto used = static_cast<std::size_t>(written);
+  if (length > 0 && length < static_cast<int>(sizeof buffer) && format != nullptr) {
+    const auto used = static_cast<std::size_t>(length);
     std::vsnprintf(buffer + used, sizeof buffer - used, format, values);
   }
   va_end(values);

@@ -1,13 +1,18 @@
-/// Assertions that report to a hook and never stop the program.
-///
-/// Without a hook a failed assertion costs one call and does nothing; the program goes on behind it either
-/// way. The checks stay active in every build. There is one hook for the process and no lock around it:
-/// install it once, at the start.
+/// Assertions that call a hook and never stop the program.
 ///
 ///     struct report : functor::function_type_interface<debug::assert_hook> { ... };
 ///     debug::set_assert_hook(report{});
 ///     ORVA_ASSERT(index < size);
 ///     ORVA_CONTEXT_ASSERT(index < size, "index %u of %u", index, size);
+///
+/// The conditions are checked in every build. A failed assertion calls the hook, if there is one, and the
+/// program continues in either case. There is one hook for the process, and no lock: install it once, at the
+/// start, before other threads can assert. Several threads may call it at once.
+///
+/// A hook may install another hook or remove itself; it is destroyed when it returns. An assertion that fails
+/// in the hook itself, on the same thread, is ignored.
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include "orva/export.hpp"
@@ -16,10 +21,11 @@
 
 namespace ORVA_NAMESPACE::debug {
 
-/// Text of the condition, source file, line. A hook that changes the line changes nothing for anybody else.
+/// Gets the text of the condition, the source file and the line. The line is a copy: changing it has no
+/// effect.
 using assert_hook = void(const char* const, const char* const, unsigned int&);
 
-/// Installs a copy of `hook` and destroys the one installed before. An empty delegate removes the hook.
+/// Installs a copy of `hook` and destroys the hook installed before. An empty delegate removes the hook.
 ORVA_API void set_assert_hook(const functor::delegate_t<assert_hook>& hook);
 /// Removes the hook.
 ORVA_API void set_assert_hook(const types::nil_t&);
@@ -29,12 +35,12 @@ namespace _private {
 
 ORVA_BEGIN_RESERVED_NAMES
 
-/// What a failed `ORVA_ASSERT` calls. `function` is accepted and not passed on.
+/// Called by a failed `ORVA_ASSERT`. The hook does not get `function`.
 ORVA_API void ____________________ASSERT____________________(const char* const expression,
                                                              const char* const file, unsigned int line,
                                                              const char* const function);
 
-/// What a failed `ORVA_CONTEXT_ASSERT` calls: the hook gets "expression : context", cut at 255 characters.
+/// Called by a failed `ORVA_CONTEXT_ASSERT`. The hook gets "expression : context", cut at 255 characters.
 /// The first variadic argument is a `printf` format, which may be null; its values follow.
 ORVA_API void _______________CONTEXT__ASSERT________________(const char* const expression,
                                                              const char* const file, unsigned int line,
@@ -57,7 +63,8 @@ ORVA_END_RESERVED_NAMES
     }                                                                                        \
   } while (false)
 
-/// The same with a context: a `printf` format, which may be null, and its values.
+/// The same with a context: a `printf` format, which may be null, and its values. A condition with commas
+/// needs parentheses here.
 #define ORVA_CONTEXT_ASSERT(condition, ...)                                                             \
   do {                                                                                                  \
     if (!(condition)) {                                                                                 \

@@ -24,7 +24,7 @@ exception::state::state(unsigned int line, const char* file, const char* functio
 }
 
 exception::state::state(const state& other) noexcept : line_(other.line_) {
-  // Only the texts are copied, not the arrays: a copy is made at every throw, and the texts are short.
+  // Copies the texts, not the whole arrays: every throw makes a copy, and the texts are short.
   if (other.file_[0] != '\0') copy_text(file_, other.file_);
   if (other.function_[0] != '\0') copy_text(function_, other.function_);
 }
@@ -52,8 +52,8 @@ runtime_error::runtime_error(const std::string& message, unsigned int line, cons
 
 const char* runtime_error::get_message() const { return message_.c_str(); }
 
-// The destructors stand here so that each class has one type_info, which every module of a program shares:
-// a handler in one module must catch what another one throws.
+// The destructors are defined here so that each class has one type_info, which all modules of a program
+// share. A handler in one module must catch what another module throws.
 exception::~exception() = default;
 logic_error::~logic_error() = default;
 runtime_error::~runtime_error() = default;

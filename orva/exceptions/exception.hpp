@@ -1,18 +1,26 @@
 /// The library's exceptions.
 ///
-/// A small hierarchy of its own: it does not derive from `std::exception`, so whoever wants the library's
-/// failures catches `exceptions::exception` or one of its branches by reference. An exception is a plain
-/// value: it owns its message and remembers where it was raised. Exceptions share nothing between threads.
+///     try {
+///       system::load_file("large.bin", text);
+///     } catch (const exceptions::exception& failure) {
+///       log(failure.message(), failure.error_state().function());
+///     }
+///
+/// The hierarchy does not derive from `std::exception`: catch `exceptions::exception` or one of its branches,
+/// by reference. An exception is a plain value, which owns its message and the source location at which it
+/// was raised. Exceptions share nothing between threads.
 ///
 ///     exception                         abstract root
-///       logic_error                     the caller could have known better
-///         invalid_argument_value        an argument outside the values that are told as valid
+///       logic_error                     an error of the calling code
+///         invalid_argument_value        an argument outside the valid values
 ///         length_error                  for applications; the library does not raise it
-///         out_of_range                  a date or time field that no calendar or clock has
-///       runtime_error                   only the run could tell
+///         out_of_range                  a date or time field out of the valid range
+///       runtime_error                   an error that only shows at run time
 ///         empty_error, full_error       for applications; the library does not raise them
-///         overflow_error                a number above what its type can hold
-///         underflow_error               a number below what its type can hold
+///         overflow_error                a number above the range of its type
+///         underflow_error               a number below the range of its type
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include <string>
@@ -23,19 +31,19 @@ namespace ORVA_NAMESPACE::exceptions {
 
 class ORVA_API exception {
  public:
-  /// Where an exception was raised. The texts live in the object, so that making one allocates nothing.
+  /// The source location at which an exception was raised. The texts are in the object itself, so that making
+  /// one allocates nothing.
   class ORVA_API state {
    public:
     /// `file` and `function` are copied; null leaves the text empty.
-    /// REQUIRES: each text is shorter than 256 characters, as every literal of a source tree is. A longer one
-    /// is cut.
+    /// REQUIRES: each text is shorter than 256 characters. A longer one is cut.
     state(unsigned int line, const char* file, const char* function) noexcept;
     state(const state& other) noexcept;
     state& operator=(const state& other) noexcept = default;
     ~state() = default;
 
     unsigned int line() const noexcept { return line_; }
-    /// The source file, its path under the source root without the ending: `strings/code_page`.
+    /// The source file: its path under the source root, without extension. Example: `strings/code_page`.
     const char* file() const noexcept { return file_; }
     /// The qualified name of the raising function: `ORVA_<major>_<minor>::system::load_file`.
     const char* function() const noexcept { return function_; }
@@ -52,7 +60,7 @@ class ORVA_API exception {
   exception& operator=(const exception& other) = default;
   virtual ~exception();
 
-  /// The text for the reader; valid as long as this object.
+  /// The message for a person. Valid as long as this object.
   const char* message() const { return get_message(); }
   const state& error_state() const noexcept { return state_; }
 
@@ -65,7 +73,7 @@ class ORVA_API exception {
 /// A mistake that the caller could have avoided.
 class ORVA_API logic_error : public exception {
  public:
-  /// With the state of another exception, so that a caller can raise a new one in its place.
+  /// Takes the source location from another exception: for raising a new one in its place.
   logic_error(const std::string& message, const state& raised_at);
   logic_error(const std::string& message, unsigned int line, const char* file, const char* function);
   logic_error(const logic_error& other) = default;
@@ -81,7 +89,7 @@ class ORVA_API logic_error : public exception {
 /// A condition that no caller can rule out beforehand.
 class ORVA_API runtime_error : public exception {
  public:
-  /// With the state of another exception, so that a caller can raise a new one in its place.
+  /// Takes the source location from another exception: for raising a new one in its place.
   runtime_error(const std::string& message, const state& raised_at);
   runtime_error(const std::string& message, unsigned int line, const char* file, const char* function);
   runtime_error(const runtime_error& other) = default;
@@ -94,7 +102,7 @@ class ORVA_API runtime_error : public exception {
   std::string message_;
 };
 
-// The leaves differ only in their type, which is what a handler selects on.
+// The derived classes differ only in their type, by which a handler selects.
 
 /// An argument has a value that the function does not take.
 class ORVA_API invalid_argument_value : public logic_error {

@@ -1,13 +1,15 @@
-/// A callable that can be stored and copied without knowing what stands behind it.
-///
-/// A delegate owns its function object; copying the delegate clones it. Set a delegate up before other
-/// threads can call through it.
+/// `delegate_t`: a callable that can be stored, copied and compared, whatever kind of function it calls.
 ///
 ///     struct printer { void print(const ustring8& text); };
 ///     printer p;
 ///     delegate_t<void(const ustring8&)> on_text;
 ///     on_text = member_function_t(&p, &printer::print);
 ///     if (on_text) on_text("hello");
+///
+/// A delegate owns its function object. Copying the delegate clones the function object. Set a delegate up
+/// before other threads can call it.
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include <functional>
@@ -32,8 +34,8 @@ class delegate_t<Result(Args...)> {
   delegate_t(delegate_t&& other) noexcept = default;
   ~delegate_t() = default;
 
-  /// Destroys the function object held so far and keeps a clone of the new one. The clone is made first: the
-  /// new one may be part of what is destroyed.
+  /// Stores a clone of `function` and destroys the previous function object. The clone is made first, since
+  /// `function` may be part of the object that is destroyed.
   delegate_t& operator=(const function_type& function) {
     target_.reset(function.clone());
     return *this;
@@ -44,10 +46,10 @@ class delegate_t<Result(Args...)> {
   }
   delegate_t& operator=(delegate_t&& other) noexcept = default;
 
-  bool empty() const noexcept { return target_ == nullptr; }
+  [[nodiscard]] bool empty() const noexcept { return target_ == nullptr; }
   explicit operator bool() const noexcept { return !empty(); }
 
-  /// Calls the function object. An empty delegate throws `std::bad_function_call`: test first.
+  /// Calls the function object. An empty delegate throws `std::bad_function_call`, so test it first.
   Result operator()(Args... args) const {
     if (empty()) throw std::bad_function_call();
     return (*target_)(std::forward<Args>(args)...);
@@ -56,7 +58,7 @@ class delegate_t<Result(Args...)> {
   /// The function object, owned by the delegate; null if it is empty.
   const function_type* target() const noexcept { return target_.get(); }
 
-  /// True if both are empty or their function objects are equal.
+  /// Returns true if both are empty, or if their function objects are equal.
   bool equal(const delegate_t& other) const {
     if (empty() || other.empty()) return empty() == other.empty();
     return target_->equal(*other.target_);

@@ -1,4 +1,6 @@
-/// The compile-time description of a function signature, for code that is written over any signature.
+/// `function_traits`: the result type and the argument types of a function signature.
+///
+///     traits::function_traits<int(char, long)>::arity    =>  2
 #pragma once
 
 #include <cstddef>

@@ -1,4 +1,14 @@
-/// The abstract callable behind a delegate. Derive from it to make anything callable through `delegate_t`.
+/// `function_type_interface`: the base of the function objects of `delegate_t`.
+///
+/// Derive from it to make any callable usable through a delegate:
+///
+///     struct report : functor::function_type_interface<void(int)> {
+///       void operator()(int value) override { std::cout << value; }
+///       bool equal(const function_type_interface& other) const override { return this == &other; }
+///       report* clone() const override { return new report(*this); }
+///     };
+///
+/// `member_function_t` is the one for member functions.
 #pragma once
 
 #include "orva/functor/function_traits.hpp"
@@ -14,10 +24,10 @@ class function_type_interface<Result(Args...)> : public generic::abilities::clon
                                                  public traits::function_traits<Result(Args...)> {
  public:
   virtual Result operator()(Args... args) = 0;
-  /// True for the same kind of function object with the same target.
+  /// Returns true for a function object of the same kind with the same target.
   virtual bool equal(const function_type_interface& other) const = 0;
-  /// A heap copy; the caller owns it.
-  virtual function_type_interface* clone() const = 0;
+  /// Returns a copy on the heap, owned by the caller.
+  [[nodiscard]] virtual function_type_interface* clone() const = 0;
 };
 
 }  // namespace ORVA_NAMESPACE::functor

@@ -1,6 +1,10 @@
-/// A member function bound to an object, as a function object for `delegate_t`.
+/// `member_function_t`: a function object for `delegate_t` that calls a member function of an object.
 ///
-/// The object is not owned: it must outlive every delegate that was made from this.
+///     printer p;
+///     delegate_t<void(const ustring8&)> on_text = member_function_t(&p, &printer::print);
+///
+/// The member function may be const or inherited. The object is not owned: it must outlive all delegates made
+/// from this function object.
 #pragma once
 
 #include <type_traits>
@@ -24,7 +28,8 @@ class member_function_t<C, Result(Args...)> : public function_type_interface<Res
 
   Result operator()(Args... args) override { return (object_->*function_)(std::forward<Args>(args)...); }
 
-  /// True for the same member function of the same object; any other kind of function object is not equal.
+  /// Returns true for the same member function of the same object, false for any other kind of function
+  /// object.
   bool equal(const function_type_interface<Result(Args...)>& other) const override {
     const auto* same_kind = dynamic_cast<const member_function_t*>(&other);
     return same_kind != nullptr && object_ == same_kind->object_ && function_ == same_kind->function_;

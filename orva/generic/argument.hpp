@@ -1,14 +1,15 @@
-/// `argument`: a value with a name, or without one.
-///
-/// An argument with an empty name is positional. A plain value: copying one copies the name and shares the
-/// value's payload. Arguments that nobody changes may be read by many threads.
+/// `argument`: a value with or without a name.
 ///
 ///     argument("count", 3)      =>  name "count", value 3
-///     argument("count=3")       =>  no name, value "count=3": text is never taken apart
-///     argument("count", nil)    =>  a declared name without a value, which is not nil
+///     argument("count=3")       =>  no name, value "count=3": text is not parsed
+///     argument("count", nil)    =>  a name without a value; not nil
 ///     argument(nil), argument() =>  nil
 ///
-/// Two arguments cannot be compared with each other.
+/// An argument with an empty name is positional. An argument is a plain value: a copy copies the name and
+/// shares the value's payload. Any number of threads may read one while none changes it. Arguments cannot be
+/// compared with each other, only with nil.
+///
+/// Edge cases: docs/edges.md#values
 #pragma once
 
 #include <concepts>
@@ -37,7 +38,7 @@ class argument {
   /// A positional argument.
   argument(types::variant value) : value_(std::move(value)) {}
   argument(std::string_view name, types::variant value) : name_(name), value_(std::move(value)) {}
-  /// A name is text: neither `nullptr`, nor a 0 that would be taken for a null pointer.
+  // A name is text. `nullptr`, and a 0 that would be taken for a null pointer, do not compile.
   template <_private::not_a_name T>
   argument(T name, types::variant value) = delete;
 
@@ -53,7 +54,7 @@ class argument {
   /// Sets the value and returns the new one.
   const types::variant& value(types::variant new_value) { return value_ = std::move(new_value); }
 
-  /// Replaces the value and keeps the name.
+  /// Replaces the value. The name stays.
   argument& assign(types::variant new_value) {
     value_ = std::move(new_value);
     return *this;
@@ -69,7 +70,7 @@ class argument {
   argument& assign(T new_name, types::variant new_value) = delete;
   argument& assign(const argument& other) { return *this = other; }
 
-  /// Nil is an empty name with a nil value: a named argument is never nil.
+  /// An argument is nil if its name is empty and its value is nil. A named argument is never nil.
   bool equal(const types::nil_t& nothing) const noexcept { return !has_name() && value_ == nothing; }
   bool operator==(const types::nil_t& nothing) const noexcept { return equal(nothing); }
 

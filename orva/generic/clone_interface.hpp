@@ -1,4 +1,7 @@
-/// `clone_ability` with the operation itself: what code sees that can copy an object and knows no more of it.
+/// `clone_interface`: `clone_ability` with a virtual `clone`, for code that copies objects of unknown
+/// classes.
+///
+///     std::unique_ptr<generic::clone_interface> copy(object.clone());
 #pragma once
 
 #include "orva/export.hpp"
@@ -12,8 +15,8 @@ class ORVA_API clone_interface : public abilities::clone_ability {
   clone_interface(const clone_interface&) noexcept = default;
   clone_interface& operator=(const clone_interface&) noexcept = default;
   ~clone_interface() override;
-  /// A heap copy of the object, of its dynamic type; the caller owns it.
-  virtual clone_interface* clone() const = 0;
+  /// Returns a copy of the object, of its dynamic type, on the heap. The caller owns it.
+  [[nodiscard]] virtual clone_interface* clone() const = 0;
 };
 
 }  // namespace ORVA_NAMESPACE::generic

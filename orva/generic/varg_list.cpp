@@ -11,16 +11,16 @@ const argument varg_list::nil_argument;
 
 namespace {
 
-/// Most lists are no longer, and are allocated once.
+/// Most lists are not longer, so they are allocated once.
 constexpr std::size_t usual_size = 4;
 
-/// The same walk for a list that may be changed and for one that may not.
+/// For const and non-const lists.
 template <typename List>
 auto find_name(List& list, std::string_view name) {
   return std::find_if(list.begin(), list.end(), [name](const argument& each) { return each.name() == name; });
 }
 
-/// The same test for a list that may be changed and for one that may not.
+/// For const and non-const lists.
 template <typename Arguments>
 auto& checked_at(Arguments& arguments, std::size_t position) {
   if (position >= arguments.size()) throw std::out_of_range("invalid vector<T> subscript");
@@ -45,7 +45,7 @@ varg_list::varg_list(const argument& a1, const argument& a2, const argument& a3,
   std::for_each(std::begin(given), end, [this](const argument* each) { push_back(*each); });
 }
 
-/// False: the name is taken.
+/// Returns false if the name is in the list. Reserves space for the first arguments.
 bool varg_list::has_room_for(std::string_view name) {
   if (!name.empty() && has_argument(name)) return false;
   if (size() == std::numeric_limits<types::uint32>::max()) throw std::length_error("vector<T> too long");

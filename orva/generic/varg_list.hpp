@@ -1,21 +1,25 @@
-/// `varg_list`: an ordered list of arguments, positional and named.
+/// `varg_list`: an ordered list of positional and named arguments.
 ///
-/// This is how a caller hands any number of typed values to a message, and how arrays travel through the
-/// configuration. The order is that of adding. A name stands in a list once: a second argument of that name
-/// is refused and the first one stays. Positional arguments, whose name is empty, are never refused.
-///
-/// The list is a plain value: a copy is independent, sharing only the immutable payloads of the values.
-/// Iterators and references are those of a vector. A list that nobody changes may be read by many threads.
+/// Messages are formatted with such a list, and arrays of the configuration are read and written through it.
 ///
 ///     varg_list args(argument("name", "disk"), argument("free", 1500000));
-///     args.push_back("free", 0)     =>  false: the name is taken
+///     args.push_back("free", 0)     =>  false: the name is in the list
 ///     args["free"].value()          =>  1500000
-///     args["used"] == nil           =>  true: a name that is not there gives `nil_argument`
+///     args["used"] == nil           =>  true: a missing name gives `nil_argument`
 ///     args[1].name()                =>  "free"
 ///     args[2]                       =>  throws std::out_of_range("invalid vector<T> subscript")
 ///
-/// Names are compared byte by byte in UTF-8, and looked up from the front; the first match wins. The empty
-/// name finds the first positional argument. Lists are short and built for one call, so no index is kept.
+/// Arguments stay in the order in which they were added. A second argument with the same name is refused, and
+/// the first one stays. Positional arguments, which have an empty name, are never refused.
+///
+/// Names are compared byte by byte, as UTF-8. A lookup searches from the front and finds the first match. The
+/// empty name finds the first positional argument. There is no index: lists are short and made for one call.
+///
+/// A list is a plain value. A copy is independent; it shares the payloads of the values, which never change.
+/// Iterators and references are those of a vector. Any number of threads may read a list while none changes
+/// it.
+///
+/// Edge cases: docs/edges.md#values
 #pragma once
 
 #include <concepts>
@@ -38,12 +42,12 @@ class ORVA_API varg_list {
   using iterator = std::vector<argument>::iterator;
   using const_iterator = std::vector<argument>::const_iterator;
 
-  /// What a lookup by name returns when there is no such argument. Lives as long as the library.
+  /// The result of a lookup of a missing name. Lives as long as the library.
   static const argument nil_argument;
 
   varg_list() = default;
-  /// Adds the arguments up to the first that equals nil; that one and all behind it are dropped. A name that
-  /// occurred before is skipped.
+  /// Adds the arguments up to the first one that equals nil. That one and all after it are dropped. An
+  /// argument whose name is already in the list is skipped.
   varg_list(const argument& a1, const argument& a2 = nil_argument, const argument& a3 = nil_argument,
             const argument& a4 = nil_argument, const argument& a5 = nil_argument,
             const argument& a6 = nil_argument, const argument& a7 = nil_argument,
@@ -60,13 +64,13 @@ class ORVA_API varg_list {
 
   varg_list& assign(const varg_list& other) { return *this = other; }
 
-  /// Adds at the end, a nil argument like any other. False, and nothing is changed, when the name is taken.
-  /// An argument or a value that is given away with `std::move` is taken only when it is added.
+  /// Adds an argument at the end; a nil argument is added like any other. Returns false if the name is in the
+  /// list; then nothing changes, also not an argument or a value that was passed with `std::move`.
   bool push_back(const argument& added);
   bool push_back(argument&& added);
   bool push_back(std::string_view name, const types::variant& value);
   bool push_back(std::string_view name, types::variant&& value);
-  // A name is text: neither `nullptr`, nor a 0 that would be taken for a null pointer.
+  // A name is text. `nullptr`, and a 0 that would be taken for a null pointer, do not compile.
   template <_private::not_a_name T>
   bool push_back(T name, const types::variant& value) = delete;
 
@@ -79,7 +83,7 @@ class ORVA_API varg_list {
   template <_private::not_a_name T>
   iterator find(T name) const = delete;
 
-  /// The first argument of that name, or `nil_argument`. To change a named argument use `find`, or its
+  /// The first argument of that name, or `nil_argument`. To change a named argument, use `find` or its
   /// position.
   const argument& at(std::string_view name) const;
   const argument& operator[](std::string_view name) const { return at(name); }
@@ -101,10 +105,10 @@ class ORVA_API varg_list {
   const_iterator end() const noexcept { return arguments_.end(); }
 
   types::uint32 size() const noexcept { return static_cast<types::uint32>(arguments_.size()); }
-  /// The same as `size`.
+  /// Same as `size`.
   types::uint32 count() const noexcept { return size(); }
 
-  bool empty() const noexcept { return arguments_.empty(); }
+  [[nodiscard]] bool empty() const noexcept { return arguments_.empty(); }
   /// A list equals nil when it is empty; one that holds a nil argument does not.
   bool equal(const types::nil_t&) const noexcept { return empty(); }
   bool operator==(const types::nil_t& nothing) const noexcept { return equal(nothing); }
@@ -113,16 +117,16 @@ class ORVA_API varg_list {
   void clear() noexcept { arguments_.clear(); }
   void erase() noexcept { clear(); }
 
-  /// Removes one argument, or those from `first` up to `last`, and returns the place of what stood behind.
-  /// The end as `position`, which `find` gives for a missing name, removes nothing.
+  /// Removes one argument, or those from `first` up to `last`. Returns the position after the removed ones.
+  /// If `position` is the end, which `find` returns for a missing name, nothing is removed.
   iterator erase(const_iterator position);
   iterator erase(const_iterator first, const_iterator last) { return arguments_.erase(first, last); }
   /// Removes the first argument of that name, if there is one.
   void erase(std::string_view name);
   template <std::same_as<std::nullptr_t> Null>
   void erase(Null name) = delete;
-  /// Removes the argument at that position. At or past the end there is nothing to remove, and nothing is
-  /// thrown: a lookup must give an answer, a removal has none to give.
+  /// Removes the argument at that position. A position at or past the end removes nothing; unlike a lookup,
+  /// it does not throw.
   void erase(std::size_t position);
 
  private:

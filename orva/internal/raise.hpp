@@ -1,4 +1,7 @@
-/// How the library raises its exceptions: one macro, so that no raise site can forget its place.
+/// `ORVA_RAISE`: the one way in which the library raises its exceptions.
+///
+///     ORVA_RAISE(exceptions::out_of_range, "month value out of valid range",
+///                ORVA_QUALIFIED("system::date_time::date::month"));
 ///
 /// Internal: not installed.
 #pragma once
@@ -26,8 +29,10 @@ struct source_name {
 
 }  // namespace ORVA_NAMESPACE::internal
 
-/// Throws `exception_class` with a message and the qualified name of the raising function, and adds the line
-/// and the source file of the place where it stands. A macro because only a macro knows that place.
+/// Throws an exception of class `exception_class`.
+///
+/// `message` is the message, `function` the qualified name of the raising function. The macro adds the line
+/// and the source file in which it is written; a function could not know them.
 #define ORVA_RAISE(exception_class, message, function)                                                    \
   do {                                                                                                    \
     constexpr ::ORVA_NAMESPACE::internal::source_name orva_source_name{__FILE__};                         \

@@ -1,4 +1,4 @@
-/// The text in a `variant`, looked at without a copy.
+/// Access to the text in a `variant` without a copy.
 ///
 /// Internal: not installed.
 #pragma once
@@ -8,8 +8,8 @@
 
 namespace ORVA_NAMESPACE::types::_private {
 
-/// What `as_string` copies if the value is a `ustring8` or a byte string; null if it is anything else. Lives
-/// as long as the value.
+/// The stored text, if the value is a `ustring8` or a byte string; otherwise null. Valid as long as the
+/// value.
 const strings::ustring8* stored_text(const variant& value) noexcept;
 
 }  // namespace ORVA_NAMESPACE::types::_private

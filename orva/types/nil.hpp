@@ -1,7 +1,14 @@
-/// `nil`, the one value by which the library says "nothing".
+/// `nil`: the value that means "nothing".
 ///
-/// It carries no data; its type selects overloads. What "equal to nil" means is told by each class that
-/// compares with it: an empty list, a value without content, a name that is not there.
+///     variant value = nil;
+///     value == nil                  =>  true
+///     varg_list() == nil            =>  true: an empty list
+///     debug::set_assert_hook(nil)   =>  removes the hook
+///
+/// It has no data; its type selects overloads. Each class that compares with nil documents what is equal to
+/// it.
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include "orva/export.hpp"
@@ -10,7 +17,7 @@ namespace ORVA_NAMESPACE::types {
 
 class nil_t {};
 
-/// Not const: `variant` and `message_t` take their nil by non-const reference.
+/// Not const: `variant` and `message_t` take it by non-const reference.
 extern ORVA_API nil_t nil;
 
 }  // namespace ORVA_NAMESPACE::types

@@ -23,19 +23,20 @@ variant_type* make_text(const Unit* text) {
   return generic::abilities::create_dynamic<text_payload>(text);
 }
 
-/// All payloads are made in this file: the address of the type tells it, without a look at its name.
+/// All payloads are made in this file, so the address of the type_info is enough to compare.
 template <typename T>
 bool holds(const variant_type& payload) noexcept {
   return &payload.type() == &typeid(T);
 }
 
-/// The value of a payload that holds a T. Null: it holds another type.
+/// The value of a payload that holds a T; null if it holds another type.
 template <typename T>
 const auto* value_of(const variant_type& payload) noexcept {
   return holds<T>(payload) ? &static_cast<const variant_value_t<T>&>(payload).value() : nullptr;
 }
 
-/// A nil payload in static storage, which serves until the last static is gone.
+/// A nil payload in static storage, never destroyed: destructors of static objects may read moved-from
+/// variants.
 union never_destroyed_nil {
   never_destroyed_nil() : value(nil) {}
   ~never_destroyed_nil() {}
@@ -43,7 +44,7 @@ union never_destroyed_nil {
   variant_value_t<nil_t> value;
 };
 
-/// The payload of nil would answer "0", as its numbers do; as text there is nothing to show.
+/// Nil is empty text, although its payload returns "0".
 template <typename Text>
 Text text_of(const variant_type& payload, Text (variant_type::*read)() const) {
   return holds<nil_t>(payload) ? Text() : (payload.*read)();

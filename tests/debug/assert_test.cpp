@@ -26,8 +26,7 @@ struct report {
   unsigned int line;
 };
 
-/// Collects what it is called with, for all copies of one hook together, and counts the copies that are
-/// alive.
+/// Collects the arguments of all calls of all copies of one hook, and counts the copies that are alive.
 class recording_hook : public functor::function_type_interface<debug::assert_hook> {
  public:
   struct record_t {
@@ -113,7 +112,7 @@ TEST_F(assert_hook, outlives_the_callers_delegate) {
   EXPECT_EQ(record.reports.size(), 1u);
 }
 
-/// Runs an action of the test's when it is called.
+/// Runs an action of the test when it is called.
 class acting_hook : public functor::function_type_interface<debug::assert_hook> {
  public:
   using action_t = std::function<void(acting_hook&)>;
@@ -333,8 +332,8 @@ TEST_F(assert_hook, percent_signs_in_the_expression_are_text) {
   EXPECT_EQ(record.reports.at(0).text, "a % s == 0 && %n : context");
 }
 
-/// "expression : context" as the hook gets it: 255 characters at most, and no context behind an expression
-/// that fills the buffer.
+/// The text that the hook gets: "expression : context", at most 255 characters, and no context after an
+/// expression that fills the buffer.
 std::string expected_context(const std::string& expression, const std::string& context) {
   const std::string start = expression + " : ";
   return (start.size() < 256 ? start + context : start).substr(0, 255);

@@ -140,7 +140,7 @@ TEST(exception, root_is_abstract) {
   static_assert(!std::is_polymorphic_v<exception::state>);
 }
 
-/// An application's own branch of the hierarchy, with a message that is no string.
+/// A branch of the hierarchy that an application derives, with a message that is not a string.
 class fixed_text_error : public exception {
  public:
   using exception::exception;

@@ -4,7 +4,6 @@
 
 #include <cstddef>
 #include <limits>
-#include <random>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -12,6 +11,8 @@
 #include <type_traits>
 #include <utility>
 #include <vector>
+
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -25,8 +26,8 @@ using types::variant;
 static_assert(sizeof(varg_list) == sizeof(std::vector<argument>) && !std::is_polymorphic_v<varg_list>);
 static_assert(std::is_same_v<decltype(std::declval<const varg_list&>().size()), types::uint32>);
 
-// A name is text: neither a null pointer nor a 0, which would be taken for one. A 0 is a position where there
-// are positions.
+// A name is text, not a null pointer, nor a 0, which would be taken for one. Where a position is possible, 0
+// is one.
 template <typename Name>
 constexpr bool adds_name = requires(varg_list list, Name name) {
   list.push_back(name, 1);
@@ -398,12 +399,10 @@ TEST(varg_list, erased_name_can_be_added_again) {
   EXPECT_EQ(shown(list), "=2 b=3 a=9");
 }
 
-// All of it.
+// Random operations.
 
 TEST(varg_list, random_operations_agree_with_a_vector_of_pairs) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const std::vector<std::string> names = {"", "a", "b", "c", "d"};
   varg_list list;
   std::vector<std::pair<std::string, int>> model;

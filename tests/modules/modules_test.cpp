@@ -1,5 +1,5 @@
-// What the modules of one program share: exceptions raised in one are caught in another, counted objects may
-// be let go anywhere, and there is one nil and one assertion hook.
+// What the modules of one program share: an exception raised in one is caught in another, any module may
+// release a counted object, and there is one nil and one assertion hook.
 
 #include <gtest/gtest.h>
 

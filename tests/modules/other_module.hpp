@@ -1,5 +1,5 @@
-/// A module beside the test program, as an application's loadable module is: built on its own, with
-/// everything hidden that it does not export.
+/// A module that the test program uses, as an application uses a loadable module: built on its own, with all
+/// names hidden that it does not export.
 #pragma once
 
 #include <string>

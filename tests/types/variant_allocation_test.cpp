@@ -1,4 +1,4 @@
-/// What a variant and a list allocate, counted by replacing the allocation of the whole program.
+/// The allocations of variants and lists, counted by a replaced `operator new`.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -20,7 +20,7 @@ void* operator new(std::size_t size) {
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
-// Where GCC expands these but not the function above, it takes that one for the standard's and warns.
+// If GCC inlines these, but not the function above, it takes that one for the standard's and warns.
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
@@ -75,7 +75,7 @@ TEST_F(allocation, moving_a_variant_takes_none) {
             0);
 }
 
-// The first value that this program moves from, where each test is a process of its own.
+// CTest runs each test in a process of its own; there, this is the first moved-from value.
 TEST_F(allocation, reading_a_moved_from_variant_takes_none) {
   variant source(1);
   const variant target(std::move(source));

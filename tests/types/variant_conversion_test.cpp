@@ -1,4 +1,4 @@
-/// The whole matrix: every stored type, every accessor, against an independent reference.
+/// All conversions: every accessor of every stored type, compared with an independent reference.
 #include <gtest/gtest.h>
 
 #include <array>
@@ -6,12 +6,12 @@
 #include <cstring>
 #include <limits>
 #include <locale>
-#include <random>
 #include <sstream>
 #include <string>
 #include <vector>
 
 #include "orva/types/variant.hpp"
+#include "tests/support/random_engine.hpp"
 #include "tests/support/reference_conversion.hpp"
 #include "tests/support/sign_of_nan.hpp"
 
@@ -64,7 +64,7 @@ void expect_unsigned(const variant& value, Reference reference) {
   EXPECT_EQ(decimal(value.as_uint64()), expected(64));
 }
 
-/// The unsigned names without a width read through the signed accessors.
+/// The unsigned accessors without a width use the signed ones.
 template <typename Reference>
 void expect_aliases(const variant& value, Reference reference) {
   const auto expected = [&](int bits) {
@@ -168,7 +168,7 @@ TEST(variant_of_nil, is_zero_everywhere) {
 template <typename T>
 class variant_of_floating : public testing::Test {
  public:
-  /// Both sides of every power of two, of every limit of an integer, and the values that are no numbers.
+  /// Values around each power of two and each limit of an integer type, infinities and NaN.
   static std::vector<T> boundaries() {
     using limits = std::numeric_limits<T>;
     std::vector<T> values = {0,
@@ -255,9 +255,8 @@ TEST(variant_of_double, beyond_the_range_of_an_integer_gives_the_results_of_x86)
   EXPECT_EQ(variant(70000.0).as_int16(), 4464);
 }
 
-/// Values that a stream writes in every shape: random bits, and random decimals of few digits.
-std::vector<double> random_values(std::uint_fast32_t seed, int count) {
-  std::mt19937_64 random(seed);
+/// Values that a stream writes in all its forms: random bits, and random decimals of few digits.
+std::vector<double> random_values(orva_test::random_engine& random, int count) {
   std::vector<double> values;
   for (int i = 0; i < count; ++i) {
     double from_bits = 0;
@@ -271,10 +270,9 @@ std::vector<double> random_values(std::uint_fast32_t seed, int count) {
 }
 
 TEST(variant_of_double, text_is_what_a_stream_writes_for_random_values) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE(seed);
+  orva_test::random_engine random;
   std::ostringstream stream;
-  for (const double stored : random_values(seed, 250'000)) {
+  for (const double stored : random_values(random, 250'000)) {
     stream.str("");
     stream << stored;
     ASSERT_EQ(variant(stored).as_string(), with_sign_of_nan(stored, stream.str()));
@@ -285,16 +283,15 @@ TEST(variant_of_double, text_is_what_a_stream_writes_for_random_values) {
 }
 
 TEST(variant_of_double, integers_are_those_of_the_reference_for_random_values) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE(seed);
-  for (const double stored : random_values(seed, 2'000)) {
+  orva_test::random_engine random;
+  for (const double stored : random_values(random, 2'000)) {
     SCOPED_TRACE(stored);
     expect_integers(stored, [stored](integer_form form) { return orva_test::truncate(stored, form); });
     if (testing::Test::HasFailure()) return;
   }
 }
 
-/// A locale of its own for as long as the object lives.
+/// Sets the global locale for as long as the object lives.
 class global_locale {
  public:
   explicit global_locale(const std::locale& place) : before_(std::locale::global(place)) {}
@@ -512,9 +509,7 @@ TEST(variant_of_text, a_number_beyond_the_range_is_true) {
 }
 
 TEST(variant_of_text, numbers_written_and_read_back_are_the_same) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE(seed);
-  std::mt19937_64 random(seed);
+  orva_test::random_engine random;
   for (int i = 0; i < 20'000; ++i) {
     const auto number = static_cast<long long>(random()) >> (random() % 64);
     const std::string text = variant(number).as_string();
@@ -526,9 +521,7 @@ TEST(variant_of_text, numbers_written_and_read_back_are_the_same) {
 }
 
 TEST(variant_of_text, random_texts_are_read_as_by_the_reference) {
-  const auto seed = std::random_device()();
-  SCOPED_TRACE(seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   const std::string alphabet = "0123456789abfxABFX+-\\ 01";
   for (int i = 0; i < 4'000; ++i) {
     std::string text(random() % 24, ' ');

@@ -88,7 +88,7 @@ static_assert(makes_variant<converts_to<bool>> && makes_variant<converts_to<int>
 static_assert(makes_variant<converts_to<bool, void*>> && makes_variant<text_and_pointer>);
 static_assert(makes_variant<std::vector<bool>::reference>);
 
-// No function that takes a variant is considered for them.
+// They are not converted to a variant, so that overloads with other parameters stay unambiguous.
 static_assert(!std::is_convertible_v<decltype(captureless), variant>);
 
 static_assert(std::is_nothrow_copy_constructible_v<variant> && std::is_nothrow_move_constructible_v<variant>);
@@ -206,7 +206,7 @@ TEST(variant, empty_text_and_zero_are_not_nil) {
   EXPECT_TRUE(variant(false) != nil);
 }
 
-// Sharing. A wide string shows in its stream form where it is stored, and so whether two variants share it.
+// Sharing. The stream form of a wide string contains its address, which shows whether two variants share it.
 
 TEST(variant, copy_shares_the_payload) {
   const variant original(wide_string(3, 'x'));
@@ -401,7 +401,7 @@ TEST(variant, text_is_copied_out_never_lent) {
 }
 
 TEST(variant, usable_while_statics_go) {
-  // Constructed before anything that it holds is looked at, destroyed after the test has ended.
+  // Destroyed after the test has ended.
   static variant survivor(std::string(100, 'x'));
   static variant emptied(std::move(survivor));
   EXPECT_TRUE(survivor == nil);

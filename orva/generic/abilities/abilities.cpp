@@ -1,7 +1,7 @@
 #include "orva/generic/abilities/create_ability.hpp"
 #include "orva/generic/clone_interface.hpp"
 
-// The destructors stand here so that the type_info of each ability is one for all modules of a program.
+// The destructors are defined here so that all modules of a program share one type_info of each class.
 
 namespace ORVA_NAMESPACE::generic::abilities {
 

@@ -1,4 +1,9 @@
-/// Whether an object was made with `new` and may be deleted by its last counted pointer.
+/// `alloc_detection_ability`: marks objects that their last counted pointer may delete.
+///
+///     auto* item = generic::abilities::create_dynamic<config::user_item>();
+///     item->is_created_dynamic()    =>  true; an object made otherwise returns false
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include <utility>
@@ -10,9 +15,9 @@ namespace ORVA_NAMESPACE::generic::abilities {
 class alloc_detection_ability {
  public:
   alloc_detection_ability() noexcept = default;
-  /// A copy is an object of its own: where the source stands says nothing about where the copy does.
+  /// A copy is not marked: the source may be on the heap while the copy is not.
   alloc_detection_ability(const alloc_detection_ability&) noexcept {}
-  /// Takes the flag over from the source. Assign only between objects that were made in the same way.
+  /// Copies the mark. Assign only between objects that were made in the same way.
   alloc_detection_ability& operator=(const alloc_detection_ability&) noexcept = default;
 
   bool is_created_dynamic() const noexcept { return created_dynamic_; }
@@ -27,11 +32,11 @@ class alloc_detection_ability {
   bool created_dynamic_ = false;
 };
 
-/// Makes a T on the heap, marked so that the last counted pointer to it deletes it. The count is still 0:
-/// hand the result to a counted pointer. This is the only way to set the mark, and what every `clone` and
-/// `create` of a counted class returns.
+/// Makes a T on the heap, marked so that the last counted pointer to it deletes it. The count is 0: give the
+/// result to a counted pointer, since nothing else deletes it. Every `clone` and `create` of a counted class
+/// must return an object made by this function; nothing else sets the mark.
 template <typename T, typename... Args>
-T* create_dynamic(Args&&... args) {
+[[nodiscard]] T* create_dynamic(Args&&... args) {
   T* object = new T(std::forward<Args>(args)...);
   static_cast<alloc_detection_ability*>(object)->created_dynamic_ = true;
   return object;

@@ -1,7 +1,7 @@
-/// Marks a class that has `clone() const`: a heap copy of the object, of its dynamic type.
+/// `clone_ability`: a base of classes that have `clone() const`, which returns a copy on the heap.
 ///
-/// Each hierarchy declares `clone` itself, with its own result type; `generic::clone_interface` is the form
-/// for code that knows nothing more of a class.
+/// Each hierarchy declares `clone` itself, with its own result type. `generic::clone_interface` declares it
+/// for code that copies objects of unknown classes.
 #pragma once
 
 #include "orva/export.hpp"
@@ -15,7 +15,7 @@ class ORVA_API clone_ability {
   clone_ability() noexcept = default;
   clone_ability(const clone_ability&) noexcept {}
   clone_ability& operator=(const clone_ability&) noexcept { return *this; }
-  // Inline, as the payload of every value ends here.
+  // Inline for speed: it runs for the payload of every value.
   virtual ~clone_ability() = default;
 };
 

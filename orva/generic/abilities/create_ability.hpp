@@ -1,4 +1,5 @@
-/// Marks a class that has `create() const`: a new default object of the same dynamic type.
+/// `create_ability`: a base of classes that have `create() const`, which returns a new default object of the
+/// same dynamic type.
 #pragma once
 
 #include "orva/export.hpp"

@@ -1,4 +1,4 @@
-/// A number by which an object is known.
+/// `id_ability`: a number that identifies an object.
 #pragma once
 
 #include <cstdint>
@@ -9,12 +9,11 @@ namespace ORVA_NAMESPACE::generic::abilities {
 
 class id_ability {
  public:
-  /// The object's own address, so that default ids of live objects differ. Where an address is wider than an
-  /// id its low 32 bits are taken: objects less than 4 GiB apart, and so all of one heap arena or stack,
-  /// still differ.
+  /// The low 32 bits of the object's address. Objects that live at the same time and less than 4 GiB apart
+  /// have different ids.
   id_ability() noexcept : id_(static_cast<types::uint32>(reinterpret_cast<std::uintptr_t>(this))) {}
   explicit id_ability(types::uint32 id) noexcept : id_(id) {}
-  // Copies take the id over: a copy is known by the same number as its source.
+  // A copy has the id of its source.
 
   types::uint32 id() const noexcept { return id_; }
   /// Sets the id and returns the new one.

@@ -1,10 +1,13 @@
-/// The count that lets an object be owned by `memory::pointers::rc_pointer` and `shared_pointer`.
+/// `reference_count_pointer_ability`: the count of an object owned by `rc_pointer` or `shared_pointer`.
 ///
-/// The count sits in the object, so that a counted pointer is one word and can be made again from the raw
-/// pointer at any time. A class X that is to be counted derives from `reference_count_pointer_ability<X>`.
+///     class document : public generic::abilities::reference_count_pointer_ability<document> { ... };
+///     memory::pointers::shared_pointer<document> open = generic::abilities::create_dynamic<document>();
 ///
-/// Counting is atomic: pointers to one object may live on several threads. Reading the count is a plain look
-/// that may be outdated at once when others hold pointers too.
+/// The count is in the object, so that a counted pointer is one word and can be made from a raw pointer at
+/// any time. Counting is atomic: several threads may hold pointers to the same object. The count that is read
+/// may already be out of date when other threads hold pointers too.
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include <atomic>
@@ -23,10 +26,10 @@ namespace ORVA_NAMESPACE::generic::abilities {
 class reference_count_pointer_ability_b : public alloc_detection_ability {
  public:
   reference_count_pointer_ability_b() noexcept = default;
-  /// Nobody points at the copy yet: it starts at 0, whatever the source had.
+  /// The count of a copy starts at 0, since no pointer points to it yet.
   reference_count_pointer_ability_b(const reference_count_pointer_ability_b& other) noexcept
       : alloc_detection_ability(other) {}
-  /// Member by member, count and mark included: callers that assign whole counted objects rely on it.
+  /// Copies the count and the mark too. Assign only between objects that no pointer points to.
   reference_count_pointer_ability_b& operator=(const reference_count_pointer_ability_b& other) noexcept {
     alloc_detection_ability::operator=(other);
     ref_count_.store(other.get_ref_count());
@@ -37,9 +40,9 @@ class reference_count_pointer_ability_b : public alloc_detection_ability {
   ~reference_count_pointer_ability_b() = default;
 
   void inc_pointer_ref() noexcept { ref_count_.fetch_add(1); }
-  /// The new count.
+  /// Returns the new count.
   int dec_pointer_ref() noexcept { return static_cast<int>(ref_count_.fetch_sub(1) - 1); }
-  /// The increment of an object that was just made. REQUIRES: no other thread has heard of it.
+  /// The increment for the first pointer to a new object. REQUIRES: no other thread knows the object.
   void first_pointer_ref() noexcept { ref_count_.store(1, std::memory_order_relaxed); }
   /// The same as `dec_pointer_ref`, without an atomic decrement where the caller's pointer is the only one of
   /// an object that is deleted with it: no other thread can count such an object, and everything that others

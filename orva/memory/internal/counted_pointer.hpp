@@ -1,20 +1,18 @@
-/// The life cycle that `rc_pointer` and `shared_pointer` share. Use those; this is their common base.
+/// `counted_pointer`: the common base of `rc_pointer` and `shared_pointer`.
+///
+/// Internal: installed, since their templates need it, but included by them only.
 #pragma once
 
 #include <utility>
 
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 
-namespace ORVA_NAMESPACE::memory::pointers {
+namespace ORVA_NAMESPACE::memory::pointers::_private {
 
-/// Tells a counted pointer that it is the first of an object which was just made, so that counting it needs
-/// no atomic step. REQUIRES: there is such an object, and no other thread has heard of it.
+/// Selects the constructor for the first pointer to a new object, which needs no atomic increment.
+/// REQUIRES: the object exists, and no other thread knows it.
 struct just_made_t {};
 inline constexpr just_made_t just_made;
-
-}  // namespace ORVA_NAMESPACE::memory::pointers
-
-namespace ORVA_NAMESPACE::memory::pointers::_private {
 
 template <typename T>
 class counted_pointer {
@@ -66,7 +64,7 @@ class counted_pointer {
   /// caller's condition is false for such an object.
   [[gnu::noinline]] static void destroy(T* target) noexcept { delete target; }
 
-  /// The new target is held before the old one goes: it may be kept alive by nothing but the old one.
+  /// Acquires the new target before the old one is released: the old one may be its only owner.
   void replace(T* target) noexcept {
     acquire(target);
     release(std::exchange(target_, target));

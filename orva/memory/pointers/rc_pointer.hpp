@@ -1,9 +1,17 @@
-/// A counted pointer for the polymorphic classes of the library.
+/// `rc_pointer`: a counted pointer for polymorphic classes.
 ///
-/// One word; copying it costs one atomic increment. The object counts its pointers, and the last one to let
-/// go deletes it if it was made by `generic::abilities::create_dynamic`; an object that lives anywhere else
-/// is left where it is. Several threads may hold pointers to one object; one pointer object belongs to one
-/// thread.
+///     using item_pointer = memory::pointers::rc_pointer<config::base_config_item>;
+///     item_pointer first = generic::abilities::create_dynamic<config::user_item>();
+///     item_pointer second = first;    // two pointers, one object
+///     first = nullptr;                // the object lives
+///     second = nullptr;               // the object is deleted
+///
+/// A pointer is one word; a copy costs one atomic increment. The count is in the object. The last pointer
+/// deletes an object that was made by `generic::abilities::create_dynamic`; it never deletes an object that
+/// was made otherwise. Threads may each hold pointers to the same object; one pointer object may be used by
+/// one thread at a time.
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include "orva/memory/internal/counted_pointer.hpp"
@@ -15,8 +23,9 @@ class rc_pointer : public _private::counted_pointer<T> {
  public:
   rc_pointer() noexcept = default;
   rc_pointer(T* target) noexcept : _private::counted_pointer<T>(target) {}
-  rc_pointer(T* target, just_made_t) noexcept : _private::counted_pointer<T>(target, just_made) {}
-  /// Nothing happens if `target` is held already.
+  /// For the library: the first pointer to a new object.
+  rc_pointer(T* target, _private::just_made_t first) noexcept : _private::counted_pointer<T>(target, first) {}
+  /// Does nothing if the pointer already points to `target`.
   rc_pointer& operator=(T* target) noexcept {
     _private::counted_pointer<T>::operator=(target);
     return *this;

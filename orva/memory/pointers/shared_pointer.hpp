@@ -1,5 +1,11 @@
-/// A counted pointer for classes without virtual functions; like `rc_pointer`, with a checked dereference for
-/// places where an entry may be empty.
+/// `shared_pointer`: a counted pointer for classes without virtual functions.
+///
+/// The same as `rc_pointer`, with a checked dereference for pointers that may be empty:
+///
+///     shared_pointer<record> found = records.find(name);
+///     found.checked().use();    // throws if `found` is empty
+///
+/// Edge cases: docs/edges.md#core
 #pragma once
 
 #include "orva/memory/internal/counted_pointer.hpp"
@@ -11,15 +17,17 @@ class shared_pointer : public _private::counted_pointer<T> {
  public:
   shared_pointer() noexcept = default;
   shared_pointer(T* target) noexcept : _private::counted_pointer<T>(target) {}
-  shared_pointer(T* target, just_made_t) noexcept : _private::counted_pointer<T>(target, just_made) {}
-  /// Nothing happens if `target` is held already.
+  /// For the library: the first pointer to a new object.
+  shared_pointer(T* target, _private::just_made_t first) noexcept
+      : _private::counted_pointer<T>(target, first) {}
+  /// Does nothing if the pointer already points to `target`.
   shared_pointer& operator=(T* target) noexcept {
     _private::counted_pointer<T>::operator=(target);
     return *this;
   }
 
-  /// The target. An empty pointer throws the bare text "unreferanced object", a `const char*`: no handler for
-  /// the library's exceptions catches it, since it tells of a broken program and not of bad input.
+  /// The target. An empty pointer throws the text "unreferanced object" as a `const char*`, which no handler
+  /// of the library's exceptions catches: the error is in the program, not in its input.
   T& checked() const {
     if (this->get() == nullptr) throw static_cast<const char*>("unreferanced object");
     return *this->get();

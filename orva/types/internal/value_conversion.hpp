@@ -1,7 +1,6 @@
-/// The conversion matrix of `variant`: from each group of stored types to numbers, to `bool`, to text, to a
-/// stream.
+/// The conversions of `variant`: from each group of stored types to numbers, to `bool`, to text, to a stream.
 ///
-/// Internal: not installed. Each of `to_number`, `to_bool`, `to_text` and `write` stands once for a group of
+/// Internal: not installed. `to_number`, `to_bool`, `to_text` and `write` are overloaded for five groups of
 /// stored types: nil, `bool`, integers, floating values, text.
 #pragma once
 
@@ -85,7 +84,7 @@ basic_ustring<Unit> to_text(Integer value) {
   return basic_ustring<Unit>(digits, internal::write_integer(value, digits));
 }
 
-/// The two types of one byte are characters to a stream.
+/// A stream writes the two types of one byte as characters.
 template <integer Integer>
 std::ostream& write(std::ostream& stream, Integer value) {
   return stream << value;
@@ -117,7 +116,7 @@ std::string floating_text(Floating value) {
   return internal::stream_text(value);
 }
 
-/// Each byte becomes one unit: a locale's separator need not be UTF-8.
+/// Each byte becomes one unit, since the separators of a locale need not be UTF-8.
 template <code_unit Unit, std::floating_point Floating>
 basic_ustring<Unit> to_text(Floating value) {
   auto narrow = floating_text(value);
@@ -136,7 +135,7 @@ std::ostream& write(std::ostream& stream, Floating value) {
 
 // Text.
 
-/// Crosses from one width to another.
+/// Converts between widths.
 template <code_unit Target, code_unit Unit>
 basic_ustring<Target> to_text(const basic_ustring<Unit>& text) {
   return internal::transforms::convert<Target>(typename basic_ustring<Unit>::view(text));
@@ -162,7 +161,7 @@ Number to_number(const basic_ustring<Unit>& text) {
   }
 }
 
-/// Whether `text` is `word`, which is in lower case, when its capitals are passed over.
+/// Returns whether `text` is `word` in any case. REQUIRES: `word` is in lower case.
 template <code_unit Unit>
 bool is_word(const basic_ustring<Unit>& text, std::string_view word) {
   if (text.size() != word.size()) return false;

@@ -1,8 +1,7 @@
-/// The payload of a `variant`: one immutable value with the whole conversion matrix of its type.
+/// `variant_type`: the payload of a `variant`, an immutable value with all its conversions.
 ///
-/// Programs hold a `types::variant` and never see a payload; it is declared so that copying a `variant` costs
-/// no call. A payload counts the variants that share it and goes with the last of them; as it never changes,
-/// threads may share it.
+/// Internal: installed, so that copying a `variant` takes no call, but not included by programs. A payload
+/// counts the variants that share it; the last one deletes it. Threads may share it, since it never changes.
 #pragma once
 
 #include <iosfwd>
@@ -19,8 +18,8 @@ namespace ORVA_NAMESPACE::types {
 
 ORVA_BEGIN_INLINE_VTABLE
 
-/// What each operation answers is told by the accessor of `variant` that has its name. The order of the
-/// operations is part of the binary interface.
+/// The accessors of `variant` of the same names describe the operations. The order of the operations is part
+/// of the binary interface.
 class ORVA_API variant_type : public generic::abilities::clone_ability,
                               public generic::abilities::reference_count_pointer_ability<variant_type> {
  public:
@@ -29,8 +28,8 @@ class ORVA_API variant_type : public generic::abilities::clone_ability,
   /// True for every payload.
   virtual bool is_valid() const = 0;
   virtual const std::type_info& type() const = 0;
-  /// A payload of its own with a copy of the value, for a counted pointer to take.
-  virtual variant_type* clone() const = 0;
+  /// Returns a new payload with a copy of the value, to be owned by a counted pointer.
+  [[nodiscard]] virtual variant_type* clone() const = 0;
   virtual std::ostream& ostream(std::ostream& stream) const = 0;
 
   virtual int as_int() const = 0;

@@ -1,7 +1,7 @@
-/// `variant_value_t<T>`: the payload that holds a T.
+/// `variant_value_t<T>`: the payload of a `variant` that holds a T.
 ///
-/// Internal: not installed. One class for the twenty stored types; what differs between them stands in
-/// `types/value_conversion.hpp`.
+/// Internal: not installed. One class template for the twenty stored types. The conversions, which differ
+/// between them, are in `types/internal/value_conversion.hpp`.
 #pragma once
 
 #include <concepts>
@@ -21,14 +21,14 @@ template <typename T>
 struct stored_as {
   using type = T;
 };
-/// A byte string and a wide string are kept in the library's class of their width, which holds the same
-/// units, so that they cross to other widths without a copy.
+/// A byte string and a wide string are stored as the library's class of the same code unit, so that they are
+/// converted to other widths without a copy.
 template <strings::code_unit Unit>
 struct stored_as<std::basic_string<Unit>> {
   using type = strings::basic_ustring<Unit>;
 };
 
-/// UTF-8 up to its first zero byte; the other widths are converted first.
+/// Writes text as UTF-8, up to the first zero byte.
 template <code_unit Unit>
 std::ostream& write(std::ostream& stream, const basic_ustring<Unit>& text) {
   if constexpr (std::same_as<Unit, char>) {
@@ -45,7 +45,7 @@ class variant_value_t final : public variant_type {
  public:
   using stored = typename _private::stored_as<T>::type;
 
-  /// Made from whatever a T is made from, in its place.
+  /// Constructs the value from any argument of a constructor of T.
   template <typename Source>
   explicit variant_value_t(Source&& source) : value_(std::forward<Source>(source)) {}
 
@@ -58,8 +58,8 @@ class variant_value_t final : public variant_type {
   }
 
   std::ostream& ostream(std::ostream& stream) const override {
-    // Byte strings alone are written whole, and wide strings not as text at all: programs tell by this form
-    // that a wide string has reached a narrow stream.
+    // Only a byte string is written as a whole. A wide string is not written as text: this form shows that
+    // one was written to a narrow stream.
     if constexpr (std::same_as<T, std::string>) {
       return stream << value_;
     } else if constexpr (std::same_as<T, strings::wide_string>) {

@@ -53,7 +53,7 @@ struct failing : alloc_detection_ability {
 };
 
 TEST(create_dynamic, lets_a_failing_constructor_through) {
-  EXPECT_THROW(create_dynamic<failing>(), std::runtime_error);
+  EXPECT_THROW(static_cast<void>(create_dynamic<failing>()), std::runtime_error);
 }
 
 struct flag_only : alloc_detection_ability {};

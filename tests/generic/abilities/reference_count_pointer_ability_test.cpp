@@ -14,7 +14,7 @@ namespace {
 using namespace ORVA_NAMESPACE::generic::abilities;
 using ORVA_NAMESPACE::types::uint32;
 
-/// Opens the operations that are meant for the pointer templates.
+/// Makes the operations for the pointer templates public.
 struct counted : reference_count_pointer_ability<counted> {
   using reference_count_pointer_ability_b::dec_pointer_ref;
   using reference_count_pointer_ability_b::get_ref_count;

@@ -6,7 +6,6 @@
 #include <atomic>
 #include <functional>
 #include <memory>
-#include <random>
 #include <thread>
 #include <type_traits>
 #include <utility>
@@ -14,6 +13,7 @@
 
 #include "orva/generic/abilities/clone_ability.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
+#include "tests/support/random_engine.hpp"
 
 namespace {
 
@@ -25,7 +25,7 @@ using memory::pointers::shared_pointer;
 
 std::atomic<int> alive{0};
 
-/// The kind of class that `shared_pointer` serves: no virtual functions.
+/// A class for `shared_pointer`: without virtual functions.
 struct plain : reference_count_pointer_ability<plain> {
   plain() { ++alive; }
   plain(const plain& other) : reference_count_pointer_ability<plain>(other) { ++alive; }
@@ -36,7 +36,7 @@ struct plain : reference_count_pointer_ability<plain> {
   shared_pointer<plain> next;
 };
 
-/// The kind of class that `rc_pointer` serves: polymorphic, the counting part behind the virtual table.
+/// A class for `rc_pointer`: polymorphic, with the count after the pointer to the virtual table.
 struct polymorphic : generic::abilities::clone_ability, reference_count_pointer_ability<polymorphic> {
   polymorphic() { ++alive; }
   polymorphic(const polymorphic& other)
@@ -102,7 +102,7 @@ TYPED_TEST(counted_pointer, last_one_destroys_a_heap_object) {
   EXPECT_EQ(alive, 0);
 }
 
-/// Notes its count when it is destroyed.
+/// Stores its count when it is destroyed.
 struct final_count : reference_count_pointer_ability<final_count> {
   explicit final_count(unsigned int& noted) : noted_(noted) {}
   ~final_count() { noted_ = get_ref_count(); }
@@ -243,8 +243,8 @@ TYPED_TEST(counted_pointer, stands_in_containers) {
   EXPECT_EQ(kept->get_ref_count(), 1u);
 }
 
-/// A pointer inside the object that it keeps alive: when the head moves on, the old head goes and the new one
-/// stays.
+/// A pointer that is a member of the object which it is assigned from: the old head of the list is deleted,
+/// the new head stays.
 TYPED_TEST(counted_pointer, moves_along_a_chain_that_only_the_head_keeps_alive) {
   using target = target_of<TypeParam>;
   TypeParam head;
@@ -283,13 +283,11 @@ TYPED_TEST(counted_pointer, copy_of_a_counted_object_belongs_to_nobody) {
   EXPECT_FALSE(copy.is_created_dynamic());
 }
 
-/// Random copies, moves and assignments between a handful of pointers; the counts must be what a count by
-/// hand gives.
+/// Random copies, moves and assignments between a few pointers. The counts are compared with the number of
+/// pointers to each object.
 TYPED_TEST(counted_pointer, counts_agree_with_a_count_by_hand) {
   using target = target_of<TypeParam>;
-  const unsigned int seed = std::random_device{}();
-  SCOPED_TRACE(testing::Message() << "seed " << seed);
-  std::mt19937 random(seed);
+  orva_test::random_engine random;
   std::vector<TypeParam> pointers(12);
   for (int step = 0; step < 5000; ++step) {
     auto& to = pointers[random() % pointers.size()];
@@ -346,8 +344,8 @@ TYPED_TEST(counted_pointer, is_shared_between_threads) {
   EXPECT_EQ(alive, 1);
 }
 
-/// The last reference may go on any thread; what others wrote before they let go is visible to the
-/// destructor.
+/// Any thread may release the last reference. The destructor sees what other threads wrote before they
+/// released theirs.
 TYPED_TEST(counted_pointer, is_destroyed_once_by_whichever_thread_is_last) {
   using target = target_of<TypeParam>;
   for (int round = 0; round < 200; ++round) {
