@@ -79,7 +79,7 @@ void read_each(benchmark::State& state, const std::vector<std::string>& numbers,
   for (auto _ : state) {
     for (const auto& field : input.fields) benchmark::DoNotOptimize(read(field));
   }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * input.fields.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(input.fields.size()));
 }
 
 template <typename Integer>
@@ -196,7 +196,7 @@ void write_each(benchmark::State& state, Write write) {
       benchmark::DoNotOptimize(buffer);
     }
   }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * numbers.size()));
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(numbers.size()));
 }
 
 template <int Radix>

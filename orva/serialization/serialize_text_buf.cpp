@@ -24,7 +24,8 @@ namespace {
 class number_item {
  public:
   template <typename Integer>
-  explicit number_item(Integer value) : end_(internal::write_integer(value, units_.data())) {
+  explicit number_item(Integer value) {
+    end_ = internal::write_integer(value, units_.data());
     *end_++ = separator;
   }
   operator std::string_view() const {
