@@ -20,7 +20,6 @@
 /// Edge cases: docs/edges.md#messages.
 #pragma once
 
-#include <concepts>
 #include <iosfwd>
 #include <map>
 #include <vector>
@@ -64,10 +63,8 @@ class ORVA_API message_catalogs {
 
     error_type type() const noexcept { return type_; }
     operator error_type() const noexcept { return type_; }
-    /// `if (catalogs.load(...))` would be true on failure. Compare with `no_error` instead, and use `type()`
-    /// in a `switch`.
-    template <std::same_as<bool> Bool>
-    operator Bool() const = delete;
+    /// `if (catalogs.load(...))` would be true on failure. Compare with `no_error` instead.
+    explicit operator bool() const = delete;
     const strings::ustring8& message() const noexcept { return message_; }
 
    protected:
