@@ -6,8 +6,8 @@ import unittest
 
 ROOT = pathlib.Path(sys.argv.pop(1))
 
-AREAS = ["strings", "numbers", "values", "core", "messages", "xml", "configuration", "serialization", "dates", "files",
-         "lengths", "platforms"]
+AREAS = ["strings", "numbers", "values", "core", "messages", "xml", "configuration", "serialization", "dates",
+         "files", "lengths", "platforms"]
 WIDTH = 110
 
 TEST = re.compile(r"\b(?:TYPED_)?TEST(?:_F|_P)?\(\s*(\w+),\s*(\w+)\s*\)")
