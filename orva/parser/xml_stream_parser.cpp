@@ -10,7 +10,7 @@ namespace ORVA_NAMESPACE::parser {
 using error_type = xml_stream_parser::error_type;
 
 xml_stream_parser::xml_stream_parser(const system::path_argument& file, unsigned int open_depth)
-    : implementation_(std::make_unique<implementation>(open_depth)) {
+    : implementation_(std::make_unique<_private::xml_stream_implementation>(open_depth)) {
   init(file.get());
 }
 

@@ -69,7 +69,8 @@ namespace ORVA_NAMESPACE::parser {
 
 namespace _private {
 class node_queue;
-}
+class xml_stream_implementation;
+}  // namespace _private
 
 class ORVA_API xml_stream_parser {
  public:
@@ -236,9 +237,7 @@ class ORVA_API xml_stream_parser {
   bool queue_size_less_than(std::size_t count) const noexcept;
 
  private:
-  class implementation;
-
-  std::unique_ptr<implementation> implementation_;
+  std::unique_ptr<_private::xml_stream_implementation> implementation_;
 };
 
 }  // namespace ORVA_NAMESPACE::parser

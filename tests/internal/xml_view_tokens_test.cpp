@@ -16,7 +16,7 @@ using ORVA_NAMESPACE::internal::xml_view_tokens;
 using ORVA_NAMESPACE::parser::xml_parser;
 using ORVA_NAMESPACE::parser::xml_token_stream;
 
-/// How a parse ended, and the tokens in front of that.
+/// How a parse ended, and the tokens before that.
 struct outcome {
   int error = -1;
   unsigned long line = 0;

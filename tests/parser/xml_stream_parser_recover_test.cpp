@@ -22,7 +22,7 @@ TEST(xml_stream_parser_recover, goes_on_at_the_next_start_tag_of_the_list) {
   EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
   EXPECT_EQ(broken.parser.node_queue_size(), 2u);
   EXPECT_EQ(broken.parser.recover({"a", "b"}), xml_stream_parser::no_error);
-  EXPECT_TRUE(broken.parser.node_queue_empty()) << "the nodes in front of the error are gone";
+  EXPECT_TRUE(broken.parser.node_queue_empty()) << "the nodes before the error are gone";
   EXPECT_EQ(broken.nodes(), (transcript{"a #4<0 status 0 line 1 n=\"3\"", "b #5<0 status 0 line 1 n=\"4\"",
                                         "r #1<0 status 3 line 1"}));
 }

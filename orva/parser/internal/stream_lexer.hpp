@@ -38,7 +38,7 @@ class stream_lexer {
   bool at_end() const noexcept { return at_ == end_; }
   std::string_view rest() const noexcept { return {at_, left()}; }
 
-  /// REQUIRES: not at the end, or `ahead` bytes in front of it.
+  /// REQUIRES: more than `ahead` bytes are left.
   char current(std::size_t ahead = 0) const noexcept { return at_[ahead]; }
   void step(std::size_t count = 1) noexcept { at_ += count; }
 

@@ -6,9 +6,9 @@
 #include "orva/internal/xml/lexical_rules.hpp"
 #include "orva/parser/internal/xml_stream_implementation.hpp"
 
-namespace ORVA_NAMESPACE::parser {
+namespace ORVA_NAMESPACE::parser::_private {
 
-bool xml_stream_parser::implementation::parse_next() {
+bool xml_stream_implementation::parse_next() {
   lexer_.start(window_.first(), window_.last(), line_of_window_);
   try {
     if (in_comment_ && !finish_comment()) throw incomplete;
@@ -27,7 +27,7 @@ bool xml_stream_parser::implementation::parse_next() {
   return false;
 }
 
-xml_stream_parser::implementation::step xml_stream_parser::implementation::next_token() {
+xml_stream_implementation::step xml_stream_implementation::next_token() {
   const char c = lexer_.current();
   if (c == '<') return markup();
   if (internal::xml::is_white_space(c)) {
@@ -44,7 +44,7 @@ xml_stream_parser::implementation::step xml_stream_parser::implementation::next_
   return step::taken;
 }
 
-xml_stream_parser::implementation::step xml_stream_parser::implementation::markup() {
+xml_stream_implementation::step xml_stream_implementation::markup() {
   if (in_tag_) throw unexpected_character;
   if (lexer_.left() < 2) throw incomplete;
   const char kind = lexer_.current(1);
@@ -53,7 +53,7 @@ xml_stream_parser::implementation::step xml_stream_parser::implementation::marku
   return step::taken;
 }
 
-xml_stream_parser::implementation::step xml_stream_parser::implementation::start_tag() {
+xml_stream_implementation::step xml_stream_implementation::start_tag() {
   if (queue_.is_overfull()) return step::paused;
   lexer_.step();
   const std::string_view name = lexer_.name();
@@ -69,7 +69,7 @@ xml_stream_parser::implementation::step xml_stream_parser::implementation::start
   return step::taken;
 }
 
-void xml_stream_parser::implementation::end_tag() {
+void xml_stream_implementation::end_tag() {
   lexer_.step(2);
   const std::string_view name = lexer_.name();
   // An end tag without a name is reported as cut off, even if more follows.
@@ -84,7 +84,7 @@ void xml_stream_parser::implementation::end_tag() {
 }
 
 /// The root is recognised by its name alone: the end of an open level of the same name ends the document.
-void xml_stream_parser::implementation::close_open_level(std::string_view name) {
+void xml_stream_implementation::close_open_level(std::string_view name) {
   if (open_names_.empty() || open_names_.back() != name) throw mismatched_tag;
   const bool is_root = name == root_;
   end_of_open_level(name, is_root ? end_of_document : no_error);
@@ -94,7 +94,7 @@ void xml_stream_parser::implementation::close_open_level(std::string_view name) 
 }
 
 /// A comment. No other declaration is known: of those the < is passed over, and the rest is read as text.
-void xml_stream_parser::implementation::declaration() {
+void xml_stream_implementation::declaration() {
   if (lexer_.left() < 4) throw incomplete;
   if (!lexer_.rest().starts_with("<!--")) return lexer_.step();
   lexer_.step(4);
@@ -103,14 +103,14 @@ void xml_stream_parser::implementation::declaration() {
 }
 
 /// A comment is consumed as far as it was read, so that it may be longer than the window.
-bool xml_stream_parser::implementation::finish_comment() {
+bool xml_stream_implementation::finish_comment() {
   const bool is_whole = lexer_.skip_comment();
   if (is_whole) in_comment_ = false;
   consume();
   return is_whole;
 }
 
-xml_stream_parser::implementation::step xml_stream_parser::implementation::self_close() {
+xml_stream_implementation::step xml_stream_implementation::self_close() {
   if (lexer_.left() < 2) return step::cut_off;
   lexer_.step();
   if (lexer_.current() != '>') throw unexpected_character;
@@ -122,7 +122,7 @@ xml_stream_parser::implementation::step xml_stream_parser::implementation::self_
   return step::taken;
 }
 
-void xml_stream_parser::implementation::closing_bracket() {
+void xml_stream_implementation::closing_bracket() {
   if (!in_tag_ && !awaiting_close_) throw unexpected_character;
   lexer_.step();
   if (in_tag_) {
@@ -133,7 +133,7 @@ void xml_stream_parser::implementation::closing_bracket() {
   if (root_closed_) error_ = end_of_document;
 }
 
-void xml_stream_parser::implementation::attribute() {
+void xml_stream_implementation::attribute() {
   const std::string_view name = lexer_.name();
   if (name.empty()) throw unexpected_character;
   if (lexer_.current() != '=') throw missing_equals;
@@ -143,19 +143,19 @@ void xml_stream_parser::implementation::attribute() {
   queue_.add_attribute(name, std::move(value));
 }
 
-void xml_stream_parser::implementation::text() {
+void xml_stream_implementation::text() {
   ustring8 content = lexer_.text();
   if (queue_.open_elements() < 2) throw unexpected_character;
   queue_.set_text(std::move(content));
 }
 
-void xml_stream_parser::implementation::close_element() {
+void xml_stream_implementation::close_element() {
   queue_.close_element();
   seen_attributes_.clear();
 }
 
-void xml_stream_parser::implementation::end_of_open_level(std::string_view name, error_type status) {
+void xml_stream_implementation::end_of_open_level(std::string_view name, error_type status) {
   queue_.add_end(name, status, lexer_.line(), static_cast<types::uint32>(open_names_.size()));
 }
 
-}  // namespace ORVA_NAMESPACE::parser
+}  // namespace ORVA_NAMESPACE::parser::_private

@@ -4,11 +4,11 @@
 
 #include "orva/parser/internal/start_tag_search.hpp"
 
-namespace ORVA_NAMESPACE::parser {
+namespace ORVA_NAMESPACE::parser::_private {
 
 namespace {
 
-using file_state = _private::stream_window::file_state;
+using file_state = stream_window::file_state;
 
 xml_stream_parser::error_type error_of(file_state state) {
   if (state == file_state::symbolic_link) return xml_stream_parser::fatal_error;
@@ -17,14 +17,14 @@ xml_stream_parser::error_type error_of(file_state state) {
 
 }  // namespace
 
-void xml_stream_parser::implementation::init(const strings::ustring16& file) {
+void xml_stream_implementation::init(const strings::ustring16& file) {
   const unsigned int open_depth = open_depth_;
-  *this = implementation(open_depth);
+  *this = xml_stream_implementation(open_depth);
   error_ = error_of(window_.open(file));
   lexer_.start(window_.first(), window_.last(), line_of_window_);
 }
 
-std::size_t xml_stream_parser::implementation::load() {
+std::size_t xml_stream_implementation::load() {
   if (finished()) return 0;
   error_ = no_error;
   try {
@@ -40,12 +40,12 @@ std::size_t xml_stream_parser::implementation::load() {
 }
 
 /// What the lexer has read is consumed.
-void xml_stream_parser::implementation::consume() noexcept {
+void xml_stream_implementation::consume() noexcept {
   window_.consume_up_to(lexer_.position());
   line_of_window_ = lexer_.line();
 }
 
-const xml_stream_parser::error_type& xml_stream_parser::implementation::parse() {
+const xml_stream_parser::error_type& xml_stream_implementation::parse() {
   if (error_ >= fatal_error || finished()) return error_;
   if (!synchronized_) return error_ = not_synchronized;
   error_ = no_error;
@@ -54,7 +54,7 @@ const xml_stream_parser::error_type& xml_stream_parser::implementation::parse() 
 }
 
 /// If the header is not complete, returns false, with the reason in `error_`.
-bool xml_stream_parser::implementation::read_header() {
+bool xml_stream_implementation::read_header() {
   if (load() == 0 && window_.bytes_read() == 0) return false;
   if (error_ != no_error) return false;
   if (window_.bytes_read() < smallest_file) return error_ = incomplete, false;
@@ -65,7 +65,7 @@ bool xml_stream_parser::implementation::read_header() {
 }
 
 /// `incomplete` if the header begins in the window and does not end in it. The window begins with it then.
-xml_stream_parser::error_type xml_stream_parser::implementation::scan_header() {
+xml_stream_parser::error_type xml_stream_implementation::scan_header() {
   static constexpr std::string_view opener = "<?xml";
   lexer_.start(window_.first(), window_.last(), line_of_window_);
   if (window_.offset() == 0 && lexer_.current(3) == '<') lexer_.step(3);
@@ -83,7 +83,7 @@ xml_stream_parser::error_type xml_stream_parser::implementation::scan_header() {
   return is_whole ? no_error : incomplete;
 }
 
-void xml_stream_parser::implementation::do_parse() {
+void xml_stream_implementation::do_parse() {
   if (finished() || queue_.is_full()) return;
   for (bool paused = false; !paused;) {
     paused = parse_next();
@@ -97,7 +97,7 @@ void xml_stream_parser::implementation::do_parse() {
   }
 }
 
-xml_stream_parser::node xml_stream_parser::implementation::pop() {
+xml_stream_parser::node xml_stream_implementation::pop() {
   auto taken = queue_.take_first();
   if (!taken.front().available()) {
     queue_.let_go(taken.front());
@@ -110,7 +110,7 @@ xml_stream_parser::node xml_stream_parser::implementation::pop() {
 
 /// Parses on without the first node. If that throws, the node goes back to the queue, with all that was read
 /// for it in the meantime. If not, the caller gets it as it was before.
-xml_stream_parser::node xml_stream_parser::implementation::parse_after_taking(queue_type::node_list& taken) {
+xml_stream_parser::node xml_stream_implementation::parse_after_taking(node_queue::node_list& taken) {
   const error_type error_before = error_;
   try {
     node result = taken.front();
@@ -124,7 +124,7 @@ xml_stream_parser::node xml_stream_parser::implementation::parse_after_taking(qu
   }
 }
 
-const xml_stream_parser::error_type& xml_stream_parser::implementation::recover(
+const xml_stream_parser::error_type& xml_stream_implementation::recover(
     const std::vector<std::string_view>& tags) {
   if (root_.empty()) return error_ = fatal_error;
   if (error_ >= fatal_error) return error_;
@@ -134,7 +134,7 @@ const xml_stream_parser::error_type& xml_stream_parser::implementation::recover(
   queue_.give_up(open_names_.size());
   lexer_.start(lexer_.position(), window_.last(), line_of_window_);
   do {
-    synchronized_ = _private::find_start_tag(lexer_, tags, _private::stream_window::size);
+    synchronized_ = find_start_tag(lexer_, tags, stream_window::size);
     consume();
   } while (!synchronized_ && load() > 0);
   if (synchronized_) return error_ = no_error;
@@ -143,4 +143,4 @@ const xml_stream_parser::error_type& xml_stream_parser::implementation::recover(
   return error_;
 }
 
-}  // namespace ORVA_NAMESPACE::parser
+}  // namespace ORVA_NAMESPACE::parser::_private

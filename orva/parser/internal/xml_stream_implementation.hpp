@@ -8,6 +8,8 @@
 /// window is read again from its start after the window has moved.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <deque>
 #include <exception>
 #include <string_view>
@@ -21,13 +23,16 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/integers.hpp"
 
-namespace ORVA_NAMESPACE::parser {
+namespace ORVA_NAMESPACE::parser::_private {
 
-class xml_stream_parser::implementation {
+class xml_stream_implementation {
  public:
-  using queue_type = _private::node_queue;
+  using ustring8 = strings::ustring8;
+  using node = xml_stream_parser::node;
+  using error_type = xml_stream_parser::error_type;
+  using enum xml_stream_parser::error_type;
 
-  explicit implementation(unsigned int open_depth) : open_depth_(open_depth) {}
+  explicit xml_stream_implementation(unsigned int open_depth) : open_depth_(open_depth) {}
 
   /// Starts anew, with this file.
   void init(const strings::ustring16& file);
@@ -48,9 +53,9 @@ class xml_stream_parser::implementation {
   void close_element();
   void end_of_open_level(std::string_view name, error_type status);
 
-  _private::stream_lexer& lexer() noexcept { return lexer_; }
-  const _private::stream_window& window() const noexcept { return window_; }
-  queue_type& queue() noexcept { return queue_; }
+  stream_lexer& lexer() noexcept { return lexer_; }
+  const stream_window& window() const noexcept { return window_; }
+  node_queue& queue() noexcept { return queue_; }
   const ustring8& root() const noexcept { return root_; }
   const error_type& error() const noexcept { return error_; }
   const std::exception_ptr& cause() const noexcept { return cause_; }
@@ -67,7 +72,7 @@ class xml_stream_parser::implementation {
 
   bool read_header();
   error_type scan_header();
-  node parse_after_taking(queue_type::node_list& taken);
+  node parse_after_taking(node_queue::node_list& taken);
 
   // The tokens of the grammar.
   step next_token();
@@ -81,11 +86,11 @@ class xml_stream_parser::implementation {
   void attribute();
   void text();
 
-  _private::stream_window window_;
-  // Reads in the window. What is in front of it is consumed, or will be with the token that it reads.
-  _private::stream_lexer lexer_;
+  stream_window window_;
+  // Reads in the window. The bytes before its position are consumed, or will be with the current token.
+  stream_lexer lexer_;
   types::uint32 line_of_window_ = 1;
-  _private::node_queue queue_;
+  node_queue queue_;
   ustring8 root_;
   bool in_tag_ = false;
   bool awaiting_close_ = false;
@@ -100,4 +105,4 @@ class xml_stream_parser::implementation {
   std::exception_ptr cause_;
 };
 
-}  // namespace ORVA_NAMESPACE::parser
+}  // namespace ORVA_NAMESPACE::parser::_private
