@@ -32,6 +32,13 @@ ORVA_API void make_lower(basic_ustring<Unit>& text, std::size_t first, std::size
 template <code_unit Unit>
 ORVA_API void make_upper(basic_ustring<Unit>& text);
 
+extern template void make_lower(ustring8&, std::size_t, std::size_t);
+extern template void make_lower(ustring16&, std::size_t, std::size_t);
+extern template void make_lower(ustring32&, std::size_t, std::size_t);
+extern template void make_upper(ustring8&);
+extern template void make_upper(ustring16&);
+extern template void make_upper(ustring32&);
+
 /// A new string with each unit in lower case.
 template <any_text Text>
 ustring_for<Text> to_lower(const Text& text) {

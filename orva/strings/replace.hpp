@@ -33,4 +33,8 @@ ORVA_API types::int32 replace_all(std::basic_string<Unit>& text,
                                   std::type_identity_t<std::basic_string_view<Unit>> from,
                                   std::type_identity_t<std::basic_string_view<Unit>> to);
 
+extern template types::int32 replace_all(std::string&, std::string_view, std::string_view);
+extern template types::int32 replace_all(wide_string&, ustring16::view, ustring16::view);
+extern template types::int32 replace_all(ustring32::standard_string&, ustring32::view, ustring32::view);
+
 }  // namespace ORVA_NAMESPACE::strings

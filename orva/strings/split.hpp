@@ -48,6 +48,14 @@ template <code_unit Unit>
 ORVA_API void append_split(std::basic_string_view<Unit> text, std::basic_string_view<Unit> delimiter, int max,
                            std::vector<std::basic_string<Unit>>& pieces);
 
+extern template void append_split(ustring8::view, ustring8::view, int, std::vector<ustring8>&);
+extern template void append_split(ustring8::view, ustring8::view, int, std::vector<std::string>&);
+extern template void append_split(ustring16::view, ustring16::view, int, std::vector<ustring16>&);
+extern template void append_split(ustring16::view, ustring16::view, int, std::vector<wide_string>&);
+extern template void append_split(ustring32::view, ustring32::view, int, std::vector<ustring32>&);
+extern template void append_split(ustring32::view, ustring32::view, int,
+                                  std::vector<ustring32::standard_string>&);
+
 /// The string class of the pieces: `std::string` for a `std::string`, `ustring8` for a `ustring8`, a view and
 /// a literal, and likewise for each width.
 template <any_text Text>

@@ -35,6 +35,13 @@ namespace _private {
 template <code_unit To, code_unit From>
 ORVA_API basic_ustring<To> converted(std::basic_string_view<From> text);
 
+extern template ustring8 converted(ustring16::view);
+extern template ustring8 converted(ustring32::view);
+extern template ustring16 converted(ustring8::view);
+extern template ustring16 converted(ustring32::view);
+extern template ustring32 converted(ustring8::view);
+extern template ustring32 converted(ustring16::view);
+
 }  // namespace _private
 
 template <code_unit Unit>
