@@ -29,7 +29,7 @@ class basic_absolute_impl : public absolute_unit {
 
   using absolute_unit::operator=;
   constexpr basic_absolute_impl& operator=(const basic_absolute_impl& other) = default;
-  constexpr virtual ~basic_absolute_impl() = default;
+  constexpr virtual ~basic_absolute_impl() {}  // GCC 12 does not evaluate a defaulted one
 
  protected:
   constexpr unit_types do_type() const override { return static_cast<unit_types>(N); }

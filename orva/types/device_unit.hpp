@@ -51,7 +51,7 @@ class device_unit {
   virtual constexpr double do_as_double() const { return value_; }
 
  public:
-  constexpr virtual ~device_unit() = default;
+  constexpr virtual ~device_unit() {}  // GCC 12 does not evaluate a defaulted one
 
  private:
   int32 value_ = 0;

@@ -35,6 +35,8 @@ ORVA_BEGIN_INLINE_VTABLE
 class length_in_any_unit : public length_in_md {
  public:
   constexpr length_in_any_unit(double length, unit_types unit) : unit_(unit) { value(length); }
+  // GCC 12 does not evaluate an implicit one.
+  constexpr ~length_in_any_unit() override {}
 
  private:
   constexpr unit_types do_type() const override { return unit_ >= md && unit_ <= pixel_96 ? unit_ : md; }
