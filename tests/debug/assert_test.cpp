@@ -60,7 +60,7 @@ class assert_hook : public testing::Test {
 
 TEST_F(assert_hook, is_not_set_at_load) { EXPECT_FALSE(debug::is_assert_hook_set()); }
 
-TEST_F(assert_hook, failed_assertion_without_a_hook_goes_on) {
+TEST_F(assert_hook, failed_assertion_without_a_hook_continues) {
   bool reached = false;
   ORVA_ASSERT(false);
   ORVA_CONTEXT_ASSERT(false, "%d", 1);

@@ -106,11 +106,11 @@ TEST(varg_list, construction_ends_at_the_first_nil_argument) {
   EXPECT_TRUE(varg_list(nil) == nil);
 }
 
-TEST(varg_list, construction_goes_on_behind_a_named_argument_with_a_nil_value) {
+TEST(varg_list, construction_continues_after_a_named_argument_with_a_nil_value) {
   EXPECT_EQ(shown(varg_list(argument("x", nil), argument("y", 1))), "x y=1");
 }
 
-TEST(varg_list, construction_skips_a_repeated_name_and_goes_on) {
+TEST(varg_list, construction_skips_a_repeated_name_and_continues) {
   EXPECT_EQ(shown(varg_list(argument("a", 1), argument("a", 2), argument("b", 3))), "a=1 b=3");
 }
 
@@ -346,9 +346,9 @@ TEST(varg_list, clear_and_erase_leave_an_empty_list) {
 
 TEST(varg_list, erase_by_iterator_moves_the_later_arguments_down) {
   varg_list list = three();
-  const auto behind = list.erase(list.begin());
+  const auto next = list.erase(list.begin());
   EXPECT_EQ(shown(list), "=2 b=3");
-  EXPECT_EQ(behind, list.begin());
+  EXPECT_EQ(next, list.begin());
 }
 
 TEST(varg_list, erase_of_the_end_removes_nothing) {

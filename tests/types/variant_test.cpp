@@ -338,7 +338,7 @@ TEST(variant, utf8_stops_at_its_first_zero_byte_on_a_stream) {
   EXPECT_EQ(streamed(ustring8(std::string("ab\0cd", 5))), "ab");
 }
 
-TEST(variant, byte_string_goes_whole_to_a_stream) {
+TEST(variant, byte_string_is_written_to_a_stream_as_a_whole) {
   const std::string text("ab\0cd", 5);
   EXPECT_EQ(streamed(text), text);
 }

@@ -40,7 +40,7 @@ TEST(reference_count_pointer_ability, counts_up_and_down) {
   EXPECT_FALSE(object.is_pointer_referenced());
 }
 
-TEST(reference_count_pointer_ability, results_have_the_widths_told) {
+TEST(reference_count_pointer_ability, results_have_the_documented_widths) {
   static_assert(std::is_same_v<decltype(std::declval<counted>().get_ref_count()), uint32>);
   static_assert(std::is_same_v<decltype(std::declval<counted>().dec_pointer_ref()), int>);
 }
