@@ -65,7 +65,7 @@ class ORVA_API xmc_file_loader {
   /// Reads a file for a language, its parents, English and the neutral language. An empty language gives
   /// `no_default_locale`, and the file is not read.
   [[nodiscard]] load_error parse(const strings::text_argument& file, const strings::text_argument& language);
-  /// The same, but from now on only the catalog of that name is read. An empty name stands for all catalogs.
+  /// The same, but from now on only the catalog of that name is read. An empty name selects all catalogs.
   [[nodiscard]] load_error parse(const strings::text_argument& file, const strings::text_argument& language,
                                  const strings::text_argument& catalog);
 

@@ -165,7 +165,7 @@ TEST(base_config_item, flags_of_elements_come_from_their_list) {
   EXPECT_EQ(flags_of(item, "k"), 3);
 }
 
-TEST(base_config_item, elements_behind_a_short_list_of_flags_become_numbers) {
+TEST(base_config_item, elements_after_the_end_of_a_short_list_of_flags_become_numbers) {
   plain_item item;
   item.set_array("k", varg_list(argument("7x"), argument("8x"), argument(-1)), varg_list(argument(4)));
   EXPECT_EQ(value_of(item, "k.0"), "7x");
@@ -312,7 +312,7 @@ TEST(base_config_item, copy_has_values_of_its_own) {
   EXPECT_EQ(assigned.get_id(), "id");
 }
 
-TEST(base_config_item, assignment_leaves_who_points_at_the_item_where_they_are) {
+TEST(base_config_item, assignment_leaves_pointers_to_the_item_valid) {
   plain_item source;
   source.set("a = 1", 0);
   const rc_pointer<plain_item> held(source.clone());

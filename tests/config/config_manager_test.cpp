@@ -225,7 +225,7 @@ TEST_F(config_manager_reads, is_array_if_any_item_has_it_as_one) {
   EXPECT_EQ(value("k"), "x");
   EXPECT_EQ(array("k"), "y z ") << "the scalar is passed over";
   item("1").set("j", "x", config_tree::NODE_ARRAY);
-  EXPECT_TRUE(config_.is_array("j")) << "flags 3, whoever set them";
+  EXPECT_TRUE(config_.is_array("j")) << "flags 3, from any source";
 }
 
 TEST_F(config_manager_reads, array_comes_from_one_item_and_is_appended) {

@@ -194,7 +194,7 @@ TEST(config_tree, walk_is_documented_by_its_example) {
   EXPECT_EQ(below(tree, "a.c.", true), (lines{"d=2/1"}));
 }
 
-TEST(config_tree, prefix_stands_before_names_and_is_dropped_below_a_key) {
+TEST(config_tree, prefix_is_put_before_names_and_is_dropped_below_a_key) {
   config_tree tree;
   tree.set_node("a.b", 1, 0);
   EXPECT_EQ(below(tree, "", true, "p"), (lines{"p.a=1/0", "p.a.b=1/1"}));
@@ -247,7 +247,7 @@ TEST(config_tree, copies_share_no_node) {
   EXPECT_EQ(below(assigned, "", true), (lines{"a=1/0", "a.b=1/5"}));
 }
 
-TEST(config_tree, assignment_leaves_who_points_at_the_tree_where_they_are) {
+TEST(config_tree, assignment_leaves_pointers_to_the_tree_valid) {
   config_tree tree;
   tree.set_node("a", 1, 0);
   const rc_pointer<config_tree> held(tree.clone());

@@ -68,7 +68,7 @@ TEST_F(file_item_save, length_of_a_path_counts_whatever_its_parts) {
   EXPECT_EQ(saved(), "[a]\r\n\r\n[a.b]\r\nx=1\r\ny=2\r\n\r\n[ccc]\r\nx=1\r\ny=2\r\n\r\n");
 }
 
-TEST_F(file_item_save, array_is_written_in_one_line_and_the_key_behind_it_is_lost) {
+TEST_F(file_item_save, array_is_written_in_one_line_and_the_next_key_is_lost) {
   item_.set_array("s.a", varg_list(argument("x"), argument("y"), argument("z")), {});
   item_.set("s.b = lost", 0);
   item_.set("s.c = kept", 0);
@@ -120,7 +120,7 @@ TEST_F(file_item_save, names_that_begin_with_a_number_go_on_with_the_array) {
   EXPECT_EQ(saved(), "[s]\r\na[]=x,y,z\r\nc=kept\r\n\r\n");
 }
 
-TEST_F(file_item_save, run_of_an_array_goes_on_into_the_next_key_that_is_a_number) {
+TEST_F(file_item_save, run_of_an_array_continues_into_the_next_key_that_is_a_number) {
   item_.set_array("s.a", varg_list(argument("x")), {});
   item_.set("t.5 = five", 0);
   EXPECT_EQ(saved(), "[s]\r\na[]=x\r\n5=five\r\n\r\n[t]\r\na[]=x\r\n5=five\r\n\r\n")

@@ -249,7 +249,7 @@ TEST_F(assert_hook, is_out_of_reach_when_it_is_destroyed) {
   EXPECT_EQ(dying.alive, 0);
 }
 
-TEST_F(assert_hook, that_throws_reaches_whoever_asserted) {
+TEST_F(assert_hook, exception_of_a_hook_reaches_the_caller_of_the_assertion) {
   struct thrower {
     void fail(const char* const, const char* const, unsigned int&) { throw 7; }
   } object;

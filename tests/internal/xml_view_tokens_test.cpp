@@ -57,7 +57,7 @@ TEST(xml_view_tokens, are_those_of_the_token_stream) {
   EXPECT_EQ(outcome_of<xml_view_tokens>(document), expected);
 }
 
-TEST(xml_view_tokens, texts_without_entities_stand_in_the_document) {
+TEST(xml_view_tokens, texts_without_entities_are_parts_of_the_document) {
   const std::string text = "<?xml?><a b='plain' c='&amp;'>run</a>";
   xml_view_tokens tokens;
   ASSERT_EQ(tokens.parse(text).type, xml_parser::parse_error::no_error);

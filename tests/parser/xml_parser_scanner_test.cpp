@@ -116,7 +116,7 @@ TEST(xml_parser_scanners, parse_whitespace_ends_after_it) {
                                       });
 }
 
-TEST(xml_parser_scanners, parse_whitespace_counts_the_lines_that_failures_tell) {
+TEST(xml_parser_scanners, parse_whitespace_counts_the_lines_that_failures_report) {
   const scanners parser;
   const std::string text = "\n\r\n ?";
   auto it = text.begin();

@@ -121,7 +121,7 @@ TEST(xml_stream_parser_file, offset_never_goes_back) {
   EXPECT_EQ(last, parser.file_length());
 }
 
-TEST(xml_stream_parser_file, larger_than_32_bits_can_tell_is_read_by_the_window) {
+TEST(xml_stream_parser_file, larger_than_32_bits_can_count_is_read_by_the_window) {
   const temporary_directory directory;
   const std::string path = directory.write("feed.xml", small);
   for (const std::uintmax_t size : {0x1'0000'0000U, 0x1'0000'0001U, 0x2'0000'0000U}) {

@@ -17,7 +17,7 @@ using feed = orva_test::xml_stream_feed;
 
 constexpr std::string_view damaged = "<r><a n='1'/><a n='2'></b></a>\n<x/><a n='3'/><b n='4'/></r>";
 
-TEST(xml_stream_parser_recover, goes_on_at_the_next_start_tag_of_the_list) {
+TEST(xml_stream_parser_recover, continues_at_the_next_start_tag_of_the_list) {
   feed broken(damaged);
   EXPECT_EQ(broken.parser.parse(), xml_stream_parser::mismatched_tag);
   EXPECT_EQ(broken.parser.node_queue_size(), 2u);

@@ -399,7 +399,7 @@ TEST(debug_output, closed_channel_takes_nothing_and_keeps_errno) {
   EXPECT_EQ(errno, ERANGE);
 }
 
-TEST(debug_output, interrupted_write_goes_on) {
+TEST(debug_output, interrupted_write_continues) {
   const scripted_calls calls;
   std::string written;
   bool interrupt = false;

@@ -94,7 +94,7 @@ TEST(character_index, number_of_characters_gives_the_end_where_it_is_less_than_t
   EXPECT_EQ(character_index(ustring8("abc"), 3), none);
 }
 
-TEST(character_index, walks_behind_the_text_in_steps_of_one) {
+TEST(character_index, steps_after_the_end_of_the_text_are_one_unit) {
   const ustring8 text("\xF0\x9F\x98\x80\xF0\x9F\x98\x80");
   EXPECT_EQ(character_index(text, 2), 8u);
   EXPECT_EQ(character_index(text, 3), 9u);

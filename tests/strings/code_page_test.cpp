@@ -272,7 +272,7 @@ TEST(code_page, utf_32_beyond_the_basic_plane_becomes_what_its_transform_makes) 
   EXPECT_EQ(code_page(code_page::utf8).encode(text), "\xF0\xA0\x80\x80");  // U+20000
 }
 
-TEST(code_page, best_fit_stands_for_what_a_page_lacks) {
+TEST(code_page, best_fit_replaces_what_a_page_lacks) {
   const code_page western(code_page::cp_1252);
   EXPECT_EQ(western.encode(units({0x100})), "A");
   EXPECT_EQ(western.encode(units({0x221E})), "8");

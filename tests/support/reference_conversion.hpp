@@ -46,7 +46,7 @@ inline wide truncate(long double number, integer_form form) {
   return cut(truncate_signed(number, 64), form);
 }
 
-/// The number that a text of ASCII begins with, in the radix that its prefix tells. Ends far beyond 64 bits.
+/// The number that a text of ASCII begins with, in the radix of its prefix. Ends far beyond 64 bits.
 inline wide leading_number(const std::string& text) {
   std::size_t at = text.find_first_not_of(" \t\n\v\f\r");
   if (at == std::string::npos) return 0;

@@ -143,7 +143,7 @@ TEST(get_directory_files, gives_files_only_also_from_subdirectories) {
                                                    directory.file("b/c/deep"), directory.file("z")}));
 }
 
-TEST(get_directory_files, files_of_a_directory_stand_in_the_place_of_its_name) {
+TEST(get_directory_files, files_of_a_directory_are_listed_in_place_of_its_name) {
   const temporary_directory directory;
   const working_directory current(directory.path());
   for (const auto* name : {"d/a", "d/b/x", "d/b/a/y", "d/b.txt", "d/c"}) directory.write(name, "");

@@ -74,7 +74,7 @@ TEST(stream_window, is_full_until_something_is_consumed) {
   EXPECT_EQ(window.offset(), 1);
 }
 
-TEST(stream_window, goes_on_where_the_file_has_grown) {
+TEST(stream_window, continues_where_the_file_has_grown) {
   const xml_stream_file file("begin");
   stream_window window;
   window.open(path_of(file));
