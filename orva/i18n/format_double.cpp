@@ -64,17 +64,17 @@ void print(std::string& text, double value, notation form, const double_attribut
   const auto length = static_cast<std::int64_t>(number.view().size());
   const auto most = static_cast<std::int64_t>(max_double_length);
   const auto blanks_before = std::clamp<std::int64_t>(attributes.fieldsize - length, 0, most);
-  const auto blanks_behind = std::clamp<std::int64_t>(-attributes.fieldsize - length, 0, most);
+  const auto blanks_after = std::clamp<std::int64_t>(-attributes.fieldsize - length, 0, most);
 
   const std::size_t begin = text.size();
   text.append(static_cast<std::size_t>(blanks_before), ' ');
   text.append(number.view().substr(0, max_double_length));
-  text.append(static_cast<std::size_t>(blanks_behind), ' ');
+  text.append(static_cast<std::size_t>(blanks_after), ' ');
   if (text.size() - begin > max_double_length) text.resize(begin + max_double_length);
 }
 
-/// Drops the first digit of the exponent. The field may be a blank too narrow then, or padded behind the
-/// number, so that the test counts all that stands behind the `e`.
+/// Drops the first digit of the exponent. The field may then be a blank too narrow, or padded after the
+/// number; the test counts everything after the `e`.
 void shorten_exponent(std::string& text, std::size_t begin) {
   const std::size_t exponent = text.find('e', begin);
   if (exponent != text.npos && text.size() - exponent >= 5) text.erase(exponent + 2, 1);
