@@ -14,6 +14,7 @@ set(exported_private
   "debug::_private::_+ASSERT_+\\("
   "debug::_private::_+CONTEXT__ASSERT_+\\("
   "generic::convert::_private::(read|write)_(signed|unsigned)\\("
+  "strings::_private::converted<"
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
   "i18n::_private::(xmc_file_loader|load_error)")
 list(JOIN exported_private "|" exported_private)

@@ -24,12 +24,12 @@ int allocations = 0;
 
 }  // namespace
 
-void* operator new(std::size_t size) {
+// Not inlined: GCC warns where it sees one of the functions and not its counterpart.
+[[gnu::noinline]] void* operator new(std::size_t size) {
   ++allocations;
   if (void* memory = std::malloc(size)) return memory;
   throw std::bad_alloc();
 }
-// Where GCC expands these but not the function above, it takes that one for the standard's and warns.
 [[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
 [[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
 
