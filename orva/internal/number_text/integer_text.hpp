@@ -29,26 +29,28 @@ constexpr Unit digit_unit(std::uint64_t digit) {
   return static_cast<Unit>(digit < 10 ? '0' + digit : 'a' + (digit - 10));
 }
 
-/// The digits up to radix 36 as a table, which saves the branch between figures and letters.
+/// Members of a class, since GCC exports templates of variables from a library that hides its symbols.
 template <typename Unit>
-inline constexpr auto common_digits = [] {
-  std::array<Unit, 36> digits{};
-  for (std::size_t i = 0; i < digits.size(); ++i) digits[i] = digit_unit<Unit>(i);
-  return digits;
-}();
+struct digit_tables {
+  /// The digits up to radix 36, which saves the branch between figures and letters.
+  static constexpr auto single = [] {
+    std::array<Unit, 36> digits{};
+    for (std::size_t i = 0; i < digits.size(); ++i) digits[i] = digit_unit<Unit>(i);
+    return digits;
+  }();
 
-/// The numbers 00 to 99.
-template <typename Unit>
-inline constexpr auto digit_pairs = [] {
-  std::array<std::array<Unit, 2>, 100> pairs{};
-  for (std::size_t i = 0; i < pairs.size(); ++i)
-    pairs[i] = {digit_unit<Unit>(i / 10), digit_unit<Unit>(i % 10)};
-  return pairs;
-}();
+  /// The numbers 00 to 99.
+  static constexpr auto pairs = [] {
+    std::array<std::array<Unit, 2>, 100> result{};
+    for (std::size_t i = 0; i < result.size(); ++i)
+      result[i] = {digit_unit<Unit>(i / 10), digit_unit<Unit>(i % 10)};
+    return result;
+  }();
+};
 
 template <typename Unit>
 Unit* write_two_digits(std::uint32_t value, Unit* output) {
-  return std::copy_n(digit_pairs<Unit>[value].data(), 2, output);
+  return std::copy_n(digit_tables<Unit>::pairs[value].data(), 2, output);
 }
 
 template <typename Unit>
@@ -64,7 +66,7 @@ Unit* write_eight_digits(std::uint32_t value, Unit* output) {
 /// One or two digits, without a branch: the lengths of numbers are hard to predict.
 template <typename Unit>
 Unit* write_leading_digits(std::uint32_t value, Unit* output) {
-  const auto& pair = digit_pairs<Unit>[value];
+  const auto& pair = digit_tables<Unit>::pairs[value];
   *output = pair[0];
   output += value >= 10 ? 1 : 0;
   *output = pair[1];
@@ -138,7 +140,8 @@ template <unsigned int bits, typename Unit>
 Unit* write_binary_digits(std::uint64_t value, Unit* output) {
   constexpr unsigned int mask = (1u << bits) - 1;
   Unit* const end = output + (static_cast<unsigned int>(std::bit_width(value | 1)) + bits - 1) / bits;
-  for (Unit* digit = end; digit != output; value >>= bits) *--digit = common_digits<Unit>[value & mask];
+  for (Unit* digit = end; digit != output; value >>= bits)
+    *--digit = digit_tables<Unit>::single[value & mask];
   return end;
 }
 
