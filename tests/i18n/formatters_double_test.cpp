@@ -197,7 +197,8 @@ TEST(format_double, random_values_are_printed_as_the_c_runtime_does) {
     const auto precision = static_cast<int>(random() % (i % 8 == 0 ? 70 : 6));
     const auto fieldsize = static_cast<int>(random() % 40) - 10;
     ASSERT_NO_FATAL_FAILURE(expect_as_reference(everyday(random), precision, fieldsize));
-    ASSERT_NO_FATAL_FAILURE(expect_as_reference(std::bit_cast<double>(random()), precision, fieldsize));
+    ASSERT_NO_FATAL_FAILURE(
+        expect_as_reference(std::bit_cast<double>(random.bits64()), precision, fieldsize));
   }
 }
 

@@ -372,7 +372,7 @@ TEST(serialize_text_buf, floating_values_are_written_as_by_a_stream) {
 TEST(serialize_text_buf, random_floating_values_are_written_as_by_a_stream) {
   orva_test::random_engine random;
   for (int run = 0; run < 30000; ++run) {
-    const std::uint64_t bits = random();
+    const std::uint64_t bits = random.bits64();
     double value;
     std::memcpy(&value, &bits, sizeof value);
     const auto precision = static_cast<std::uint32_t>(random() % 20);

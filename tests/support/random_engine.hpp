@@ -10,10 +10,12 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdlib>
 #include <random>
 #include <string>
+#include <type_traits>
 
 namespace orva_test {
 
@@ -22,10 +24,16 @@ inline std::uint64_t random_seed() {
   return std::random_device{}();
 }
 
-class random_engine : public std::mt19937_64 {
+/// Of the width of a size, so that a number serves as a length or a position on every machine.
+using engine_of_size_width = std::conditional_t<sizeof(std::size_t) == 8, std::mt19937_64, std::mt19937>;
+
+class random_engine : public engine_of_size_width {
  public:
   explicit random_engine(std::uint64_t seed = random_seed())
-      : std::mt19937_64(seed), trace_(__FILE__, __LINE__, "ORVA_TEST_SEED=" + std::to_string(seed)) {}
+      : engine_of_size_width(static_cast<result_type>(seed)),
+        trace_(__FILE__, __LINE__, "ORVA_TEST_SEED=" + std::to_string(seed)) {}
+
+  std::uint64_t bits64() { return static_cast<std::uint64_t>((*this)()) << 32 ^ (*this)(); }
 
  private:
   testing::ScopedTrace trace_;

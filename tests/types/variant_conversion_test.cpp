@@ -260,7 +260,7 @@ std::vector<double> random_values(orva_test::random_engine& random, int count) {
   std::vector<double> values;
   for (int i = 0; i < count; ++i) {
     double from_bits = 0;
-    const std::uint64_t bits = random();
+    const std::uint64_t bits = random.bits64();
     std::memcpy(&from_bits, &bits, sizeof from_bits);
     values.push_back(from_bits);
     const auto digits = static_cast<double>(static_cast<std::int64_t>(random() % 20'000'000) - 10'000'000);

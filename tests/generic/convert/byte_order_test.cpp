@@ -212,7 +212,7 @@ TEST(byte_order, random_patterns_are_written_and_read) {
   orva_test::random_engine random;
   for_each_operation([&]<typename Number>(const operations<Number>& row) {
     for (int run = 0; run < 5000; ++run) {
-      const std::uint64_t bits = random() >> (64 - 8 * sizeof(Number));
+      const std::uint64_t bits = random.bits64() >> (64 - 8 * sizeof(Number));
       ASSERT_NO_FATAL_FAILURE(expect_written_and_read(row, bits));
     }
   });

@@ -226,7 +226,7 @@ TEST(str_to_floating, a_million_readings_as_by_a_stream) {
 TEST(str_to_floating, shortest_and_longest_forms_of_random_doubles_read_back) {
   orva_test::random_engine random;
   for (int run = 0; run < 20000; ++run) {
-    const auto value = std::bit_cast<double>(random());
+    const auto value = std::bit_cast<double>(random.bits64());
     if (!std::isfinite(value)) continue;
     char text[64];
     std::snprintf(text, sizeof text, "%.17g", value);

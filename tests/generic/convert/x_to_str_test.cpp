@@ -152,7 +152,7 @@ TEST(x_to_str, numbers_around_every_change_of_length_as_the_reference) {
 TEST(x_to_str, random_numbers_as_the_reference) {
   orva_test::random_engine random;
   for (int run = 0; run < 20000; ++run) {
-    const std::uint64_t value = random() >> random() % 64;
+    const std::uint64_t value = random.bits64() >> random() % 64;
     expect_as_reference(value, 10);
     expect_as_reference(value, 2 + static_cast<unsigned int>(random() % 40));
   }

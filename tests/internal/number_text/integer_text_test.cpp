@@ -75,7 +75,7 @@ TEST(integer_text, numbers_of_every_length_are_written) {
 TEST(integer_text, random_numbers_are_written) {
   orva_test::random_engine random;
   for (int run = 0; run < 20'000; ++run) {
-    const std::uint64_t value = random() >> random() % 64;
+    const std::uint64_t value = random.bits64() >> random() % 64;
     expect_as_reference(value);
     expect_as_reference(static_cast<std::int64_t>(value));
     expect_as_reference(static_cast<std::int32_t>(value));
