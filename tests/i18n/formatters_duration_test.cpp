@@ -127,7 +127,7 @@ TEST(format_duration, parts_add_up_to_the_duration) {
   for (int i = 0; i < 20000; ++i) {
     // Quarters of a second are exact in a double. The days stay below 2^31.
     const double seconds =
-        static_cast<double>(static_cast<std::int64_t>(random()) >> (15 + random() % 48)) / 4;
+        static_cast<double>(static_cast<std::int64_t>(random.bits64()) >> (15 + random() % 48)) / 4;
     const std::string text = format_duration(seconds, attribute_string("short_form|true"));
     double sum = 0;
     for (std::size_t at = 0; at < text.size();) {

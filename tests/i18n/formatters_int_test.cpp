@@ -315,7 +315,7 @@ TEST(format_int, random_values_are_those_of_the_reference) {
   for (int fieldsize = 0; fieldsize < 90; ++fieldsize) {
     const styles_in_field field(fieldsize);
     for (int i = 0; i < 300; ++i) {
-      const auto value = static_cast<std::int64_t>(random()) >> random() % 64;
+      const auto value = static_cast<std::int64_t>(random.bits64()) >> random() % 64;
       ASSERT_NO_FATAL_FAILURE(field.expect_as_reference(value));
     }
   }

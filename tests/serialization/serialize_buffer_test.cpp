@@ -88,14 +88,14 @@ class value_source {
       case 1:
         return std::numeric_limits<Integer>::max();
       default:
-        return static_cast<Integer>(random_() >> random_() % 64);
+        return static_cast<Integer>(random_.bits64() >> random_() % 64);
     }
   }
 
   template <typename Floating, typename Bits>
   Floating floating() {
     for (;;) {
-      const auto bits = static_cast<Bits>(random_());
+      const auto bits = static_cast<Bits>(random_.bits64());
       Floating number;
       std::memcpy(&number, &bits, sizeof number);
       // The text form does not keep the bits of NaN, and reads the smallest numbers as 0.

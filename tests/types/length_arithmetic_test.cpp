@@ -72,7 +72,7 @@ TEST(length_arithmetic, lengths_are_shown_as_by_plain_arithmetic) {
 TEST(length_arithmetic, random_numbers_become_lengths_as_by_plain_arithmetic) {
   orva_test::random_engine random;
   for (int run = 0; run < 200'000; ++run) {
-    const double number = static_cast<double>(static_cast<std::int64_t>(random())) * 0x1p-40;
+    const double number = static_cast<double>(static_cast<std::int64_t>(random.bits64())) * 0x1p-40;
     const auto dpi = static_cast<std::int32_t>(random() % 2400 + 1);
     ASSERT_EQ(open<1>(to_md(number, absolute_unit::millimetre)).value(),
               orva_test::reference_scaled(number, 100000, 25.4))

@@ -511,7 +511,7 @@ TEST(variant_of_text, a_number_beyond_the_range_is_true) {
 TEST(variant_of_text, numbers_written_and_read_back_are_the_same) {
   orva_test::random_engine random;
   for (int i = 0; i < 20'000; ++i) {
-    const auto number = static_cast<long long>(random()) >> (random() % 64);
+    const auto number = static_cast<long long>(random.bits64()) >> (random() % 64);
     const std::string text = variant(number).as_string();
     for (const variant& value : in_every_class(text)) {
       ASSERT_EQ(value.as_int64(), number);

@@ -125,7 +125,7 @@ TEST(time_duration, random_durations_give_what_wider_arithmetic_gives) {
     const std::int64_t hours = any_int();
     const std::int64_t minutes = any_int();
     const std::int64_t seconds = any_int();
-    const auto rest = static_cast<std::int64_t>(random()) >> random() % 60 >> 2;
+    const auto rest = static_cast<std::int64_t>(random.bits64()) >> random() % 60 >> 2;
     const auto narrow = static_cast<std::int32_t>(hours * 3600000 + minutes * 60000 + seconds * 1000);
     const time_duration duration(static_cast<int>(hours), static_cast<int>(minutes),
                                  static_cast<int>(seconds), rest);
