@@ -35,7 +35,7 @@ constexpr char backup[] = R"(<?xml version="1.0" encoding="UTF-8"?>
 // Loads a file that contains `text`, and prints the library's message if that fails.
 message_catalogs load(const std::string& text, const std::string& language) {
   const std::string file = "translators_guide.xmc";
-  std::ofstream(file) << text;
+  std::ofstream(file, std::ios::binary) << text;
   message_catalogs catalogs;
   const auto result = catalogs.load_file(file, language);
   std::remove(file.c_str());
