@@ -18,7 +18,7 @@ const message_t disk_free("disk_free",
 
 void show(const char* label, const strings::ustring8& text) { std::cout << label << text << '\n'; }
 
-// Renders one placeholder. "|" stands for the byte 0x01.
+// Renders one placeholder. Write "|" in `data` for the byte 0x01.
 strings::ustring8 rendered(message_item::type_t type, strings::ustring8 data, const types::variant& value) {
   strings::replace_all(data, "|", "\001");
   return message_item(data, type).as_string(argument("n", value));

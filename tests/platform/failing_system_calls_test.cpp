@@ -42,6 +42,7 @@ namespace {
 
 using ORVA_NAMESPACE::strings::ustring8;
 using orva_test::scripted_calls;
+using orva_test::some_bytes;
 using orva_test::temporary_directory;
 namespace exceptions = ORVA_NAMESPACE::exceptions;
 namespace platform = ORVA_NAMESPACE::platform;
@@ -58,12 +59,6 @@ struct refuse_allocations {
   refuse_allocations& operator=(const refuse_allocations&) = delete;
   ~refuse_allocations() { refused_allocation = SIZE_MAX; }
 };
-
-std::string some_bytes(std::size_t size) {
-  std::string bytes(size, '\0');
-  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>('A' + i % 50);
-  return bytes;
-}
 
 TEST(failing_load_file, short_reads_are_put_together) {
   const temporary_directory directory;

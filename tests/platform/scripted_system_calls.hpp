@@ -1,12 +1,10 @@
 /// The system calls of the platform layer, as a test scripts them.
-///
-/// A call whose function is set goes there; any other goes to the system. What was opened and not closed is
-/// counted. One script for the process: `scripted_calls` starts and ends it.
 #pragma once
 
 #include <functional>
 
 #include "orva/platform/posix/system_calls.hpp"
+#include "tests/platform/scripted_calls.hpp"
 
 namespace orva_test {
 
@@ -25,18 +23,6 @@ struct call_script {
   int directories_asked_for = 0;
 };
 
-/// The script in force.
-call_script& script();
-
-/// A script for one test; its end drops it.
-class scripted_calls {
- public:
-  scripted_calls() { script() = {}; }
-  scripted_calls(const scripted_calls&) = delete;
-  scripted_calls& operator=(const scripted_calls&) = delete;
-  ~scripted_calls() { script() = {}; }
-
-  call_script* operator->() const { return &script(); }
-};
+using scripted_calls = basic_scripted_calls<call_script>;
 
 }  // namespace orva_test

@@ -18,6 +18,7 @@
 namespace {
 
 using orva_test::scripted_calls;
+using orva_test::some_bytes;
 using orva_test::temporary_directory;
 namespace exceptions = ORVA_NAMESPACE::exceptions;
 namespace strings = ORVA_NAMESPACE::strings;
@@ -26,12 +27,6 @@ namespace sys = ORVA_NAMESPACE::system;
 BOOL fail_with(DWORD error) {
   ::SetLastError(error);
   return FALSE;
-}
-
-std::string some_bytes(std::size_t size) {
-  std::string bytes(size, '\0');
-  for (std::size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>('A' + i % 50);
-  return bytes;
 }
 
 TEST(failing_load_file, short_reads_are_put_together) {
