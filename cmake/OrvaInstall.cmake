@@ -1,5 +1,5 @@
-# What cmake --install installs: headers, library, the package for find_package(orva) and the file for
-# pkg-config.
+# What cmake --install installs: headers, library, messages, the package for find_package(orva) and the file
+# for pkg-config.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
@@ -16,10 +16,14 @@ foreach(header ${headers} ${internals})
   install(FILES ${header} DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/${folder})
 endforeach()
 
+# The messages of the library in the languages of its users; the package gives programs the folder.
+set(messages_dir ${CMAKE_INSTALL_DATADIR}/orva/messages)
+install(FILES ${PROJECT_SOURCE_DIR}/orva/diagnostics/messages/diagnostics.xmc DESTINATION ${messages_dir})
+
 install(EXPORT orva NAMESPACE orva:: FILE orva-targets.cmake DESTINATION ${package_dir})
 configure_package_config_file(
   ${CMAKE_CURRENT_LIST_DIR}/orva-config.cmake.in ${PROJECT_BINARY_DIR}/orva-config.cmake
-  INSTALL_DESTINATION ${package_dir})
+  INSTALL_DESTINATION ${package_dir} PATH_VARS messages_dir)
 # The namespace has the major and the minor version, so another minor version is another library to the
 # linker.
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/orva-config-version.cmake COMPATIBILITY SameMinorVersion)

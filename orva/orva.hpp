@@ -15,6 +15,11 @@
 #include "orva/config/user_item.hpp"
 // debug
 #include "orva/debug/assert.hpp"
+// diagnostics
+#include "orva/diagnostics/finding.hpp"
+#include "orva/diagnostics/place.hpp"
+#include "orva/diagnostics/report.hpp"
+#include "orva/diagnostics/write.hpp"
 // exceptions
 #include "orva/exceptions/exception.hpp"
 #include "orva/export.hpp"
@@ -38,6 +43,7 @@
 #include "orva/generic/varg_list.hpp"
 // i18n
 #include "orva/i18n/catalog.hpp"
+#include "orva/i18n/describe.hpp"
 #include "orva/i18n/formatters.hpp"
 #include "orva/i18n/load_error.hpp"
 #include "orva/i18n/message.hpp"

@@ -1,0 +1,57 @@
+#include "orva/diagnostics/finding.hpp"
+
+#include <algorithm>
+
+#include "orva/diagnostics/internal/argument_text.hpp"
+
+namespace ORVA_NAMESPACE::diagnostics {
+
+namespace {
+
+using strings::ustring8;
+
+/// Replaces each {name} by the argument of that name.
+ustring8 with_arguments(std::string_view text, const generic::varg_list& arguments) {
+  ustring8 result;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t open = std::min(text.find('{', begin), text.size());
+    result.append(text, begin, open - begin);
+    if (open == text.size()) break;
+    const std::size_t close = text.find('}', open);
+    const auto argument = arguments.find(text.substr(open + 1, close - open - 1));
+    if (argument == arguments.end()) {
+      result.append(text, open, close + 1 - open);
+    } else {
+      result += _private::text_of(argument->value()).text;
+    }
+    begin = close + 1;
+  }
+  return result;
+}
+
+}  // namespace
+
+std::string_view name_of(severity level) noexcept {
+  constexpr std::string_view names[] = {"note", "warning", "error"};
+  return names[static_cast<std::size_t>(level)];
+}
+
+ustring8 sentence(const finding& found) {
+  const auto codes = known_codes();
+  const auto known =
+      std::ranges::lower_bound(codes, std::string_view(found.code), {}, &code_description::code);
+  if (known != codes.end() && known->code == found.code)
+    return with_arguments(known->english, found.arguments);
+  const auto text = found.arguments.find("text");
+  return text == found.arguments.end() ? found.code : _private::text_of(text->value()).text;
+}
+
+generic::varg_list arguments_as_text(const finding& found) {
+  generic::varg_list texts;
+  for (const generic::argument& argument : found.arguments) {
+    if (argument.has_name()) texts.push_back(argument.name(), _private::text_of(argument.value()).text);
+  }
+  return texts;
+}
+
+}  // namespace ORVA_NAMESPACE::diagnostics
