@@ -62,9 +62,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     require(lines.place_of(offset) == place_of(source, offset));
   }
   const std::size_t offset = size == 0 ? 0 : data[0] * size / 255;
-  const std::string_view text = source.substr(0, 40);
-  const finding found{severity::error, text, source.substr(size / 2, 40), place_of(source, offset),
-                      argument("text", std::string(text))};
+  const std::string text(source.substr(0, 40));
+  const std::string file(source.substr(size / 2, 40));
+  const finding found{severity::error, text, file, place_of(source, offset), argument("text", text)};
   check_text(found, source);
   check_json(found);
   return 0;
