@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <ostream>
 #include <string>
 
@@ -10,27 +11,30 @@ namespace ORVA_NAMESPACE::diagnostics {
 
 namespace {
 
-void append_escaped(std::string& output, std::string_view character) {
+bool is_control(std::uint32_t code_point) {
+  return code_point < 0x20 || (code_point >= 0x7F && code_point < 0xA0);
+}
+
+/// Control characters above 0x1F are escaped too, since a terminal may act on them.
+void append_control(std::string& output, std::uint32_t code_point) {
   constexpr std::string_view figures = "0123456789abcdef";
-  const auto byte = static_cast<unsigned char>(character[0]);
-  if (byte == '"' || byte == '\\') {
-    output += '\\';
-    output += character;
-  } else if (byte < 0x20 || byte == 0x7F) {
-    output += "\\u00";
-    output += figures[byte >> 4];
-    output += figures[byte & 15];
-  } else {
-    output += character;
-  }
+  output += "\\u00";
+  output += figures[code_point >> 4];
+  output += figures[code_point & 15];
 }
 
 /// A string of JSON, as RFC 8259 defines it.
 void append_string(std::string& output, std::string_view text) {
+  constexpr std::string_view replacement = "\xEF\xBF\xBD";
   output += '"';
   while (!text.empty()) {
     const auto character = internal::text::decode_well_formed(text);
-    append_escaped(output, character.well_formed ? text.substr(0, character.units) : "\xEF\xBF\xBD");
+    if (character.code_point == '"' || character.code_point == '\\') output += '\\';
+    if (is_control(character.code_point)) {
+      append_control(output, character.code_point);
+    } else {
+      output += character.well_formed ? text.substr(0, character.units) : replacement;
+    }
     text.remove_prefix(character.units);
   }
   output += '"';

@@ -45,10 +45,10 @@ TEST(write_json, writes_values_in_the_types_of_json) {
 }
 
 TEST(write_json, escapes_texts) {
-  const finding found{severity::note, "c", "a\"\\\n\x01\x7F\xC3\xA4\xFFz", {}, {}};
+  const finding found{severity::note, "c", "a\"\\\n\x01\x7F\xC2\x9B\xC3\xA4\xFFz", {}, {}};
   EXPECT_EQ(json_of(found),
             "{\"severity\":\"note\",\"code\":\"c\",\"file\":"
-            "\"a\\\"\\\\\\u000a\\u0001\\u007f\xC3\xA4\xEF\xBF\xBDz\","
+            "\"a\\\"\\\\\\u000a\\u0001\\u007f\\u009b\xC3\xA4\xEF\xBF\xBDz\","
             "\"text\":\"c\",\"arguments\":{}}\n");
 }
 
