@@ -1,5 +1,7 @@
+#include <chrono>
 #include <iomanip>
 #include <iostream>
+#include <string_view>
 
 #include "orva/orva.hpp"
 
@@ -7,6 +9,7 @@ namespace date_time = orva::system::date_time;
 using date_time::date_duration;
 using date_time::date_time_t;
 using date_time::milliseconds;
+using date_time::month_end;
 using date_time::time_duration;
 using date_time::timer;
 
@@ -66,6 +69,35 @@ void both() {
   }
 }
 
+void exact_moves() {
+  const date_time::date leap(29, 2, 2024);
+  std::cout << "the day before March 1: " << *add_days(date_time::date(1, 3, 2024), -1) << '\n';
+  std::cout << "a year on: " << *add_years(leap, 1, month_end::last_day) << " or "
+            << *add_years(leap, 1, month_end::next_month) << '\n';
+  const bool is_refused = !add_years(leap, 1, month_end::refuse);
+  std::cout << "or refused: " << std::boolalpha << is_refused << '\n';
+
+  const date_time_t t(leap, date_time::time(20, 0, 0, 0));
+  const date_time_t later = *add_time(t, time_duration(48, 30, 0, 0));
+  std::cout << "48 hours 30 minutes on: " << later.date() << ' ' << later.time() << '\n';
+  std::cout << "that is " << time_between(t, later)->total_hours() << " hours, "
+            << *days_between(t.date(), later.date()) << " days\n";
+  std::cout << "a Thursday: " << (weekday_of(leap) == std::chrono::Thursday) << '\n';
+}
+
+void texts() {
+  const auto departure = date_time::read_timestamp("2024-02-29T23:30:00-08:00");
+  const date_time::timestamp in_utc{departure.value.utc, 0};
+  std::cout << "in UTC: " << write_timestamp(in_utc)->view() << '\n';
+
+  for (const std::string_view text : {"2023-02-29", "2024-2-29", "2024-02"}) {
+    const auto result = date_time::read_date(text);
+    std::cout << text << ", position " << result.count << ": " << describe(result.error) << '\n';
+  }
+  const auto precise = date_time::read_time("08:30:00.123456");
+  std::cout << precise.value << (precise.is_rounded ? ", rounded down" : "") << '\n';
+}
+
 void clocks() {
   timer stopwatch;
   stopwatch.start();
@@ -81,5 +113,7 @@ int main() {
   dates();
   times();
   both();
+  exact_moves();
+  texts();
   clocks();
 }

@@ -80,9 +80,11 @@
 // system
 #include "orva/system/date_time/basic_date.hpp"
 #include "orva/system/date_time/basic_time.hpp"
+#include "orva/system/date_time/calendar.hpp"
 #include "orva/system/date_time/date.hpp"
 #include "orva/system/date_time/date_duration.hpp"
 #include "orva/system/date_time/date_time.hpp"
+#include "orva/system/date_time/iso8601.hpp"
 #include "orva/system/date_time/time.hpp"
 #include "orva/system/date_time/time_duration.hpp"
 #include "orva/system/date_time/timer.hpp"

@@ -19,6 +19,9 @@
 /// A value of twelve bytes; any thread may read one that no thread changes. All but the two clock readings
 /// can be used in constant expressions. There are no comparisons, no text and no difference of two dates.
 ///
+/// Exact siblings, which refuse instead of wrapping, reach February 29, compare and subtract:
+/// `orva/system/date_time/calendar.hpp`. Dates as text: `orva/system/date_time/iso8601.hpp`.
+///
 /// Edge cases: docs/edges.md#dates
 #pragma once
 

@@ -9,6 +9,9 @@
 /// A duration below 24 hours moves the time within the day and leaves the date. A longer one overwrites the
 /// day of the month, see `plus_assign`: move by days with a `date_duration`.
 ///
+/// Exact siblings, which move the date with the time: `add_time`, `add_days` and others in
+/// `orva/system/date_time/calendar.hpp`. Text: `orva/system/date_time/iso8601.hpp`.
+///
 /// A plain value; any thread may read one that no thread changes.
 ///
 /// Edge cases: docs/edges.md#dates

@@ -18,6 +18,9 @@
 /// A value of sixteen bytes; any thread may read one that no thread changes. All but the two clock readings
 /// can be used in constant expressions. There are no comparisons and no text.
 ///
+/// Exact siblings, which report the days passed, and compare: `orva/system/date_time/calendar.hpp`. Times as
+/// text: `orva/system/date_time/iso8601.hpp`.
+///
 /// Edge cases: docs/edges.md#dates
 #pragma once
 
