@@ -54,6 +54,16 @@ function(orva_source_options component option)
   set_property(SOURCE ${ARGN} TARGET_DIRECTORY orva_${component} APPEND PROPERTY COMPILE_OPTIONS ${option})
 endfunction()
 
+# orva_overwriting_sources(<component> <sources>...): conversions that write into strings which were not cleared before. The
+# standard library offers that from C++23 on. Nothing else needs it, and the headers stay C++20. Clang before 15 takes
+# `if consteval` of C++23 for true where it folds a condition: functions of std::string that its objects share with all others
+# would then run as in a constant expression, and copy all for each change.
+function(orva_overwriting_sources component)
+  if(NOT (CMAKE_CXX_COMPILER_ID STREQUAL "Clang" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 15))
+    orva_source_options(${component} ${CMAKE_CXX23_STANDARD_COMPILE_OPTION} ${ARGN})
+  endif()
+endfunction()
+
 # orva_choose_library(<variable> <internals>): the shared library, or, if <internals> is true, its components,
 # so that a program can call what the library does not export, and can replace a source of the library by
 # functions of its own.

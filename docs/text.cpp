@@ -44,6 +44,14 @@ int main() {
   std::cout << strings::utf16_to_utf8(strings::utf8_to_utf16(bad)) << '\n';
   std::cout << strings::utf32_to_utf8(strings::utf8_to_utf32(bad)) << '\n';
 
+  // By the Unicode Standard, with a report of what was replaced and where.
+  const auto repaired = strings::to_utf16(bad);
+  std::cout << strings::to_utf8(repaired.text).text << ", replaced: " << repaired.replaced << '\n';
+  if (const auto malformed = strings::first_malformed(bad)) {
+    std::cout << "byte " << malformed->offset << ": " << strings::describe(malformed->kind) << '\n';
+  }
+  print_units("from UTF-32:", strings::to_utf16(text32).text);
+
   // A file in the other byte order: swap it before any transform.
   ustring16 foreign = strings::utf8_to_utf16("\xEF\xBB\xBFHi");
   strings::modify_swap_string_bytes_order(foreign);

@@ -8,6 +8,8 @@
 /// character is one Unicode code point. Text is read where it is and never copied, and nothing is shared
 /// between calls, so any number of threads may read the same text.
 ///
+/// `first_malformed` (strings/well_formed.hpp) says whether a text is well-formed, and where it is not.
+///
 /// Edge cases: docs/edges.md#strings
 #pragma once
 

@@ -19,7 +19,9 @@
 ///     utf32_to_utf8  a value of 0x110000 or more                       nothing for this unit
 ///     utf32_to_utf16 a surrogate, a value of 0x110000 or more          the text "-1" instead of the whole
 ///
-/// The failure text cannot be distinguished from a genuine "-1".
+/// The failure text cannot be distinguished from a genuine "-1". `to_utf8`, `to_utf16` and `to_utf32`
+/// (strings/standard_transforms.hpp) follow the Unicode Standard and report bad text; `first_malformed`
+/// (strings/well_formed.hpp) finds it.
 ///
 /// Edge cases: docs/edges.md#strings
 #pragma once

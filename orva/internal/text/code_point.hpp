@@ -105,4 +105,18 @@ constexpr code_unit16* encode_pair(std::uint32_t code_point, code_unit16* to) {
   return to;
 }
 
+/// Writes `code_point` in one unit or a surrogate pair and returns the end.
+///
+/// REQUIRES: code_point < 0x110000.
+constexpr code_unit16* encode(std::uint32_t code_point, code_unit16* to) {
+  if (code_point >= 0x10000) return encode_pair(code_point, to);
+  *to++ = static_cast<code_unit16>(code_point);
+  return to;
+}
+
+constexpr code_unit32* encode(std::uint32_t code_point, code_unit32* to) {
+  *to++ = static_cast<code_unit32>(code_point);
+  return to;
+}
+
 }  // namespace ORVA_NAMESPACE::internal::text

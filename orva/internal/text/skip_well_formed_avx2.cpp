@@ -1,0 +1,243 @@
+// UTF-8 is tested by the faults of two neighbouring bytes, which three table look-ups find together for each
+// byte of a vector: John Keiser and Daniel Lemire, "Validating UTF-8 In Less Than One Instruction Per Byte",
+// Software: Practice and Experience 51(5), 2021.
+#include <immintrin.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "orva/internal/text/well_formed.hpp"
+
+namespace ORVA_NAMESPACE::internal::text {
+
+namespace {
+
+using byte = std::uint8_t;
+
+struct byte_range {
+  unsigned int first;
+  unsigned int last;
+};
+
+/// Neighbouring bytes that are a fault, and a bit for it.
+struct pair_fault {
+  byte bit;
+  byte_range before;
+  byte_range after;
+};
+
+/// A continuation after a continuation: right for the last byte of three and the last two of four, and a
+/// fault elsewhere.
+constexpr byte second_continuation = 0x80;
+
+constexpr byte_range ascii{0x00, 0x7F};
+constexpr byte_range continuations{0x80, 0xBF};
+constexpr byte_range leads{0xC0, 0xFF};
+
+constexpr pair_fault pair_faults[] = {
+    {0x01, leads, ascii},
+    {0x01, leads, leads},
+    {0x02, ascii, continuations},
+    {0x04, {0xE0, 0xE0}, {0x80, 0x9F}},
+    {0x08, {0xED, 0xED}, {0xA0, 0xBF}},
+    {0x10, {0xC0, 0xC1}, continuations},
+    {0x20, {0xF4, 0xFF}, {0x90, 0xBF}},
+    {0x40, {0xF5, 0xFF}, {0x80, 0x8F}},
+    {0x40, {0xF0, 0xF0}, {0x80, 0x8F}},
+    {second_continuation, continuations, continuations},
+};
+
+constexpr bool is_rows(byte_range range) { return range.first % 16 == 0 && range.last % 16 == 15; }
+
+/// Whether three look-ups by four bits each find exactly the pairs of this fault.
+constexpr bool is_found_by_look_ups(const pair_fault& fault) {
+  const bool in_one_row = fault.before.first / 16 == fault.before.last / 16;
+  return (in_one_row || is_rows(fault.before)) && is_rows(fault.after);
+}
+
+/// The bits of the faults that a byte may have part in, by half of the byte. A pair has the faults whose bits
+/// are in all three.
+struct fault_tables {
+  alignas(16) std::array<byte, 16> high_before{};
+  alignas(16) std::array<byte, 16> low_before{};
+  alignas(16) std::array<byte, 16> high_after{};
+};
+
+constexpr fault_tables faults = [] {
+  fault_tables tables;
+  for (const pair_fault& fault : pair_faults) {
+    for (unsigned int value = fault.before.first; value <= fault.before.last; ++value) {
+      tables.high_before[value / 16] |= fault.bit;
+      tables.low_before[value % 16] |= fault.bit;
+    }
+    for (unsigned int value = fault.after.first; value <= fault.after.last; value += 16) {
+      tables.high_after[value / 16] |= fault.bit;
+    }
+  }
+  return tables;
+}();
+
+static_assert([] {
+  for (const pair_fault& fault : pair_faults) {
+    if (!is_found_by_look_ups(fault)) return false;
+  }
+  return true;
+}());
+
+constexpr std::ptrdiff_t vector_bytes = 32;
+
+template <typename Unit>
+[[gnu::target("avx2")]] inline __m256i load(const Unit* from) {
+  return _mm256_loadu_si256(reinterpret_cast<const __m256i*>(from));
+}
+
+[[gnu::target("avx2")]] inline __m256i bytes_of(int value) {
+  return _mm256_set1_epi8(static_cast<char>(static_cast<byte>(value)));
+}
+
+[[gnu::target("avx2")]] inline __m256i look_up(const std::array<byte, 16>& table, __m256i indexes) {
+  const __m128i values = _mm_load_si128(reinterpret_cast<const __m128i*>(table.data()));
+  return _mm256_shuffle_epi8(_mm256_broadcastsi128_si256(values), indexes);
+}
+
+[[gnu::target("avx2")]] inline __m256i high_halves(__m256i bytes) {
+  return _mm256_and_si256(_mm256_srli_epi16(bytes, 4), bytes_of(0x0F));
+}
+
+/// Nonzero where a byte of the 32 at `at` does not fit those before it. REQUIRES: three bytes before `at`.
+[[gnu::target("avx2")]] inline __m256i faults_at(const char* at) {
+  const __m256i before = load(at - 1);
+  const __m256i found =
+      _mm256_and_si256(_mm256_and_si256(look_up(faults.high_before, high_halves(before)),
+                                        look_up(faults.low_before, _mm256_and_si256(before, bytes_of(0x0F)))),
+                       look_up(faults.high_after, high_halves(load(at))));
+  // The highest bit is set two bytes after a lead of three or four, and three bytes after a lead of four.
+  const __m256i third = _mm256_subs_epu8(load(at - 2), bytes_of(0xE0 - 0x80));
+  const __m256i fourth = _mm256_subs_epu8(load(at - 3), bytes_of(0xF0 - 0x80));
+  const __m256i expected = _mm256_and_si256(_mm256_or_si256(third, fourth), bytes_of(second_continuation));
+  return _mm256_xor_si256(found, expected);
+}
+
+[[gnu::target("avx2")]] inline bool any(__m256i bits) { return _mm256_testz_si256(bits, bits) == 0; }
+
+/// Whether the last character before `at` needs more bytes than it has there.
+inline bool ends_within_character(const char* at) {
+  return value_of(at[-1]) >= 0xC0 || value_of(at[-2]) >= 0xE0 || value_of(at[-3]) >= 0xF0;
+}
+
+/// The beginning of the character that `at` may be within. REQUIRES: the text before `at` is well-formed but
+/// for the end of this character, and is three bytes or more.
+inline const char* beginning_of_character(const char* at) {
+  if (!ends_within_character(at)) return at;
+  do --at;
+  while (is_continuation(*at));
+  return at;
+}
+
+/// REQUIRES: a text of 35 bytes or more.
+[[gnu::target("avx2")]] const char* skip(const char* from, const char* end) {
+  const char* at = from;
+  while (at - from < 3) {
+    const std::size_t units = well_formed_units(at, static_cast<std::size_t>(end - at));
+    if (units == 0) return at;
+    at += units;
+  }
+  // ASCII needs no tables; only what is before it may be cut short.
+  bool after_ascii = true;
+  for (; end - at >= 2 * vector_bytes; at += 2 * vector_bytes) {
+    if (_mm256_movemask_epi8(_mm256_or_si256(load(at), load(at + vector_bytes))) == 0) {
+      if (!after_ascii && ends_within_character(at)) break;
+      after_ascii = true;
+      continue;
+    }
+    if (any(_mm256_or_si256(faults_at(at), faults_at(at + vector_bytes)))) return beginning_of_character(at);
+    after_ascii = false;
+  }
+  for (; end - at >= vector_bytes; at += vector_bytes) {
+    if (any(faults_at(at))) return beginning_of_character(at);
+  }
+  const bool good = !any(faults_at(end - vector_bytes)) && !ends_within_character(end);
+  return good ? end : beginning_of_character(at);
+}
+
+constexpr std::ptrdiff_t vector_units = 32;
+
+/// The surrogates among 32 units of UTF-16, the first in the lowest bit.
+struct surrogate_masks {
+  std::uint32_t high;
+  std::uint32_t low;
+};
+
+[[gnu::target("avx2")]] inline surrogate_masks surrogates_at(const code_unit16* at) {
+  const __m256i packed =
+      _mm256_packus_epi16(_mm256_srli_epi16(load(at), 8), _mm256_srli_epi16(load(at + 16), 8));
+  const __m256i upper_bytes = _mm256_permute4x64_epi64(packed, 0b11'01'10'00);
+  const __m256i marks = _mm256_and_si256(upper_bytes, bytes_of(0xFC));
+  return {static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(marks, bytes_of(0xD8)))),
+          static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(marks, bytes_of(0xDC))))};
+}
+
+/// REQUIRES: a text of 32 units or more.
+[[gnu::target("avx2")]] const code_unit16* skip(const code_unit16* from, const code_unit16* end) {
+  const code_unit16* at = from;
+  while (end - at >= vector_units) {
+    const auto [high, low] = surrogates_at(at);
+    if (low != high << 1) return at;
+    // A pair that the block cuts is left to the next one.
+    at += vector_units - static_cast<std::ptrdiff_t>(high >> 31);
+  }
+  if (at == end) return at;
+  // The last block begins before `at`, perhaps with the second half of a pair.
+  const auto [high, low] = surrogates_at(end - vector_units);
+  return (low & ~std::uint32_t{1}) == high << 1 && high >> 31 == 0 ? end : at;
+}
+
+/// Whether 32 units of UTF-32 are code points and no surrogates.
+[[gnu::target("avx2")]] inline bool are_characters(const code_unit32* at) {
+  const __m256i last = _mm256_set1_epi32(0x10FFFF);
+  __m256i largest = last;
+  __m256i surrogates = _mm256_setzero_si256();
+  for (std::ptrdiff_t i = 0; i < vector_units; i += 8) {
+    const __m256i units = load(at + i);
+    largest = _mm256_max_epu32(largest, units);
+    const __m256i marks = _mm256_and_si256(units, _mm256_set1_epi32(static_cast<int>(0xFFFFF800)));
+    surrogates = _mm256_or_si256(surrogates, _mm256_cmpeq_epi32(marks, _mm256_set1_epi32(0xD800)));
+  }
+  return !any(_mm256_or_si256(surrogates, _mm256_xor_si256(largest, last)));
+}
+
+/// REQUIRES: a text of 32 units or more.
+[[gnu::target("avx2")]] const code_unit32* skip(const code_unit32* from, const code_unit32* end) {
+  const code_unit32* at = from;
+  for (; end - at >= vector_units; at += vector_units) {
+    if (!are_characters(at)) return at;
+  }
+  return are_characters(end - vector_units) ? end : at;
+}
+
+bool has_avx2() {
+  static const bool answer = __builtin_cpu_supports("avx2") != 0;
+  return answer;
+}
+
+template <typename Unit>
+const Unit* skip_if_long(const Unit* from, const Unit* end, std::ptrdiff_t shortest) {
+  return end - from >= shortest && has_avx2() ? skip(from, end) : from;
+}
+
+}  // namespace
+
+const char* skip_well_formed(const char* from, const char* end) {
+  return skip_if_long(from, end, 3 + vector_bytes);
+}
+
+const code_unit16* skip_well_formed(const code_unit16* from, const code_unit16* end) {
+  return skip_if_long(from, end, vector_units);
+}
+
+const code_unit32* skip_well_formed(const code_unit32* from, const code_unit32* end) {
+  return skip_if_long(from, end, vector_units);
+}
+
+}  // namespace ORVA_NAMESPACE::internal::text
