@@ -1,8 +1,6 @@
 #include "orva/serialization/labeled_text_buffer.hpp"
 
-#include <algorithm>
 #include <stdexcept>
-#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -10,6 +8,7 @@
 #include "orva/serialization/internal/flat_form_reader.hpp"
 #include "orva/serialization/internal/flat_form_writer.hpp"
 #include "orva/serialization/internal/labeled_contents.hpp"
+#include "orva/serialization/internal/trimmed_label.hpp"
 #include "orva/serialization/stored_buffer.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
@@ -20,12 +19,7 @@ using types::variant;
 
 namespace {
 
-std::string trimmed(std::string_view label) {
-  constexpr std::string_view blanks = " \n\r\t";
-  label.remove_suffix(label.size() - (label.find_last_not_of(blanks) + 1));
-  label.remove_prefix(std::min(label.find_first_not_of(blanks), label.size()));
-  return std::string(label);
-}
+std::string trimmed(const std::string& label) { return std::string(_private::trimmed_label(label)); }
 
 }  // namespace
 
@@ -103,7 +97,8 @@ labeled_text_buffer& labeled_text_buffer::assign(const labeled_text_buffer& othe
 const std::string& labeled_text_buffer::as_str() const {
   static const std::string nothing;
   if (is_empty()) return nothing;
-  flat_form_writer(contents_->text).write(*contents_);
+  const auto text_of = [](const variant& value) { return value.as_string(); };
+  _private::flat_form_writer(contents_->text, text_of).write(contents_->entries);
   return contents_->text;
 }
 
@@ -148,6 +143,10 @@ bool labeled_text_buffer::has_group(const std::string& label) const {
 bool labeled_text_buffer::is_empty() const { return contents_ == nullptr || contents_->entries.empty(); }
 
 variant labeled_text_buffer::retrieve_value(const std::string& label) {
+  return std::as_const(*this).retrieve_value(label);
+}
+
+variant labeled_text_buffer::retrieve_value(const std::string& label) const {
   const entry* stored = find(label);
   return stored != nullptr ? stored->value : variant();
 }
@@ -159,6 +158,11 @@ labeled_text_buffer* labeled_text_buffer::retrieve_group(const std::string& labe
 const labeled_text_buffer* labeled_text_buffer::retrieve_group(const std::string& label) const {
   const entry* stored = find(label);
   return stored != nullptr ? &stored->group : nullptr;
+}
+
+const std::map<std::string, labeled_text_buffer::entry>& labeled_text_buffer::entries() const {
+  static const std::map<std::string, entry> nothing;
+  return contents_ != nullptr ? contents_->entries : nothing;
 }
 
 void labeled_text_buffer::overlay(const labeled_text_buffer& other) {

@@ -24,6 +24,9 @@
 /// A level ends where reading returns to a label that it has read before, as it would repeat without end. All
 /// reading ends when more than `max_reread` bytes have been read again.
 ///
+/// Floating values are written with six digits, with the point of the global locale. exact_flat_form.hpp
+/// writes them exactly in every locale, and reads a flat form as a whole or reports what is wrong, and where.
+///
 /// A buffer owns its groups. A pointer to a group is valid until the buffer is assigned or destroyed. Time,
 /// memory and the length of the flat form are proportional to the content at any depth; nothing is recursive.
 ///
@@ -31,8 +34,10 @@
 #pragma once
 
 #include <cstddef>
+#include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "orva/export.hpp"
 #include "orva/serialization/labeled_serialize_buffer.hpp"
@@ -76,8 +81,18 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   bool is_empty() const override;
 
   types::variant retrieve_value(const std::string& label) override;
+  /// The same for a const buffer.
+  types::variant retrieve_value(const std::string& label) const;
   labeled_text_buffer* retrieve_group(const std::string& label) override;
   const labeled_text_buffer* retrieve_group(const std::string& label) const override;
+
+  /// A label's value, which is nil if it has none, and its group, which is empty if it has none.
+  struct entry;
+  /// The labels with their entries, sorted by the bytes of the labels. A lookup here distinguishes a label
+  /// that is absent from one without a value. Valid until the buffer is assigned or destroyed.
+  ///
+  ///     for (const auto& [label, stored] : settings.entries()) show(label, stored.value, stored.group);
+  const std::map<std::string, entry>& entries() const;
 
   /// Merges `other` into this buffer, group by group: its values are added or replace those here. Nothing is
   /// removed, except that a label with neither value nor group in `other` sets the value here to nil. `other`
@@ -92,14 +107,12 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
   labeled_text_buffer* clone() const override;
 
  private:
-  struct entry;
   struct contents;
   /// Destroys nested groups one after another, without recursion.
   struct destroy_contents {
     void operator()(contents* root) const noexcept;
   };
   using owned_contents = std::unique_ptr<contents, destroy_contents>;
-  class flat_form_writer;
 
   static owned_contents copy(const contents* source);
   contents& filled();
@@ -107,6 +120,13 @@ class ORVA_API labeled_text_buffer : public labeled_serialize_buffer {
 
   /// Null until something is stored: every label has a group, and most groups are empty.
   owned_contents contents_;
+};
+
+struct labeled_text_buffer::entry {
+  explicit entry(types::variant stored) : value(std::move(stored)) {}
+
+  types::variant value;
+  labeled_text_buffer group;
 };
 
 }  // namespace ORVA_NAMESPACE::serialization

@@ -493,4 +493,58 @@ TEST(labeled_text_buffer, overlay_with_a_group_of_this_buffer_takes_its_content_
   EXPECT_EQ(here.retrieve_group("g")->retrieve_group("g")->retrieve_value("x").as_int32(), 1);
 }
 
+TEST(labeled_text_buffer, entries_are_the_labels_in_the_order_of_their_bytes) {
+  buffer labeled;
+  labeled.add_value("b", 2);
+  labeled.add_value("a", 1);
+  labeled.create_group("b")->add_value("x", 3);
+  labeled.create_group("c");
+  const buffer& settings = labeled;
+  std::string seen;
+  for (const auto& [label, stored] : settings.entries()) {
+    seen += label + "=" + stored.value.as_string() + (stored.group.is_empty() ? " " : "{} ");
+  }
+  EXPECT_EQ(seen, "a=1 b=2{} c= ");
+  EXPECT_EQ(settings.entries().at("b").group.entries().at("x").value.as_int32(), 3);
+}
+
+TEST(labeled_text_buffer, entries_distinguish_an_absent_label_from_one_without_a_value) {
+  buffer labeled;
+  labeled.create_group("g");
+  EXPECT_EQ(labeled.entries().count("absent"), 0U);
+  ASSERT_EQ(labeled.entries().count("g"), 1U);
+  EXPECT_TRUE(labeled.entries().at("g").value == nil);
+}
+
+TEST(labeled_text_buffer, empty_buffer_has_no_entries) {
+  EXPECT_TRUE(buffer().entries().empty());
+  EXPECT_TRUE(buffer("").entries().empty());
+  buffer moved;
+  moved.add_value("a", 1);
+  const buffer target(std::move(moved));
+  EXPECT_EQ(target.entries().size(), 1U);
+  EXPECT_TRUE(moved.entries().empty());
+}
+
+TEST(labeled_text_buffer, entries_show_later_changes) {
+  buffer labeled;
+  labeled.add_value("a", 1);
+  const auto& entries = labeled.entries();
+  labeled.add_value("a", 2);
+  labeled.add_value("b", 3);
+  EXPECT_EQ(entries.size(), 2U);
+  EXPECT_EQ(entries.at("a").value.as_int32(), 2);
+}
+
+TEST(labeled_text_buffer, value_is_retrieved_from_a_const_buffer) {
+  buffer labeled;
+  labeled.add_value("a", 5);
+  labeled.create_group("g")->add_value("x", 6);
+  const buffer& settings = labeled;
+  EXPECT_EQ(settings.retrieve_value("a").as_int32(), 5);
+  EXPECT_TRUE(settings.retrieve_value("a").type() == typeid(int)) << "the value is as it was stored";
+  EXPECT_TRUE(settings.retrieve_value("absent") == nil);
+  EXPECT_EQ(settings.retrieve_group("g")->retrieve_value("x").as_int32(), 6);
+}
+
 }  // namespace

@@ -6,40 +6,43 @@
 #include <cstddef>
 #include <map>
 #include <string>
-#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "orva/serialization/internal/backward_text_writer.hpp"
-#include "orva/serialization/internal/labeled_contents.hpp"
+#include "orva/serialization/labeled_text_buffer.hpp"
+#include "orva/types/nil.hpp"
 
-namespace ORVA_NAMESPACE::serialization {
+namespace ORVA_NAMESPACE::serialization::_private {
 
 /// Writes from the last entry to the first. The length of a group is then known before it is written, and
-/// every byte is written once, at any depth.
-class labeled_text_buffer::flat_form_writer {
+/// every byte is written once, at any depth. `TextOf` gives the text of a value.
+template <typename TextOf>
+class flat_form_writer {
  public:
-  explicit flat_form_writer(std::string& text) : text_(text) {}
+  using entries = std::map<std::string, labeled_text_buffer::entry>;
 
-  void write(const contents& root) {
+  /// Replaces the content of `text`.
+  flat_form_writer(std::string& text, TextOf text_of) : text_(text), text_of_(std::move(text_of)) {}
+
+  void write(const entries& root) {
     enter(root);
     while (!levels_.empty()) {
       level& current = levels_.back();
       if (current.next == current.end) {
         leave();
       } else if (current.next->second.group.is_empty()) {
-        text_.prepend_string(current.next->second.value.as_string());
+        text_.prepend_string(text_of_(current.next->second.value));
         text_.prepend_string(current.next->first);
         ++current.next;
       } else {
-        enter(*current.next->second.group.contents_);
+        enter(current.next->second.group.entries());
       }
     }
     text_.finish();
   }
 
  private:
-  using entries = std::map<std::string, entry>;
-
   struct level {
     entries::const_reverse_iterator next;
     entries::const_reverse_iterator end;
@@ -47,9 +50,9 @@ class labeled_text_buffer::flat_form_writer {
     std::size_t size_after;
   };
 
-  void enter(const contents& group) {
+  void enter(const entries& group) {
     if (!levels_.empty()) text_.close_string();
-    levels_.push_back({group.entries.rbegin(), group.entries.rend(), text_.size()});
+    levels_.push_back({group.rbegin(), group.rend(), text_.size()});
   }
 
   void leave() {
@@ -60,12 +63,13 @@ class labeled_text_buffer::flat_form_writer {
     const auto& [label, stored] = *levels_.back().next++;
     text_.prepend_string(label, " ");
     if (stored.value == types::nil) return;
-    text_.prepend_string(stored.value.as_string());
+    text_.prepend_string(text_of_(stored.value));
     text_.prepend_string(label);
   }
 
-  _private::backward_text_writer text_;
+  backward_text_writer text_;
+  TextOf text_of_;
   std::vector<level> levels_;
 };
 
-}  // namespace ORVA_NAMESPACE::serialization
+}  // namespace ORVA_NAMESPACE::serialization::_private

@@ -5,19 +5,10 @@
 
 #include <map>
 #include <string>
-#include <utility>
 
 #include "orva/serialization/labeled_text_buffer.hpp"
-#include "orva/types/variant.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
-
-struct labeled_text_buffer::entry {
-  explicit entry(types::variant stored) : value(std::move(stored)) {}
-
-  labeled_text_buffer group;
-  types::variant value;
-};
 
 struct labeled_text_buffer::contents {
   /// Ordered by the bytes of the labels.
