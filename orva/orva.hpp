@@ -58,6 +58,8 @@
 #include "orva/parser/xml_stream_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"
 // serialization
+#include "orva/serialization/checked_reader.hpp"
+#include "orva/serialization/exact_flat_form.hpp"
 #include "orva/serialization/labeled_serialize_buffer.hpp"
 #include "orva/serialization/labeled_text_buffer.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"

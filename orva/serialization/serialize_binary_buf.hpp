@@ -23,6 +23,8 @@
 /// close to 4 GiB moves it back. A loop until `at_end` over untrusted data must count the items that it
 /// reads.
 ///
+/// `checked_reader` reads the same data and reports where it ends too early.
+///
 /// Edge cases: docs/edges.md#serialization
 #pragma once
 

@@ -19,6 +19,8 @@
 /// `std::out_of_range`, "invalid string position": after a length that is too large, or after `assign` of
 /// shorter data.
 ///
+/// `checked_reader` reads the data of both forms and reports what is wrong, and where.
+///
 /// A buffer belongs to one thread: reading moves the position even of a const buffer. Buffers may be held by
 /// `memory::pointers::rc_pointer`.
 ///

@@ -9,6 +9,7 @@
 #include "orva/internal/number_text/floating_text.hpp"
 #include "orva/internal/number_text/integer_text.hpp"
 #include "orva/internal/number_text/stream_text.hpp"
+#include "orva/serialization/internal/exact_number_text.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
@@ -75,6 +76,11 @@ void serialize_text_buf::append_float(const float& value, const types::uint32& p
 }
 void serialize_text_buf::append_double(const double& value, const types::uint32& precision) {
   append_floating(value, precision);
+}
+
+void serialize_text_buf::append_exact(float value) { append(_private::exact_number_text(value) + separator); }
+void serialize_text_buf::append_exact(double value) {
+  append(_private::exact_number_text(value) + separator);
 }
 
 void serialize_text_buf::append_string(const std::string& text) {

@@ -31,6 +31,8 @@
 /// move the position to 0: the next read gets the first item again. Callers use this to read a list of
 /// strings in a circle; test `at_end` before each read to stop at the end.
 ///
+/// `checked_reader` reads the same data and reports what is wrong, and where.
+///
 /// Edge cases: docs/edges.md#serialization
 #pragma once
 
@@ -72,6 +74,11 @@ class ORVA_API serialize_text_buf : public stored_buffer {
   /// as 0.
   void append_float(const float& value, const types::uint32& precision) override;
   void append_double(const double& value, const types::uint32& precision) override;
+  /// The shortest text that reads back as the same value, with a point in every locale. `checked_reader`
+  /// reads it exactly, in every locale and also `inf` and `nan`; `read_float` and `read_double` do where the
+  /// global locale has a point.
+  void append_exact(float value);
+  void append_exact(double value);
   void append_string(const std::string& text) override;
   void append_buffer(const serialize_buffer& other) override { append_string(other.as_str()); }
 

@@ -462,4 +462,16 @@ TEST(serialize_text_buf, any_reads_of_any_text_agree_with_the_reference) {
   }
 }
 
+TEST(serialize_text_buf, exact_floating_values_are_the_shortest_text_that_reads_back) {
+  serialize_text_buf buffer;
+  buffer.append_exact(3.141592653589793);
+  buffer.append_exact(0.1F);
+  buffer.append_exact(1e23);
+  buffer.append_exact(-0.0);
+  EXPECT_EQ(shown(buffer.as_str()), "3.141592653589793~0.1~1e+23~-0~");
+  EXPECT_EQ(buffer.read_double(), 3.141592653589793);
+  EXPECT_EQ(buffer.read_float(), 0.1F);
+  EXPECT_EQ(buffer.read_double(), 1e23);
+}
+
 }  // namespace
