@@ -5,6 +5,7 @@
 
 using namespace orva;
 using memory::pointers::rc_pointer;
+using serialization::checked_reader;
 using serialization::labeled_text_buffer;
 using serialization::serialize_binary_buf;
 using serialization::serialize_buffer;
@@ -74,6 +75,29 @@ int main() {
   auto* window = both.retrieve_group("window");
   std::cout << both.retrieve_value("theme").as_string() << ' ' << window->retrieve_value("width").as_int32()
             << 'x' << window->retrieve_value("height").as_int32() << '\n';
+
+  // Their entries in order. Text without loss: the shortest that reads back, in every locale.
+  both.add_value("zoom", 4.0 / 3);
+  for (const auto& [label, stored] : both.entries()) {
+    std::cout << label << ": " << (stored.group.is_empty() ? stored.value.as_string() : "a group") << '\n';
+  }
+  show("exact: ", serialization::write_exact_flat_form(both), false);
+
+  // A reader that says what is wrong, and where.
+  const std::string half = binary.as_str().substr(0, 11);
+  checked_reader checked(half, checked_reader::form::binary);
+  const auto path = checked.read_string();
+  const auto size = checked.read_uint32();
+  if (!checked.finish()) std::cout << describe(checked.failure()) << '\n';
+  std::cout << path.value_or("no path") << (size ? ", a size" : ", no size") << '\n';
+
+  // A frame: its readers find each changed bit and each missing end.
+  std::string frame = serialization::write_frame("example.disk", 1, binary.as_str());
+  const auto whole = serialization::read_frame(frame);
+  std::cout << whole.format_name << ' ' << whole.version
+            << ", the same: " << (whole.content == binary.as_str()) << '\n';
+  frame[90] ^= 4;
+  std::cout << describe(serialization::read_frame(frame).failure) << '\n';
 
   // A number in a record of another program, with the most significant byte first.
   const std::string record("\x01\x02\x03\x04rest", 8);

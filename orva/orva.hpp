@@ -60,6 +60,9 @@
 // serialization
 #include "orva/serialization/checked_reader.hpp"
 #include "orva/serialization/exact_flat_form.hpp"
+#include "orva/serialization/frame.hpp"
+#include "orva/serialization/frame_reader.hpp"
+#include "orva/serialization/frame_writer.hpp"
 #include "orva/serialization/labeled_serialize_buffer.hpp"
 #include "orva/serialization/labeled_text_buffer.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"

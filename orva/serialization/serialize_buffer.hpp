@@ -19,7 +19,8 @@
 /// `std::out_of_range`, "invalid string position": after a length that is too large, or after `assign` of
 /// shorter data.
 ///
-/// `checked_reader` reads the data of both forms and reports what is wrong, and where.
+/// `checked_reader` reads the data of both forms and reports what is wrong, and where. The data has no
+/// checksum: store it in a frame (frame.hpp), and every reader finds damage.
 ///
 /// A buffer belongs to one thread: reading moves the position even of a const buffer. Buffers may be held by
 /// `memory::pointers::rc_pointer`.
