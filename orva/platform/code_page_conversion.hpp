@@ -19,6 +19,10 @@ inline constexpr int ansi_code_page = 0;
 inline constexpr int oem_code_page = 1;
 inline constexpr int utf8_code_page = internal::code_pages::utf8_number;
 
+/// The number of the page that the system assumes, for the two names of such a page; any other number is its
+/// own.
+int page_number(int page);
+
 /// Converts `text`. False for an unknown page, and for a text or a result that reaches
 /// `internal::code_pages::length_limit`; the result is then unspecified.
 bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes);

@@ -5,6 +5,7 @@
 #include "orva/internal/raise.hpp"
 #include "orva/internal/transforms/transforms.hpp"
 #include "orva/platform/code_page_conversion.hpp"
+#include "orva/strings/internal/system_type.hpp"
 
 namespace ORVA_NAMESPACE::strings {
 
@@ -46,41 +47,7 @@ ustring32 code_page::as_utf32(std::string_view bytes) const {
 wide_string code_page::as_ustring(std::string_view bytes) const { return as_utf16(bytes); }
 
 int code_page::to_system_type(encoding_type type) const {
-  switch (type) {
-    case ansi:
-      return platform::ansi_code_page;
-    case oem:
-    case oem_alternate:
-      return platform::oem_code_page;
-    case utf8:
-      return platform::utf8_code_page;
-    case cp_932:
-    case cp_936:
-    case cp_949:
-    case cp_950:
-    case cp_1250:
-    case cp_1251:
-    case cp_1252:
-    case cp_1253:
-    case cp_1254:
-    case cp_1255:
-    case cp_1256:
-    case cp_1257:
-    case cp_1258:
-    case koi8_r:
-    case koi8_u:
-    case iso_8859_1:
-    case iso_8859_2:
-    case iso_8859_3:
-    case iso_8859_4:
-    case iso_8859_5:
-    case iso_8859_6:
-    case iso_8859_7:
-    case iso_8859_8:
-    case iso_8859_9:
-    case iso_8859_15:
-      return static_cast<int>(type);
-  }
+  if (const auto number = _private::system_type_of(type)) return *number;
   ORVA_RAISE(exceptions::invalid_argument_value, "Not valid code_page type",
              ORVA_QUALIFIED("strings::code_page::to_system_type"));
 }

@@ -23,6 +23,10 @@
 ///
 /// A text ends at its first zero unit, and a byte string at its first zero byte, whatever its size.
 ///
+/// These conversions are silent about what they replace. `encode_checked` (`strings/page_encoder.hpp`) and
+/// `decode_checked` (`strings/page_decoder.hpp`) list it, keep zeros, and take files in pieces. A page is
+/// found by its label with `find_code_page` (`strings/code_page_names.hpp`).
+///
 /// An invalid type fails when something is first converted, even an empty text: it raises
 /// `exceptions::invalid_argument_value` with "Not valid code_page type". A conversion of 0x7FFFFFFF units or
 /// more, or into so many bytes, throws `std::length_error` with "string too long".
@@ -109,12 +113,13 @@ class ORVA_API code_page {
   /// The byte string of a text. UTF-8 and UTF-32 first become UTF-16, by the rules of `strings/unicode.hpp`:
   /// invalid UTF-8 is encoded as the text "-1", and characters beyond the basic plane of UTF-32 are lost.
   ///
-  /// Inverse: `as_utf8`, `as_utf16`, `as_utf32`, as far as the page has the characters.
+  /// Inverse: `as_utf8`, `as_utf16`, `as_utf32`, as far as the page has the characters. What it lacks is
+  /// listed by `encode_checked`.
   std::string encode(ustring8::view text) const;
   std::string encode(ustring16::view text) const;
   std::string encode(ustring32::view text) const;
 
-  /// The text of a byte string. Inverse: `encode`.
+  /// The text of a byte string. Inverse: `encode`. What is no character is listed by `decode_checked`.
   ustring8 as_utf8(std::string_view bytes) const;
   ustring16 as_utf16(std::string_view bytes) const;
   ustring32 as_utf32(std::string_view bytes) const;

@@ -93,7 +93,8 @@ inline constexpr std::basic_string_view<Unit> byte_order_mark{byte_order_mark_un
 /// The first unit of UTF-16 text that came from the other byte order.
 inline constexpr code_unit16 swapped_byte_order_mark = static_cast<code_unit16>(0xFFFE);
 
-/// The text after a leading byte order mark, or all of `text` if there is none. A second mark stays.
+/// The text after a leading byte order mark, or all of `text` if there is none. A second mark stays. That of
+/// the bytes of a file, of any encoding, is found by `byte_order_mark_of` (`strings/byte_order_mark.hpp`).
 ORVA_API ustring8 remove_BOM(ustring8::view text);
 ORVA_API ustring16 remove_BOM(ustring16::view text);
 ORVA_API ustring32 remove_BOM(ustring32::view text);

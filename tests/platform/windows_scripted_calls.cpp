@@ -80,6 +80,9 @@ BOOL find_close(HANDLE search) {
   return ::FindClose(search);
 }
 
+UINT get_acp() { return ::GetACP(); }
+UINT get_oemcp() { return ::GetOEMCP(); }
+
 int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room) {
   if (script().convert) return script().convert(room);
   return ::WideCharToMultiByte(page, 0, units, count, to, room, nullptr, nullptr);

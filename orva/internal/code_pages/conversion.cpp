@@ -3,8 +3,7 @@
 #include <cstdint>
 #include <span>
 
-#include "orva/internal/code_pages/tables.hpp"
-#include "orva/internal/code_pages/utf8_page.hpp"
+#include "orva/internal/code_pages/any_page.hpp"
 #include "orva/internal/text/overwrite.hpp"
 
 namespace ORVA_NAMESPACE::internal::code_pages {
@@ -63,15 +62,6 @@ void decode_with(const Page& page, std::string_view bytes, wide_string& text) {
   fill<Page>(text, bytes.size(), [&](std::span<code_unit16> output) {
     return static_cast<std::size_t>(decode(page, bytes, output.data()) - output.data());
   });
-}
-
-/// Calls `convert` with the page of this number. Returns false if there is no such page.
-template <typename Convert>
-bool with_page(int number, Convert convert) {
-  if (const auto* const page = find_single_byte_page(number)) return convert(*page), true;
-  if (const auto* const page = find_double_byte_page(number)) return convert(*page), true;
-  if (number == utf8_number) return convert(utf8_page()), true;
-  return false;
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "orva/internal/code_pages/faults.hpp"
 #include "orva/internal/text/fast_path.hpp"
 
 namespace ORVA_NAMESPACE::internal::code_pages {
@@ -34,12 +35,35 @@ struct double_byte_page {
     if (second < first_second_byte) return single[lead];
     return rows[(row_of[lead] - 1u) * row_size + (second - first_second_byte)];
   }
+
+  /// The bytes of a unit as a number, the first one low.
+  std::uint32_t bytes_of(strings::code_unit16 unit) const {
+    const std::uint32_t value = text::value_of(unit);
+    return blocks[block_of[value >> 6] + (value & 0x3F)];
+  }
+
+  /// The unit of bytes as `bytes_of` gives them.
+  strings::code_unit16 unit_of_bytes(std::uint32_t bytes) const {
+    if (bytes < 0x100) return single[bytes];
+    return unit_of(static_cast<unsigned char>(bytes & 0xFF), static_cast<unsigned char>(bytes >> 8));
+  }
+
+  bool is_undefined(unsigned char byte) const {
+    return row_of[byte] != 0 || is_placeholder(single[byte], byte, has_upper_controls(single));
+  }
+
+  /// Whether a pair, which reads as `unit`, is no character. That of an undefined pair may be one of the
+  /// page, which then has a pair of its own.
+  bool is_undefined(unsigned char lead, unsigned char second, strings::code_unit16 unit) const {
+    return unit == single[lead] && bytes_of(unit) != (lead | static_cast<std::uint32_t>(second) << 8);
+  }
 };
 
 /// Writes `text` in `page` and returns the end. Needs room for two bytes for each unit; the byte after the
-/// end may be overwritten.
-inline char* encode(const double_byte_page& page, std::basic_string_view<strings::code_unit16> text,
-                    char* to) {
+/// end may be overwritten. Reports each unit that its bytes do not read back as.
+template <typename OnFault = ignore_faults>
+char* encode(const double_byte_page& page, std::basic_string_view<strings::code_unit16> text, char* to,
+             OnFault on_fault = {}) {
   // Copied out of the page: to the compiler, bytes written through a `char*` could change the page.
   const std::uint16_t* const blocks = page.blocks;
   const std::uint16_t* const block_of = page.block_of;
@@ -51,7 +75,11 @@ inline char* encode(const double_byte_page& page, std::basic_string_view<strings
       const std::uint32_t bytes = blocks[block_of[unit >> 6] + (unit & 0x3F)];
       at.to[0] = static_cast<char>(bytes & 0xFF);
       at.to[1] = static_cast<char>(bytes >> 8);
-      at.to += bytes < 0x100 ? 1 : 2;
+      const std::size_t size = bytes < 0x100 ? 1 : 2;
+      if constexpr (finds_faults<OnFault>) {
+        if (page.unit_of_bytes(bytes) != *at.from) on_fault(at.from, at.to, size);
+      }
+      at.to += size;
     }
     if (at.from == end) return at.to;
     at = text::fast_path_ascii(at, end);
@@ -59,18 +87,34 @@ inline char* encode(const double_byte_page& page, std::basic_string_view<strings
 }
 
 /// The inverse, where there is one. A lead byte takes the next byte, whether the pair is defined or not.
-inline strings::code_unit16* decode(const double_byte_page& page, std::string_view bytes,
-                                    strings::code_unit16* to) {
+/// Where faults are reported, a zero byte stays a character of its own, as it does after the end of a text.
+template <typename OnFault = ignore_faults>
+strings::code_unit16* decode(const double_byte_page& page, std::string_view bytes, strings::code_unit16* to,
+                             OnFault on_fault = {}) {
   text::cursor<char, strings::code_unit16> at{bytes.data(), to};
   const char* const end = bytes.data() + bytes.size();
   while (at.from != end) {
-    const auto lead = static_cast<unsigned char>(*at.from++);
-    if (page.row_of[lead] == 0 || at.from == end) {
+    const auto lead = static_cast<unsigned char>(*at.from);
+    if (page.row_of[lead] == 0 || end - at.from == 1) {
+      if constexpr (finds_faults<OnFault>) {
+        if (page.is_undefined(lead)) on_fault(at.from, std::size_t{1}, at.to, page.single[lead]);
+      }
       *at.to++ = page.single[lead];
+      ++at.from;
       if (lead < 0x80) at = text::fast_path_ascii(at, end);
       continue;
     }
-    *at.to++ = page.unit_of(lead, static_cast<unsigned char>(*at.from++));
+    const auto second = static_cast<unsigned char>(at.from[1]);
+    const auto unit = page.unit_of(lead, second);
+    std::size_t size = 2;
+    if constexpr (finds_faults<OnFault>) {
+      if (page.is_undefined(lead, second, unit)) {
+        if (second == 0) size = 1;
+        on_fault(at.from, size, at.to, unit);
+      }
+    }
+    *at.to++ = unit;
+    at.from += size;
   }
   return at.to;
 }

@@ -8,6 +8,7 @@
 #include <cstring>
 #include <string_view>
 
+#include "orva/internal/code_pages/faults.hpp"
 #include "orva/internal/text/block.hpp"
 
 namespace ORVA_NAMESPACE::internal::code_pages {
@@ -70,6 +71,67 @@ inline char* encode(const single_byte_page& page, std::basic_string_view<strings
 inline strings::code_unit16* decode(const single_byte_page& page, std::string_view bytes,
                                     strings::code_unit16* to) {
   return convert_each(bytes, to, [units = page.units](char byte) { return units[text::value_of(byte)]; });
+}
+
+/// Whether one of `size` units, at most a block, became a byte that does not read back as the unit.
+inline bool any_lost(const single_byte_page& page, const strings::code_unit16* units, const char* bytes,
+                     std::size_t size) {
+  std::uint32_t differing = 0;
+  for (std::size_t i = 0; i < size; ++i) {
+    differing |= text::value_of(page.units[text::value_of(bytes[i])]) ^ text::value_of(units[i]);
+  }
+  return differing != 0;
+}
+
+/// Reports each unit that its byte does not read back as.
+template <typename OnFault>
+char* encode(const single_byte_page& page, std::basic_string_view<strings::code_unit16> text, char* to,
+             OnFault on_fault) {
+  char* const to_end = encode(page, text, to);
+  const auto* const end = text.data() + text.size();
+  for (const auto* from = text.data(); from != end;) {
+    const auto* const stop = text::block_end(from, end);
+    if (!any_lost(page, from, to, static_cast<std::size_t>(stop - from))) {
+      to += stop - from;
+      from = stop;
+      continue;
+    }
+    for (; from != stop; ++from, ++to) {
+      if (any_lost(page, from, to, 1)) on_fault(from, to, std::size_t{1});
+    }
+  }
+  return to_end;
+}
+
+/// Whether one of `size` bytes, at most a block, is no character and became a placeholder.
+inline bool any_undefined(const char* bytes, const strings::code_unit16* units, std::size_t size,
+                          bool with_upper_controls) {
+  bool undefined = false;
+  for (std::size_t i = 0; i < size; ++i) {
+    undefined |= is_placeholder(units[i], static_cast<unsigned char>(bytes[i]), with_upper_controls);
+  }
+  return undefined;
+}
+
+/// Reports each byte that is no character of the page.
+template <typename OnFault>
+strings::code_unit16* decode(const single_byte_page& page, std::string_view bytes, strings::code_unit16* to,
+                             OnFault on_fault) {
+  auto* const to_end = decode(page, bytes, to);
+  const bool with_upper_controls = has_upper_controls(page.units);
+  const char* const end = bytes.data() + bytes.size();
+  for (const char* from = bytes.data(); from != end;) {
+    const char* const stop = text::block_end(from, end);
+    if (!any_undefined(from, to, static_cast<std::size_t>(stop - from), with_upper_controls)) {
+      to += stop - from;
+      from = stop;
+      continue;
+    }
+    for (; from != stop; ++from, ++to) {
+      if (any_undefined(from, to, 1, with_upper_controls)) on_fault(from, std::size_t{1}, to, *to);
+    }
+  }
+  return to_end;
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "orva/internal/code_pages/faults.hpp"
 #include "orva/internal/text/code_point.hpp"
 #include "orva/internal/text/fast_path_from_utf8.hpp"
 #include "orva/internal/text/fast_path_to_utf8.hpp"
@@ -51,6 +52,22 @@ constexpr text::character decode_or_replace(const char* at, std::size_t remainin
   return {code_point, length};
 }
 
+/// Whether `found`, which `decode_or_replace` returned for `at`, replaces a bad sequence. U+FFFD itself is a
+/// sequence of three bytes, and the only one with this lead byte and this result.
+constexpr bool is_replaced(const text::character& found, const char* at) {
+  return found.code_point == utf8_page::replacement &&
+         !(found.units == 3 && static_cast<unsigned char>(*at) == 0xEF);
+}
+
+/// Whether the bytes are the beginning of a sequence that more bytes could complete.
+///
+/// REQUIRES: the first byte is no continuation byte, and all others are.
+constexpr bool is_cut_sequence(std::string_view bytes) {
+  const auto lead = static_cast<unsigned char>(bytes.front());
+  if (lead < 0xC2 || lead > 0xF4 || bytes.size() >= text::sequence_length(lead)) return false;
+  return bytes.size() < 2 || can_be_second(static_cast<unsigned char>(bytes[1]), lead);
+}
+
 /// Whether the standard encodes `code_point` in a sequence of `Length`.
 template <std::size_t Length>
 constexpr bool is_standard(std::uint32_t code_point) {
@@ -71,25 +88,32 @@ text::cursor<char, strings::code_unit16> fast_path_standard(text::cursor<char, s
   return at;
 }
 
-/// Writes `text` and returns the end. An unpaired surrogate becomes the replacement. Needs room for four
-/// bytes for each unit; bytes after the end may be overwritten.
-inline char* encode(const utf8_page&, std::basic_string_view<strings::code_unit16> text, char* to) {
+/// Writes `text` and returns the end. An unpaired surrogate becomes the replacement, and is reported. Needs
+/// room for four bytes for each unit; bytes after the end may be overwritten.
+template <typename OnFault = ignore_faults>
+char* encode(const utf8_page&, std::basic_string_view<strings::code_unit16> text, char* to,
+             OnFault on_fault = {}) {
   text::cursor<strings::code_unit16, char> at{text.data(), to};
   const auto* const end = text.data() + text.size();
   while (at.from != end) {
     at = text::fast_path(at, end);
     for (const auto* const stop = text::block_end(at.from, end); at.from < stop;) {
       auto found = text::decode(at.from, static_cast<std::size_t>(end - at.from));
-      if (found.units == 0) found = {utf8_page::replacement, 1};
-      at.to = text::encode(found.code_point, at.to);
+      const bool is_unpaired = found.units == 0;
+      if (is_unpaired) found = {utf8_page::replacement, 1};
+      char* const next = text::encode(found.code_point, at.to);
+      if (is_unpaired) on_fault(at.from, at.to, static_cast<std::size_t>(next - at.to));
+      at.to = next;
       at.from += found.units;
     }
   }
   return at.to;
 }
 
-/// Never fails. Writes at most one unit for each byte.
-inline strings::code_unit16* decode(const utf8_page&, std::string_view bytes, strings::code_unit16* to) {
+/// Never fails, and reports each replaced sequence. Writes at most one unit for each byte.
+template <typename OnFault = ignore_faults>
+strings::code_unit16* decode(const utf8_page&, std::string_view bytes, strings::code_unit16* to,
+                             OnFault on_fault = {}) {
   text::cursor<char, strings::code_unit16> at{bytes.data(), to};
   const char* const end = bytes.data() + bytes.size();
   while (at.from != end) {
@@ -98,6 +122,9 @@ inline strings::code_unit16* decode(const utf8_page&, std::string_view bytes, st
     at = fast_path_standard<3>(at, end);
     if (at.from == end) break;
     const auto found = decode_or_replace(at.from, static_cast<std::size_t>(end - at.from));
+    if (is_replaced(found, at.from)) {
+      on_fault(at.from, found.units, at.to, static_cast<strings::code_unit16>(utf8_page::replacement));
+    }
     if (found.units == 4) {
       at.to = text::encode_pair(found.code_point, at.to);
     } else {

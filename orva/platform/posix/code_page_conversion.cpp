@@ -4,13 +4,9 @@
 
 namespace ORVA_NAMESPACE::platform {
 
-namespace {
-
 // Files, terminals and names are in UTF-8 here, so that is what the two system encodings are. No setting is
 // read.
 int page_number(int page) { return page == ansi_code_page || page == oem_code_page ? utf8_code_page : page; }
-
-}  // namespace
 
 bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes) {
   return internal::code_pages::encode_into(page_number(page), text, bytes);

@@ -24,6 +24,12 @@ bool convert_into(Text& result, Convert convert) {
 
 }  // namespace
 
+int page_number(int page) {
+  if (page == ansi_code_page) return static_cast<int>(windows::calls::get_acp());
+  if (page == oem_code_page) return static_cast<int>(windows::calls::get_oemcp());
+  return page;
+}
+
 bool to_code_page(int page, std::basic_string_view<strings::code_unit16> text, std::string& bytes) {
   const auto units = up_to_zero(text);
   bytes.clear();

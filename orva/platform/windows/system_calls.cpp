@@ -42,6 +42,9 @@ HANDLE find_first_file(const wchar_t* pattern, WIN32_FIND_DATAW* found) {
 BOOL find_next_file(HANDLE search, WIN32_FIND_DATAW* found) { return ::FindNextFileW(search, found); }
 BOOL find_close(HANDLE search) { return ::FindClose(search); }
 
+UINT get_acp() { return ::GetACP(); }
+UINT get_oemcp() { return ::GetOEMCP(); }
+
 int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room) {
   return ::WideCharToMultiByte(page, 0, units, count, to, room, nullptr, nullptr);
 }

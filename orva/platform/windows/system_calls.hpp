@@ -34,6 +34,8 @@ HANDLE find_first_file(const wchar_t* pattern, WIN32_FIND_DATAW* found);
 BOOL find_next_file(HANDLE search, WIN32_FIND_DATAW* found);
 BOOL find_close(HANDLE search);
 
+UINT get_acp();
+UINT get_oemcp();
 int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to, int room);
 int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room);
 void output_debug_string(const char* text);

@@ -1,0 +1,42 @@
+/// Reporting of what a conversion of code pages loses.
+///
+/// A conversion calls its `on_fault` at each place where the result does not say what the source says:
+///
+///     decoding    on_fault(bytes, size, to, unit)    `size` bytes, no character, become `unit` at `to`
+///     encoding    on_fault(unit, to, size)           a unit that the page lacks became `size` bytes at `to`
+///
+/// Internal: not installed.
+#pragma once
+
+#include <cstdint>
+#include <type_traits>
+
+#include "orva/internal/text/block.hpp"
+
+namespace ORVA_NAMESPACE::internal::code_pages {
+
+/// For conversions whose losses nobody asks for: they do not look for them either.
+struct ignore_faults {
+  template <typename... Arguments>
+  constexpr void operator()(const Arguments&...) const {}
+};
+
+template <typename OnFault>
+inline constexpr bool finds_faults = !std::is_same_v<OnFault, ignore_faults>;
+
+/// Whether a page with these units of single bytes has the controls from U+0080 to U+009F. Only pages with a
+/// character of their own in the place of NEL lack them.
+constexpr bool has_upper_controls(const strings::code_unit16* units) {
+  return text::value_of(units[0x85]) == 0x85;
+}
+
+/// Whether `unit` is what the platform gives for a byte that is no character of the page: the control of the
+/// same value, in a page that has no controls there, or a private character. Private characters of pairs are
+/// for users to define; single bytes have none.
+constexpr bool is_placeholder(strings::code_unit16 unit, unsigned char byte, bool with_upper_controls) {
+  const std::uint32_t value = text::value_of(unit);
+  if (value >= 0xE000 && value <= 0xF8FF) return true;
+  return value == byte && byte >= 0x80 && byte < 0xA0 && !with_upper_controls;
+}
+
+}  // namespace ORVA_NAMESPACE::internal::code_pages
