@@ -1,12 +1,12 @@
 #include "orva/generic/convert/str_to_x.hpp"
 
 #include <algorithm>
-#include <array>
 #include <cstdint>
 #include <limits>
 #include <string>
 #include <type_traits>
 
+#include "orva/internal/number_text/digit_run.hpp"
 #include "orva/internal/raise.hpp"
 #include "orva/internal/text/character_class.hpp"
 
@@ -31,55 +31,10 @@ constexpr const char* unsigned_reader = ORVA_QUALIFIED("generic::convert::strtou
   ORVA_RAISE(exceptions::underflow_error, "Number value is to small", function);
 }
 
-template <strings::code_unit Unit>
-constexpr std::uint32_t as_unsigned(Unit unit) {
-  return static_cast<std::make_unsigned_t<Unit>>(unit);
-}
-
-constexpr std::uint64_t max_magnitude = std::numeric_limits<std::uint64_t>::max();
-
-/// The number of digits of a radix that fit into 64 bits whatever they are.
-constexpr std::uint8_t safe_digits(unsigned int radix) {
-  const unsigned int highest = radix - 1;
-  std::uint8_t count = 0;
-  for (std::uint64_t largest = 0; largest <= (max_magnitude - highest) / radix; ++count) {
-    largest = largest * radix + highest;
-  }
-  return count;
-}
-
-constexpr auto safe_digits_by_radix = [] {
-  std::array<std::uint8_t, 37> table{};
-  for (unsigned int radix = 2; radix <= 36; ++radix) table[radix] = safe_digits(radix);
-  return table;
-}();
-
-static_assert(safe_digits_by_radix[2] == 64 && safe_digits_by_radix[10] == 19 &&
-              safe_digits_by_radix[16] == 16);
-
-/// The digits of the most frequent radix, a constant, so that the compiler multiplies by shifts and sums.
-struct decimal_digits {
-  static constexpr unsigned int radix = 10;
-
-  /// The value of a digit, or a number not below the radix.
-  static constexpr unsigned int value(std::uint32_t unit) { return unit - '0'; }
-};
-
-struct digits_of {
-  unsigned int radix;
-
-  static constexpr unsigned int value(std::uint32_t unit) {
-    if (unit - '0' < 10) return unit - '0';
-    const std::uint32_t letter = (unit | 0x20) - 'a';
-    return letter < 26 ? letter + 10 : 36;
-  }
-};
-
-/// The number that the digits form. Out of range, `value` is that of the digits that fitted.
-struct magnitude {
-  std::uint64_t value = 0;
-  bool in_range = true;
-};
+using internal::as_unsigned;
+using internal::decimal_digits;
+using internal::digit_run;
+using internal::digits_of;
 
 /// A cursor over the text of a number. Its unit can be read as long as no step has returned that the text
 /// ends; the first unit is read before any test of the length.
@@ -123,18 +78,8 @@ class number_text {
 
   /// Reads digits as long as they keep the value within `bound`.
   template <typename Digits>
-  magnitude read_digits(Digits digits, std::uint64_t bound) {
-    const auto safe = std::min<std::size_t>(units_left_, safe_digits_by_radix[digits.radix]);
-    std::uint64_t value = 0;
-    for (std::size_t i = 0; i < safe; ++i) {
-      const unsigned int digit = digits.value(as_unsigned(cursor_[i]));
-      if (digit >= digits.radix) return {value, value <= bound};
-      value = value * digits.radix + digit;
-    }
-    if (safe == units_left_) return {value, value <= bound};
-    cursor_ += safe;
-    units_left_ -= safe;
-    return read_long_number(digits, bound, value);
+  digit_run read_digits(Digits digits, std::uint64_t bound) {
+    return internal::read_digits(digits, cursor_, units_left_, bound);
   }
 
  private:
@@ -146,26 +91,12 @@ class number_text {
     return --units_left_ != 0;
   }
 
-  /// Reads the digits after those that always fit, and tests each before it is added.
-  template <typename Digits>
-  magnitude read_long_number(Digits digits, std::uint64_t bound, std::uint64_t value) {
-    const std::uint64_t limit = bound / digits.radix;
-    const auto rest = static_cast<unsigned int>(bound % digits.radix);
-    do {
-      const unsigned int digit = digits.value(unit());
-      if (digit >= digits.radix) return {value, value <= bound};
-      if (value > limit || (value == limit && digit > rest)) return {value, false};
-      value = value * digits.radix + digit;
-    } while (advance());
-    return {value, true};
-  }
-
   const Unit* cursor_;
   std::size_t units_left_;
 };
 
 struct number {
-  magnitude size;
+  digit_run digits;
   bool negative = false;
 };
 
@@ -208,10 +139,10 @@ template <strings::code_unit Unit>
                                             bool throw_on_range, long long max) {
   if (text == nullptr) return 0;
   if (length == 0) length = std::char_traits<Unit>::length(text);
-  const auto [size, negative] = read(text, length, radix, signed_reader, [max](bool below_zero) {
+  const auto [digits, negative] = read(text, length, radix, signed_reader, [max](bool below_zero) {
     return static_cast<std::uint64_t>(max) + (below_zero ? 1u : 0u);
   });
-  if (size.in_range) return static_cast<long long>(negative ? 0 - size.value : size.value);
+  if (digits.in_range) return static_cast<long long>(negative ? 0 - digits.value : digits.value);
   if (!throw_on_range) return negative ? -max - 1 : max;
   if (negative) raise_underflow(signed_reader);
   raise_overflow(signed_reader);
@@ -222,12 +153,12 @@ template <strings::code_unit Unit>
                                                        unsigned int radix, bool throw_on_range,
                                                        unsigned long long max) {
   if (text == nullptr) return 0;
-  const auto [size, negative] = read(text, length, radix, unsigned_reader, [max](bool) { return max; });
-  const bool below_zero = negative && (size.value != 0 || !size.in_range);
+  const auto [digits, negative] = read(text, length, radix, unsigned_reader, [max](bool) { return max; });
+  const bool below_zero = negative && (digits.value != 0 || !digits.in_range);
   if (throw_on_range && below_zero) raise_underflow(unsigned_reader);
-  if (throw_on_range && !size.in_range) raise_overflow(unsigned_reader);
+  if (throw_on_range && !digits.in_range) raise_overflow(unsigned_reader);
   if (below_zero) return 0;
-  return size.in_range ? size.value : max;
+  return digits.in_range ? digits.value : max;
 }
 
 template <strings::code_unit Unit>
