@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "orva/internal/number_text/wide_number.hpp"
 #include "orva/version.hpp"
 
 namespace ORVA_NAMESPACE::internal {
@@ -22,19 +23,6 @@ inline constexpr auto powers_of_ten = [] {
   for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
   return powers;
 }();
-
-struct wide_number {
-  std::uint64_t high;
-  std::uint64_t low;
-};
-
-constexpr wide_number wide_product(std::uint64_t a, std::uint64_t b) {
-  constexpr std::uint64_t half = 0xFFFFFFFF;
-  const std::uint64_t low = (a & half) * (b & half);
-  const std::uint64_t first = (a >> 32) * (b & half) + (low >> 32);
-  const std::uint64_t second = (a & half) * (b >> 32) + (first & half);
-  return {(a >> 32) * (b >> 32) + (first >> 32) + (second >> 32), second << 32 | (low & half)};
-}
 
 /// The number over a power of two, rounded to the nearest, halves to even.
 ///
