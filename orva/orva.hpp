@@ -36,9 +36,12 @@
 #include "orva/generic/abilities/reference_count_pointer_ability.hpp"
 #include "orva/generic/argument.hpp"
 #include "orva/generic/clone_interface.hpp"
+#include "orva/generic/convert/any_number.hpp"
 #include "orva/generic/convert/byte_order.hpp"
+#include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/units.hpp"
+#include "orva/generic/convert/write_number.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 // i18n

@@ -9,6 +9,8 @@
 /// terminator. They allocate nothing, and use the C locale only for white space from 128 to 255. Any thread
 /// may call them. The inverse operations are in `generic/convert/x_to_str.hpp`.
 ///
+/// `generic/convert/read_number.hpp` also says what is wrong with a text, and where a number ends.
+///
 ///     text         radix         str_to_int32
 ///     12abc        decimal       =>  12            text after the number is ignored
 ///       -42        decimal       =>  -42           white space may precede the sign

@@ -10,6 +10,8 @@
 /// buffer and is responsible for its size: `number_buffer_size` units are enough for every value in every
 /// radix. Any thread may call them. The inverse operations are in `generic/convert/str_to_x.hpp`.
 ///
+/// `generic/convert/write_number.hpp` writes within a given room, and floating values, too.
+///
 /// Edge cases: docs/edges.md#numbers
 #pragma once
 
