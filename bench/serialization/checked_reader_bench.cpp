@@ -67,7 +67,15 @@ bool read_record(checked_reader& in, record& each) {
   auto path = in.read_string();
   auto note = in.read_string();
   if (!note) return false;
-  each = {*id, *count, *size, *flags, *price, *weight, *std::move(name), *std::move(path), *std::move(note)};
+  each.id = *id;
+  each.count = *count;
+  each.size = *size;
+  each.flags = *flags;
+  each.price = *price;
+  each.weight = *weight;
+  each.name = *std::move(name);
+  each.path = *std::move(path);
+  each.note = *std::move(note);
   return true;
 }
 

@@ -140,11 +140,6 @@ std::optional<std::string_view> checked_reader::read_string_view() {
   return rest.substr(0, size);
 }
 
-std::optional<std::string> checked_reader::read_string() {
-  const auto bytes = read_string_view();
-  return bytes ? std::optional<std::string>(*bytes) : std::nullopt;
-}
-
 std::optional<checked_reader> checked_reader::read_buffer(form stored_as) {
   const auto bytes = read_string_view();
   if (!bytes) return std::nullopt;

@@ -103,7 +103,10 @@ class ORVA_API checked_reader {
   [[nodiscard]] std::optional<unsigned long long> read_uint64() { return read_number<unsigned long long>(); }
   [[nodiscard]] std::optional<float> read_float() { return read_number<float>(); }
   [[nodiscard]] std::optional<double> read_double() { return read_number<double>(); }
-  [[nodiscard]] std::optional<std::string> read_string();
+  [[nodiscard]] std::optional<std::string> read_string() {
+    const auto bytes = read_string_view();
+    return bytes ? std::optional<std::string>(*bytes) : std::nullopt;
+  }
   /// The same without a copy.
   [[nodiscard]] std::optional<std::string_view> read_string_view();
   /// A reader of the bytes of a nested buffer. Its offsets count from the beginning of the outermost data. It
