@@ -96,7 +96,7 @@ transformed<Unit> copy(std::basic_string_view<Unit> source, on_malformed policy)
 }
 
 template <typename To>
-transformed<To> transform_any(text_view text, on_malformed policy) {
+transformed<To> transform_any(const text_view& text, on_malformed policy) {
   return text.visit([&]<typename From>(std::basic_string_view<From> source) {
     if constexpr (std::same_as<From, To>) {
       return copy(source, policy);
@@ -108,13 +108,15 @@ transformed<To> transform_any(text_view text, on_malformed policy) {
 
 }  // namespace
 
-transformed<char> to_utf8(text_view text, on_malformed policy) { return transform_any<char>(text, policy); }
+transformed<char> to_utf8(const text_view& text, on_malformed policy) {
+  return transform_any<char>(text, policy);
+}
 
-transformed<code_unit16> to_utf16(text_view text, on_malformed policy) {
+transformed<code_unit16> to_utf16(const text_view& text, on_malformed policy) {
   return transform_any<code_unit16>(text, policy);
 }
 
-transformed<code_unit32> to_utf32(text_view text, on_malformed policy) {
+transformed<code_unit32> to_utf32(const text_view& text, on_malformed policy) {
   return transform_any<code_unit32>(text, policy);
 }
 

@@ -47,19 +47,20 @@ struct transformed {
 ///     0xD83D 0xDE00             =>  "\xF0\x9F\x98\x80"
 ///     0x41 0xD800 0x42          =>  "A\xEF\xBF\xBD" "B"        replaced: 1, at 1
 ///     "\xC0\x80"                =>  two U+FFFD                 replaced: 2, at 0
-[[nodiscard]] ORVA_API transformed<char> to_utf8(text_view text, on_malformed policy = on_malformed::replace);
+[[nodiscard]] ORVA_API transformed<char> to_utf8(const text_view& text,
+                                                 on_malformed policy = on_malformed::replace);
 
 ///     U+1F600                   =>  0xD83D 0xDE00              from UTF-8 and from UTF-32
 ///     U+FFFF                    =>  0xFFFF
 ///     "a\xE2\x82" "b"           =>  u"a\uFFFDb"                replaced: 1, at 1
 ///     "a\xE2\x82" "b", stop     =>  u"a"                       replaced: 0, at 1
-[[nodiscard]] ORVA_API transformed<code_unit16> to_utf16(text_view text,
+[[nodiscard]] ORVA_API transformed<code_unit16> to_utf16(const text_view& text,
                                                          on_malformed policy = on_malformed::replace);
 
 ///     0xD83D 0xDE00             =>  0x1F600
 ///     "\xED\xA0\x80"            =>  three U+FFFD               replaced: 3, at 0
 ///     0x110000                  =>  U+FFFD                     replaced: 1, at 0
-[[nodiscard]] ORVA_API transformed<code_unit32> to_utf32(text_view text,
+[[nodiscard]] ORVA_API transformed<code_unit32> to_utf32(const text_view& text,
                                                          on_malformed policy = on_malformed::replace);
 
 }  // namespace ORVA_NAMESPACE::strings

@@ -1,6 +1,6 @@
 /// `text_view`: the parameter of an operation that takes text of any width as it is.
 ///
-///     [[nodiscard]] bool is_well_formed(text_view text);
+///     [[nodiscard]] bool is_well_formed(const text_view& text);
 ///
 ///     is_well_formed("bytes");
 ///     is_well_formed(u8"bytes");

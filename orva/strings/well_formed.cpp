@@ -47,12 +47,17 @@ malformed_part malformed_front(ustring32::view text) {
   return {0, 1, surrogate ? malformation::surrogate : malformation::too_large};
 }
 
+/// The number of units before the first malformed part; all if there is none.
+template <typename Unit>
+std::size_t well_formed_size(std::basic_string_view<Unit> text) {
+  const Unit* const end = text_kernels::well_formed_end(text.data(), text.data() + text.size());
+  return static_cast<std::size_t>(end - text.data());
+}
+
 template <typename Unit>
 std::optional<malformed_part> find_malformed(std::basic_string_view<Unit> text) {
-  const Unit* const end = text.data() + text.size();
-  const Unit* const found = text_kernels::well_formed_end(text.data(), end);
-  if (found == end) return std::nullopt;
-  const auto offset = static_cast<std::size_t>(found - text.data());
+  const std::size_t offset = well_formed_size(text);
+  if (offset == text.size()) return std::nullopt;
   malformed_part part = malformed_front(text.substr(offset));
   part.offset = offset;
   return part;
@@ -80,10 +85,12 @@ std::string_view describe(malformation kind) noexcept {
   return "no malformation";
 }
 
-std::optional<malformed_part> first_malformed(text_view text) noexcept {
+std::optional<malformed_part> first_malformed(const text_view& text) noexcept {
   return text.visit([](auto units) { return find_malformed(units); });
 }
 
-bool is_well_formed(text_view text) noexcept { return !first_malformed(text); }
+bool is_well_formed(const text_view& text) noexcept {
+  return text.visit([](auto units) { return well_formed_size(units) == units.size(); });
+}
 
 }  // namespace ORVA_NAMESPACE::strings

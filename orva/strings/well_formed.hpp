@@ -70,9 +70,9 @@ struct malformed_part {
 ///     0x41 0xDC00          =>  1, 1, surrogate              UTF-16
 ///     0xD83D               =>  0, 1, incomplete             UTF-16
 ///     0x110000             =>  0, 1, too_large              UTF-32
-[[nodiscard]] ORVA_API std::optional<malformed_part> first_malformed(text_view text) noexcept;
+[[nodiscard]] ORVA_API std::optional<malformed_part> first_malformed(const text_view& text) noexcept;
 
 /// Whether all of `text` is well-formed. An empty text is.
-[[nodiscard]] ORVA_API bool is_well_formed(text_view text) noexcept;
+[[nodiscard]] ORVA_API bool is_well_formed(const text_view& text) noexcept;
 
 }  // namespace ORVA_NAMESPACE::strings

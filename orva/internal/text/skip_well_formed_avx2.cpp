@@ -105,18 +105,35 @@ template <typename Unit>
   return _mm256_and_si256(_mm256_srli_epi16(bytes, 4), bytes_of(0x0F));
 }
 
-/// Nonzero where a byte of the 32 at `at` does not fit those before it. REQUIRES: three bytes before `at`.
-[[gnu::target("avx2")]] inline __m256i faults_at(const char* at) {
-  const __m256i before = load(at - 1);
+/// Nonzero where one of 32 bytes does not fit the three before it, each of which is given as a vector.
+[[gnu::target("avx2")]] inline __m256i faults_of(__m256i bytes, __m256i first_before, __m256i second_before,
+                                                 __m256i third_before) {
+  const __m256i low_half = _mm256_and_si256(first_before, bytes_of(0x0F));
   const __m256i found =
-      _mm256_and_si256(_mm256_and_si256(look_up(faults.high_before, high_halves(before)),
-                                        look_up(faults.low_before, _mm256_and_si256(before, bytes_of(0x0F)))),
-                       look_up(faults.high_after, high_halves(load(at))));
+      _mm256_and_si256(_mm256_and_si256(look_up(faults.high_before, high_halves(first_before)),
+                                        look_up(faults.low_before, low_half)),
+                       look_up(faults.high_after, high_halves(bytes)));
   // The highest bit is set two bytes after a lead of three or four, and three bytes after a lead of four.
-  const __m256i third = _mm256_subs_epu8(load(at - 2), bytes_of(0xE0 - 0x80));
-  const __m256i fourth = _mm256_subs_epu8(load(at - 3), bytes_of(0xF0 - 0x80));
+  const __m256i third = _mm256_subs_epu8(second_before, bytes_of(0xE0 - 0x80));
+  const __m256i fourth = _mm256_subs_epu8(third_before, bytes_of(0xF0 - 0x80));
   const __m256i expected = _mm256_and_si256(_mm256_or_si256(third, fourth), bytes_of(second_continuation));
   return _mm256_xor_si256(found, expected);
+}
+
+/// REQUIRES: three bytes before `at`.
+[[gnu::target("avx2")]] inline __m256i faults_at(const char* at) {
+  return faults_of(load(at), load(at - 1), load(at - 2), load(at - 3));
+}
+
+/// The bytes of a vector `Count` places later, after zeros.
+template <int Count>
+[[gnu::target("avx2")]] inline __m256i later(__m256i bytes) {
+  const __m256i lower_half_later = _mm256_permute2x128_si256(bytes, bytes, 0x08);
+  return _mm256_alignr_epi8(bytes, lower_half_later, 16 - Count);
+}
+
+[[gnu::target("avx2")]] inline __m256i faults_of_first(__m256i bytes) {
+  return faults_of(bytes, later<1>(bytes), later<2>(bytes), later<3>(bytes));
 }
 
 [[gnu::target("avx2")]] inline bool any(__m256i bits) { return _mm256_testz_si256(bits, bits) == 0; }
@@ -135,19 +152,15 @@ inline const char* beginning_of_character(const char* at) {
   return at;
 }
 
-/// REQUIRES: a text of 35 bytes or more.
+/// REQUIRES: a text of 32 bytes or more.
 [[gnu::target("avx2")]] const char* skip(const char* from, const char* end) {
-  const char* at = from;
-  while (at - from < 3) {
-    const std::size_t units = well_formed_units(at, static_cast<std::size_t>(end - at));
-    if (units == 0) return at;
-    at += units;
-  }
+  if (any(faults_of_first(load(from)))) return from;
+  const char* at = from + vector_bytes;
   // ASCII needs no tables; only what is before it may be cut short.
-  bool after_ascii = true;
+  bool after_ascii = false;
   for (; end - at >= 2 * vector_bytes; at += 2 * vector_bytes) {
     if (_mm256_movemask_epi8(_mm256_or_si256(load(at), load(at + vector_bytes))) == 0) {
-      if (!after_ascii && ends_within_character(at)) break;
+      if (!after_ascii && ends_within_character(at)) return beginning_of_character(at);
       after_ascii = true;
       continue;
     }
@@ -157,11 +170,24 @@ inline const char* beginning_of_character(const char* at) {
   for (; end - at >= vector_bytes; at += vector_bytes) {
     if (any(faults_at(at))) return beginning_of_character(at);
   }
-  const bool good = !any(faults_at(end - vector_bytes)) && !ends_within_character(end);
-  return good ? end : beginning_of_character(at);
+  // The last block begins before `at`, and needs three bytes before it.
+  const char* const last = end - vector_bytes;
+  if (at != end && (last - from < 3 || any(faults_at(last)))) return beginning_of_character(at);
+  return beginning_of_character(end);
 }
 
 constexpr std::ptrdiff_t vector_units = 32;
+
+[[gnu::target("avx2")]] inline __m256i equal_high_bits(__m256i units, int mask, int bits) {
+  const __m256i high_bits = _mm256_and_si256(units, _mm256_set1_epi16(static_cast<short>(mask)));
+  return _mm256_cmpeq_epi16(high_bits, _mm256_set1_epi16(static_cast<short>(bits)));
+}
+
+/// Whether there is a surrogate among 32 units of UTF-16.
+[[gnu::target("avx2")]] inline bool has_surrogates(const code_unit16* at) {
+  return any(_mm256_or_si256(equal_high_bits(load(at), 0xF800, 0xD800),
+                             equal_high_bits(load(at + 16), 0xF800, 0xD800)));
+}
 
 /// The surrogates among 32 units of UTF-16, the first in the lowest bit.
 struct surrogate_masks {
@@ -169,19 +195,27 @@ struct surrogate_masks {
   std::uint32_t low;
 };
 
+[[gnu::target("avx2")]] inline std::uint32_t mask_of(__m256i first, __m256i second) {
+  const __m256i in_order = _mm256_permute4x64_epi64(_mm256_packs_epi16(first, second), 0b11'01'10'00);
+  return static_cast<std::uint32_t>(_mm256_movemask_epi8(in_order));
+}
+
 [[gnu::target("avx2")]] inline surrogate_masks surrogates_at(const code_unit16* at) {
-  const __m256i packed =
-      _mm256_packus_epi16(_mm256_srli_epi16(load(at), 8), _mm256_srli_epi16(load(at + 16), 8));
-  const __m256i upper_bytes = _mm256_permute4x64_epi64(packed, 0b11'01'10'00);
-  const __m256i marks = _mm256_and_si256(upper_bytes, bytes_of(0xFC));
-  return {static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(marks, bytes_of(0xD8)))),
-          static_cast<std::uint32_t>(_mm256_movemask_epi8(_mm256_cmpeq_epi8(marks, bytes_of(0xDC))))};
+  const __m256i first = load(at);
+  const __m256i second = load(at + 16);
+  return {mask_of(equal_high_bits(first, 0xFC00, 0xD800), equal_high_bits(second, 0xFC00, 0xD800)),
+          mask_of(equal_high_bits(first, 0xFC00, 0xDC00), equal_high_bits(second, 0xFC00, 0xDC00))};
 }
 
 /// REQUIRES: a text of 32 units or more.
 [[gnu::target("avx2")]] const code_unit16* skip(const code_unit16* from, const code_unit16* end) {
   const code_unit16* at = from;
   while (end - at >= vector_units) {
+    // Text of the basic plane does not wait for the masks.
+    if (!has_surrogates(at)) {
+      at += vector_units;
+      continue;
+    }
     const auto [high, low] = surrogates_at(at);
     if (low != high << 1) return at;
     // A pair that the block cuts is left to the next one.
@@ -229,7 +263,7 @@ const Unit* skip_if_long(const Unit* from, const Unit* end, std::ptrdiff_t short
 }  // namespace
 
 const char* skip_well_formed(const char* from, const char* end) {
-  return skip_if_long(from, end, 3 + vector_bytes);
+  return skip_if_long(from, end, vector_bytes);
 }
 
 const code_unit16* skip_well_formed(const code_unit16* from, const code_unit16* end) {

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstring>
 
 #include "orva/internal/text/block.hpp"
 #include "orva/internal/text/code_point.hpp"
@@ -26,25 +27,27 @@ struct sequence_match {
   std::size_t matched = 0;
 };
 
-/// Whether `second` may follow `lead`, which begins a character of several bytes: the column "Second Byte" of
-/// the table.
-constexpr bool is_second_byte(std::uint32_t lead, std::uint32_t second) {
-  const std::uint32_t lowest = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-  const std::uint32_t highest = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-  return second >= lowest && second <= highest;
+/// Whether `second` may follow `lead`, which begins a character of three or four bytes: the column "Second
+/// Byte" of the table.
+constexpr bool is_second_byte(std::uint32_t lead, char second) {
+  if (!is_continuation(second)) return false;
+  if (lead == 0xE0) return value_of(second) >= 0xA0;
+  if (lead == 0xED) return value_of(second) < 0xA0;
+  if (lead == 0xF0) return value_of(second) >= 0x90;
+  return lead != 0xF4 || value_of(second) < 0x90;
 }
 
 /// REQUIRES: remaining > 0.
 constexpr sequence_match match_sequence(const char* at, std::size_t remaining) {
   const std::uint32_t lead = value_of(*at);
+  const auto continues = [=](std::size_t i) { return i < remaining && is_continuation(at[i]); };
   if (lead < 0x80) return {1, 1};
   if (lead < 0xC2 || lead > 0xF4) return {};
-  const std::size_t length = sequence_length(static_cast<unsigned char>(lead));
-  if (remaining < 2 || !is_second_byte(lead, value_of(at[1]))) return {length, 1};
-  const std::size_t present = std::min(length, remaining);
-  std::size_t matched = 2;
-  while (matched < present && is_continuation(at[matched])) ++matched;
-  return {length, matched};
+  if (lead < 0xE0) return {2, continues(1) ? 2u : 1u};
+  const std::size_t length = lead < 0xF0 ? 3 : 4;
+  if (remaining < 2 || !is_second_byte(lead, at[1])) return {length, 1};
+  if (!continues(2)) return {length, 2};
+  return {length, length == 4 && continues(3) ? 4u : 3u};
 }
 
 // The number of units of the well-formed character at a position; 0 where there is none.
@@ -70,7 +73,17 @@ inline constexpr std::size_t group = 8;
 // Whether each unit of a group is a character. False where one may need a closer look.
 
 inline bool is_group_of_characters(const char* from) { return are_ascii<group>(from); }
-inline bool is_group_of_characters(const code_unit16* from) { return are_basic<group>(from); }
+inline bool is_group_of_characters(const code_unit16* from) {
+  std::uint64_t surrogates = 0;
+  for (std::size_t i = 0; i < group; i += 4) {
+    std::uint64_t word;
+    std::memcpy(&word, from + i, sizeof word);
+    // A unit becomes zero if it is a surrogate, and taking one from zero sets the highest bit.
+    const std::uint64_t units = (word & 0xF800F800F800F800) ^ 0xD800D800D800D800;
+    surrogates |= (units - 0x0001000100010001) & ~units & 0x8000800080008000;
+  }
+  return surrogates == 0;
+}
 inline bool is_group_of_characters(const code_unit32* from) {
   std::uint32_t malformed = 0;
   for (std::size_t i = 0; i < group; ++i) malformed |= well_formed_units(from + i, 1) == 0 ? 1u : 0u;
