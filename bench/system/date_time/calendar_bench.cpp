@@ -7,6 +7,7 @@
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <random>
 #include <utility>
 
@@ -101,6 +102,17 @@ void days_between_std_chrono(benchmark::State& state) {
   });
 }
 BENCHMARK(days_between_std_chrono);
+
+/// With the checks that `days_between` makes.
+void days_between_std_chrono_checked(benchmark::State& state) {
+  for_each_input(state, [&in = input()](std::size_t i) -> std::optional<chrono::days> {
+    const chrono::year_month_day from = in.days[i];
+    const chrono::year_month_day to = in.days[count - 1 - i];
+    if (!from.ok() || !to.ok()) return std::nullopt;
+    return chrono::sys_days(to) - chrono::sys_days(from);
+  });
+}
+BENCHMARK(days_between_std_chrono_checked);
 
 void add_time_orva(benchmark::State& state) {
   for_each_input(state, [&in = input()](std::size_t i) {

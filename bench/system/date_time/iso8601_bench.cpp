@@ -2,7 +2,6 @@
 #include "orva/system/date_time/iso8601.hpp"
 
 #include <benchmark/benchmark.h>
-#include <date/date.h>
 
 #include <array>
 #include <chrono>
@@ -93,15 +92,6 @@ void read_std_get_time(benchmark::State& state) {
 }
 BENCHMARK(read_std_get_time);
 
-void read_hinnant_date(benchmark::State& state) {
-  for_each_input(state, [&in = input()](std::size_t i) {
-    date::sys_time<std::chrono::milliseconds> moment;
-    std::istringstream(in.texts[i]) >> date::parse("%Y-%m-%dT%H:%M:%SZ", moment);
-    return moment;
-  });
-}
-BENCHMARK(read_hinnant_date);
-
 /// Digits at fixed positions without any check: the least that a reader can do.
 void read_by_hand_unchecked(benchmark::State& state) {
   for_each_input(state, [&in = input()](std::size_t i) {
@@ -153,13 +143,5 @@ void write_strftime(benchmark::State& state) {
   });
 }
 BENCHMARK(write_strftime);
-
-void write_hinnant_date(benchmark::State& state) {
-  for_each_input(state, [&in = input()](std::size_t i) {
-    const auto moment = *to_sys_time(in.values[i].utc);
-    return date::format("%Y-%m-%dT%H:%M:%SZ", moment);
-  });
-}
-BENCHMARK(write_hinnant_date);
 
 }  // namespace

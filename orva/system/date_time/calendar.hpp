@@ -140,11 +140,11 @@ namespace _private {
 /// REQUIRES: `day` is 1 to 31, `month` 1 to 12, `year` 0 to 9999.
 constexpr std::optional<date> date_by_rule(unsigned int day, unsigned int month, unsigned int year,
                                            month_end rule) {
-  const date wanted(day, month, year);
-  if (!wanted.is_day_constrained()) return wanted;
-  const date last(wanted.day(), month, year);
-  if (rule == month_end::last_day) return last;
-  if (rule == month_end::next_month) return add_days(last, day - last.day());
+  const unsigned int last = date(date::max_days_in_month, month, year).day();
+  if (day <= last) return date(day, month, year);
+  if (rule == month_end::last_day) return date(last, month, year);
+  // A month that is too short is never December.
+  if (rule == month_end::next_month) return date(day - last, month + 1, year);
   return std::nullopt;
 }
 

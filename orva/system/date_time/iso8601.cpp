@@ -33,18 +33,19 @@ class scanner {
     return false;
   }
 
-  /// One of the given bytes.
-  bool read_one_of(std::string_view bytes, iso8601_error error) {
+  /// Passes the byte if it is one that may be here.
+  bool expect(bool is_valid, iso8601_error error) {
     if (position_ == text_.size()) return fail_at(position_, iso8601_error::ends_early);
-    if (bytes.find(text_[position_]) == bytes.npos) return fail_at(position_, error);
+    if (!is_valid) return fail_at(position_, error);
     ++position_;
     return true;
   }
 
-  bool read_separator(std::string_view bytes) { return read_one_of(bytes, iso8601_error::no_separator); }
+  bool read_separator(char separator) { return expect(is_at(separator), iso8601_error::no_separator); }
 
   /// A number with exactly `digits` digits.
-  bool read_field(int digits, limits valid, iso8601_error error, unsigned int& value) {
+  template <int digits>
+  bool read_field(limits valid, iso8601_error error, unsigned int& value) {
     const std::size_t first = position_;
     value = 0;
     for (int i = 0; i < digits; ++i) {
@@ -87,12 +88,12 @@ bool scan_date(scanner& input, date& value) {
   unsigned int year = 0;
   unsigned int month = 0;
   unsigned int day = 0;
-  if (!input.read_field(4, {min_year, max_year}, iso8601_error::bad_year, year)) return false;
-  if (!input.read_separator("-")) return false;
-  if (!input.read_field(2, {1, 12}, iso8601_error::bad_month, month)) return false;
-  if (!input.read_separator("-")) return false;
+  if (!input.read_field<4>({min_year, max_year}, iso8601_error::bad_year, year)) return false;
+  if (!input.read_separator('-')) return false;
+  if (!input.read_field<2>({1, 12}, iso8601_error::bad_month, month)) return false;
+  if (!input.read_separator('-')) return false;
   const unsigned int last = date(date::max_days_in_month, month, year).day();
-  if (!input.read_field(2, {1, last}, iso8601_error::bad_day, day)) return false;
+  if (!input.read_field<2>({1, last}, iso8601_error::bad_day, day)) return false;
   value = date(day, month, year);
   return true;
 }
@@ -109,14 +110,14 @@ bool scan_time(scanner& input, time& value, time_notes& notes) {
   unsigned int minute = 0;
   unsigned int second = 0;
   unsigned int millisecond = 0;
-  if (!input.read_field(2, {0, 23}, iso8601_error::bad_hour, hour)) return false;
-  if (!input.read_separator(":")) return false;
-  if (!input.read_field(2, {0, 59}, iso8601_error::bad_minute, minute)) return false;
-  if (!input.read_separator(":")) return false;
+  if (!input.read_field<2>({0, 23}, iso8601_error::bad_hour, hour)) return false;
+  if (!input.read_separator(':')) return false;
+  if (!input.read_field<2>({0, 59}, iso8601_error::bad_minute, minute)) return false;
+  if (!input.read_separator(':')) return false;
   notes.second_position = input.position();
-  if (!input.read_field(2, {0, 60}, iso8601_error::bad_second, second)) return false;
+  if (!input.read_field<2>({0, 60}, iso8601_error::bad_second, second)) return false;
   if (input.is_at('.')) {
-    input.read_separator(".");
+    input.read_separator('.');
     if (!input.read_fraction(millisecond, notes.is_rounded)) return false;
   }
   notes.is_leap_second = second == 60;
@@ -125,32 +126,34 @@ bool scan_time(scanner& input, time& value, time_notes& notes) {
 }
 
 bool scan_date_time(scanner& input, date_time_t& value, time_notes& notes) {
-  return scan_date(input, value.date()) && input.read_separator("Tt ") &&
-         scan_time(input, value.time(), notes);
+  if (!scan_date(input, value.date())) return false;
+  const bool is_separator = input.is_at('T') || input.is_at('t') || input.is_at(' ');
+  return input.expect(is_separator, iso8601_error::no_separator) && scan_time(input, value.time(), notes);
 }
 
 /// Minutes ahead of UTC.
 bool scan_offset(scanner& input, int& offset) {
   const bool is_utc = input.is_at('Z') || input.is_at('z');
   const bool is_behind = input.is_at('-');
-  if (!input.read_one_of("Zz+-", iso8601_error::no_offset)) return false;
+  const bool is_ahead = input.is_at('+');
+  if (!input.expect(is_utc || is_behind || is_ahead, iso8601_error::no_offset)) return false;
   if (is_utc) return true;
   unsigned int hours = 0;
   unsigned int minutes = 0;
-  if (!input.read_field(2, {0, 23}, iso8601_error::bad_hour, hours)) return false;
-  if (!input.read_separator(":")) return false;
-  if (!input.read_field(2, {0, 59}, iso8601_error::bad_minute, minutes)) return false;
+  if (!input.read_field<2>({0, 23}, iso8601_error::bad_hour, hours)) return false;
+  if (!input.read_separator(':')) return false;
+  if (!input.read_field<2>({0, 59}, iso8601_error::bad_minute, minutes)) return false;
   offset = static_cast<int>(60 * hours + minutes);
   if (is_behind) offset = -offset;
   return true;
 }
 
 bool scan_timestamp(scanner& input, timestamp& value, time_notes& notes) {
-  date_time_t local;
-  if (!scan_date_time(input, local, notes)) return false;
+  if (!scan_date_time(input, value.utc, notes)) return false;
   const std::size_t offset_position = input.position();
   if (!scan_offset(input, value.offset)) return false;
-  const auto utc = subtract_time(local, of_minutes(value.offset));
+  if (value.offset == 0) return true;
+  const auto utc = subtract_time(value.utc, of_minutes(value.offset));
   if (!utc) return input.fail_at(offset_position, iso8601_error::bad_year);
   value.utc = *utc;
   return true;
@@ -165,24 +168,23 @@ bool can_be_leap(const date_time_t& value) {
 bool can_be_leap(const timestamp& value) { return can_be_leap(value.utc); }
 
 template <typename Value>
-iso8601_result<Value> failure(const scanner& input) {
-  return {.value = {}, .count = input.position(), .error = input.error()};
-}
-
-template <typename Value>
 iso8601_result<Value> read_with_time(std::string_view text, bool (*scan)(scanner&, Value&, time_notes&)) {
   scanner input(text);
-  Value value;
+  iso8601_result<Value> result;
   time_notes notes;
-  if (!scan(input, value, notes)) return failure<Value>(input);
-  if (notes.is_leap_second && !can_be_leap(value)) {
-    input.fail_at(notes.second_position, iso8601_error::bad_second);
-    return failure<Value>(input);
+  bool is_valid = scan(input, result.value, notes);
+  if (is_valid && notes.is_leap_second && !can_be_leap(result.value)) {
+    is_valid = input.fail_at(notes.second_position, iso8601_error::bad_second);
   }
-  return {.value = value,
-          .count = input.position(),
-          .is_rounded = notes.is_rounded,
-          .is_leap_second = notes.is_leap_second};
+  if (is_valid) {
+    result.is_rounded = notes.is_rounded;
+    result.is_leap_second = notes.is_leap_second;
+  } else {
+    result.value = Value();
+  }
+  result.count = input.position();
+  result.error = input.error();
+  return result;
 }
 
 template <typename Value>
@@ -266,9 +268,10 @@ std::string_view describe(iso8601_error error) {
 
 iso8601_result<date> read_date(std::string_view text) {
   scanner input(text);
-  date value;
-  if (!scan_date(input, value)) return failure<date>(input);
-  return {.value = value, .count = input.position()};
+  iso8601_result<date> result;
+  if (!scan_date(input, result.value)) result.error = input.error();  // the value is unchanged then
+  result.count = input.position();
+  return result;
 }
 
 iso8601_result<time> read_time(std::string_view text) { return read_with_time<time>(text, scan_time); }
