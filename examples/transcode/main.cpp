@@ -1,0 +1,126 @@
+// transcode: converts a text file of any size from one encoding to another, and reports what is lost.
+//
+//     transcode --from ENCODING [--to ENCODING] [OPTION...] [INPUT [OUTPUT]]
+//
+// See README.md beside this file.
+
+#include <csignal>
+#include <exception>
+#include <iostream>
+#include <optional>
+#include <string>
+#include <variant>
+
+#include "conversion.hpp"
+#include "files.hpp"
+#include "options.hpp"
+#include "progress_bar.hpp"
+#include "report.hpp"
+#include "terminal.hpp"
+
+namespace {
+
+enum exit_code {
+  nothing_lost = 0,
+  something_lost = 1,
+  wrong_command_line = 2,
+  file_failure = 3,
+  interrupted = 4
+};
+
+constexpr std::size_t piece_size = 1 << 16;
+
+volatile std::sig_atomic_t was_interrupted = 0;
+
+/// A second signal ends the program at once.
+extern "C" void interrupt(int signal) {
+  was_interrupted = 1;
+  std::signal(signal, SIG_DFL);
+}
+
+int fail(exit_code code, const std::string& text) {
+  std::cerr << "transcode: " << text << '\n';
+  return code;
+}
+
+void print_list() {
+  for (const auto& encoding : transcode::all_encodings()) {
+    std::cout << encoding.name << ':';
+    for (const auto label : encoding.labels) std::cout << ' ' << label;
+    std::cout << '\n';
+  }
+}
+
+transcode::progress_mode progress_of(const transcode::options& options) {
+  using transcode::progress_mode;
+  const bool is_shown = options.progress == progress_mode::always || transcode::error_is_terminal();
+  return is_shown ? options.progress : progress_mode::never;
+}
+
+std::string name_in_report(const transcode::options& options) {
+  return options.input == "-" ? "standard input" : options.input;
+}
+
+/// Copies all of `from` through `conversion` into `to`, if there is one.
+int copy(const transcode::options& options, transcode::input& from, transcode::output* to,
+         transcode::conversion& conversion, transcode::progress_bar& bar) {
+  std::string piece(piece_size, '\0');
+  std::string result;
+  std::uint64_t done = 0;
+  for (bool at_end = false; !at_end; result.clear()) {
+    const std::size_t size = from.read(piece);
+    if (was_interrupted != 0) return fail(interrupted, "interrupted");
+    if (from.failed()) return fail(file_failure, options.input + " cannot be read");
+    at_end = size < piece.size();
+    conversion.convert({piece.data(), size}, result);
+    if (at_end) conversion.finish(result);
+    if (to != nullptr && !to->write(result)) return fail(file_failure, options.output + " cannot be written");
+    bar.show(done += size);
+  }
+  return nothing_lost;
+}
+
+int convert(const transcode::options& options) {
+  transcode::input from(options.input);
+  if (!from.is_open()) return fail(file_failure, options.input + " cannot be opened");
+  std::optional<transcode::output> to;
+  if (!options.only_checks) {
+    to.emplace(options.output);
+    if (!to->is_open()) return fail(file_failure, options.output + " cannot be opened");
+  }
+  transcode::progress_bar bar(progress_of(options), from.size());
+  transcode::report report(name_in_report(options), options.report_limit, [&bar] { bar.clear(); });
+  transcode::conversion conversion(options.from, options.to, options.with_mark, report);
+  const int failed = copy(options, from, to ? &*to : nullptr, conversion, bar);
+  bar.end();
+  if (failed != 0) return failed;
+  if (to && !to->commit()) return fail(file_failure, options.output + " cannot be written");
+  report.summarize();
+  return report.losses() == 0 ? nothing_lost : something_lost;
+}
+
+int run(int argc, char** argv) {
+  const auto read = transcode::read_options(argc, argv);
+  if (const auto* const error = std::get_if<transcode::usage_error>(&read))
+    return fail(wrong_command_line, error->text + "\ntry transcode --help");
+  if (const auto* const options = std::get_if<transcode::options>(&read)) return convert(*options);
+  if (std::get<transcode::information>(read) == transcode::information::help) {
+    std::cout << transcode::help_text;
+  } else {
+    print_list();
+  }
+  return std::cout.flush() ? nothing_lost : file_failure;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  std::ios::sync_with_stdio(false);
+  std::signal(SIGINT, interrupt);
+  std::signal(SIGTERM, interrupt);
+  try {
+    return run(argc, argv);
+  } catch (const std::exception& failure) {
+    return fail(file_failure, failure.what());
+  }
+}

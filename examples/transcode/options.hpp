@@ -1,0 +1,37 @@
+/// The command line.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+
+#include "encoding.hpp"
+#include "progress_bar.hpp"
+
+namespace transcode {
+
+struct options {
+  encoding from;
+  encoding to;
+  std::string input = "-";
+  std::string output = "-";
+  bool only_checks = false;
+  bool with_mark = false;
+  /// The number of losses to list; all are counted.
+  std::uint64_t report_limit = 100;
+  progress_mode progress = progress_mode::for_long_work;
+};
+
+enum class information { help, list };
+
+/// What is wrong with the command line, in words.
+struct usage_error {
+  std::string text;
+};
+
+std::variant<options, information, usage_error> read_options(int argc, char** argv);
+
+/// The text of --help.
+extern const char* const help_text;
+
+}  // namespace transcode
