@@ -21,9 +21,7 @@
 #include "orva/diagnostics/report.hpp"
 #include "orva/diagnostics/write.hpp"
 // exceptions
-#include "orva/exceptions/describe.hpp"
 #include "orva/exceptions/exception.hpp"
-#include "orva/exceptions/terminate_handler.hpp"
 #include "orva/export.hpp"
 // functor
 #include "orva/functor/delegate.hpp"
@@ -62,6 +60,7 @@
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_stream_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"
+#include "orva/parser/xml_writer.hpp"
 // serialization
 #include "orva/serialization/checked_reader.hpp"
 #include "orva/serialization/exact_flat_form.hpp"
