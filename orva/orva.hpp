@@ -57,6 +57,7 @@
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/memory/pointers/shared_pointer.hpp"
 // parser
+#include "orva/parser/describe.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_stream_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"

@@ -1,6 +1,6 @@
 // Any bytes through xml_parser, compared with the plain reference parser, twice with one object, so that the
-// names that a failed parse leaves open are compared too; and through xml_token_stream, whose tokens must
-// follow the events.
+// names that a failed parse leaves open are compared too; where each parse stopped, and in which element; and
+// through xml_token_stream, whose tokens must follow the events.
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
@@ -78,6 +78,18 @@ void check_tokens(const std::string& text, const xml_outcome& outcome) {
   require_tokens_follow_events(stream, outcome);
 }
 
+void check_place(const std::string& text, const orva_test::reference_xml& reference) {
+  const ORVA_NAMESPACE::parser::xml_parser parser;
+  try {
+    const auto error = parser.parse(text);
+    require(error.offset == parser.offset(), "the parser and its error have two places");
+    require(error.open_element == reference.open_element(), "another element is open");
+  } catch (const ORVA_NAMESPACE::exceptions::overflow_error&) {
+  }
+  require(parser.offset() <= text.size(), "the place is not in the text");
+  require(parser.offset() == reference.offset(), "the parse stopped elsewhere");
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -87,6 +99,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     orva_test::reference_xml reference;
     const auto outcome = reference.parse(text);
     require_equal(orva_test::parse_with(parser, text), outcome, "first parse");
+    check_place(text, reference);
     require_equal(orva_test::parse_with(parser, text), reference.parse(text), "second parse");
     check_tokens(text, outcome);
   }

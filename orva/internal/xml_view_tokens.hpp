@@ -51,7 +51,7 @@ class xml_view_tokens {
   using iterator = std::vector<view_token>::const_iterator;
 
   /// Reads the tokens of `text`, which must outlive them, up to its end or the first error. Throws what
-  /// `xml_parser::parse` throws.
+  /// `xml_parser::parse` throws. The error does not name the open element.
   [[nodiscard]] parser::xml_parser::parse_error parse(std::string_view text) {
     text_ = text;
     tokens_.reserve(text.size() / bytes_for_each_token);
@@ -65,7 +65,7 @@ class xml_view_tokens {
     xml::basic_name_list<std::string_view> open;
     xml::basic_name_set<std::string_view> seen_attributes;
     xml::document_walk walk(text.data(), text.data() + text.size(), line, open, seen_attributes, events);
-    return walk.document().as<parser::xml_parser::parse_error>();
+    return walk.document().as<parser::xml_parser::parse_error>(text.data());
   }
 
   iterator begin() const noexcept { return tokens_.begin(); }

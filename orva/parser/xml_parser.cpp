@@ -1,6 +1,7 @@
 #include "orva/parser/xml_parser.hpp"
 
 #include <memory>
+#include <ostream>
 #include <string_view>
 #include <utility>
 
@@ -8,6 +9,7 @@
 #include "orva/internal/xml/lexical_rules.hpp"
 #include "orva/internal/xml/scanner.hpp"
 #include "orva/internal/xml/walk.hpp"
+#include "orva/parser/internal/parse_error_output.hpp"
 
 namespace ORVA_NAMESPACE::parser {
 
@@ -60,6 +62,12 @@ static_assert(int{parse_error::missing_equals} == xml::failure::missing_equals);
 static_assert(int{parse_error::attribute_redefined} == xml::failure::attribute_redefined);
 static_assert(int{parse_error::data_after_root} == xml::failure::data_after_root);
 
+/// The name of the innermost open element, if there is one. Not inlined, because `do_parse` has the whole
+/// walk inlined, and GCC would take parts of the walk out again.
+[[gnu::noinline]] strings::ustring8 innermost(const xml::name_list& open) {
+  return open.empty() ? strings::ustring8() : open.back();
+}
+
 /// Lets `scan` read a construct at `it`, and moves `it` to its end.
 template <typename Scan>
 strings::ustring8 take(xml_parser::iterator& it, xml_parser::iterator end, types::uint32& line, Scan scan) {
@@ -69,7 +77,7 @@ strings::ustring8 take(xml_parser::iterator& it, xml_parser::iterator end, types
   try {
     scan(scanner, taken);
   } catch (xml::failure& found) {
-    throw std::move(found).as<parse_error>();
+    throw std::move(found).as<parse_error>(first);
   }
   it += scanner.position() - first;
   return taken;
@@ -95,9 +103,17 @@ xml_parser::parse_error xml_parser::do_parse(iterator& it, iterator& end) const 
   const char* const first = std::to_address(it);
   delegate_events events(*this);
   xml::document_walk walk(first, std::to_address(end), line_, open_elements_, seen_attributes_, events);
-  parse_error result = walk.document().as<parse_error>();
-  it += walk.position() - first;
-  return result;
+  offset_ = 0;
+  try {
+    parse_error result = walk.document().as<parse_error>(first);
+    result.open_element = innermost(open_elements_);
+    it += walk.position() - first;
+    offset_ = result.offset;
+    return result;
+  } catch (...) {
+    offset_ = static_cast<std::size_t>(walk.position() - first);
+    throw;
+  }
 }
 
 xml_parser::ustring8 xml_parser::parse_name(iterator& it, iterator& end) const {
@@ -124,5 +140,39 @@ xml_parser::ustring8 xml_parser::parse_whitespace(iterator& it, iterator& end) c
 }
 
 bool xml_parser::is_white_space(const iterator& it) const { return xml::is_white_space(*it); }
+
+std::string_view name_of(parse_error::error_type type) noexcept {
+  switch (type) {
+    case parse_error::no_error:
+      return "no_error";
+    case parse_error::unexpected_eof:
+      return "unexpected_eof";
+    case parse_error::mismatched_end_element:
+      return "mismatched_end_element";
+    case parse_error::no_root_element:
+      return "no_root_element";
+    case parse_error::bad_header:
+      return "bad_header";
+    case parse_error::unexpected_character:
+      return "unexpected_character";
+    case parse_error::missing_quote:
+      return "missing_quote";
+    case parse_error::unknown_entity:
+      return "unknown_entity";
+    case parse_error::missing_equals:
+      return "missing_equals";
+    case parse_error::attribute_redefined:
+      return "attribute_redefined";
+    case parse_error::data_after_root:
+      return "data_after_root";
+  }
+  return {};
+}
+
+std::ostream& operator<<(std::ostream& stream, const parse_error& error) {
+  if (error.type == parse_error::no_error) return stream << name_of(error.type);
+  return _private::write_error(stream, name_of(error.type), static_cast<long long>(error.offset), error.data,
+                               error.open_element);
+}
 
 }  // namespace ORVA_NAMESPACE::parser

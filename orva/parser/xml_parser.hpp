@@ -4,12 +4,12 @@
 ///     using handler = member_function_t<reader, void(const ustring8&, const ustring8&)>;
 ///     parser.on_attribute = handler(&reader, &reader::take);
 ///     const auto error = parser.parse("<?xml version='1.0'?><a b='1'/>");
-///     if (error.type != xml_parser::parse_error::no_error) complain(error.line, error.data);
+///     if (error.type != xml_parser::parse_error::no_error) complain(error.offset, error.data);
 ///
 /// It reads the bytes once, calls a delegate for each element, attribute, text, white space and comment, and
 /// returns a `parse_error` that describes how the document ended. The texts that a delegate gets live until
 /// the delegate returns. `xml_token_stream` keeps the events as a list; `xml_stream_parser` reads files that
-/// are larger than memory.
+/// are larger than memory. `xml_writer` is the inverse.
 ///
 /// `parse` is declared const but writes scratch state: one parser serves one thread at a time, and a delegate
 /// must not parse with the parser that called it. Delegates run on the caller's thread.
@@ -39,7 +39,10 @@
 /// Edge cases: docs/edges.md#xml
 #pragma once
 
+#include <cstddef>
+#include <iosfwd>
 #include <string>
+#include <string_view>
 
 #include "orva/export.hpp"
 #include "orva/functor/delegate.hpp"
@@ -57,7 +60,7 @@ class ORVA_API xml_parser {
   using text_delegate = functor::delegate_t<void(const ustring8& text)>;
   using attribute_delegate = functor::delegate_t<void(const ustring8& name, const ustring8& value)>;
 
-  /// How a parse ended.
+  /// How a parse ended. `parser::describe` says it in words, with line and column.
   struct ORVA_API parse_error {
     enum error_type {
       no_error = 0,    ///< the text was read to its end, and no element is open
@@ -77,6 +80,7 @@ class ORVA_API xml_parser {
     error_type type = no_error;
     /// The number of line feeds in the white space between and inside tags. Those in text, comments, values
     /// and the header are not counted. 0 on the first line, and also if the text was read to its end.
+    /// `offset` is exact.
     types::uint32 line = 0;
     /// The text that the error is about:
     ///
@@ -86,6 +90,24 @@ class ORVA_API xml_parser {
     ///     missing_equals, attribute_redefined     the attribute's name
     ///     any other                               empty
     ustring8 data;
+    /// The place of the error, as a number of bytes from the begin of the text; never more than its length:
+    ///
+    ///     no_error, no_root_element               the end of the text
+    ///     unexpected_eof                          the begin of the comment or CDATA section, the name in the
+    ///                                             end tag, or the end of the text if elements are open
+    ///     bad_header                              where <?xml is missing, or the < or >
+    ///     unknown_entity                          the &
+    ///     data_after_root                         the < of the start tag
+    ///     any other, with data                    the data
+    ///     any other, without data                 where reading stopped: at the > of a />, at what stands in
+    ///                                             the place of a quote, at the end of the text
+    ///
+    /// Of a `parse_error` that a scanner below throws, it counts from the position that the scanner got.
+    std::size_t offset = 0;
+    /// The name of the innermost element that is open at that place, which an end tag must have; empty if
+    /// none is. An element is open from its name on. An end tag that the text cuts off has closed its
+    /// element.
+    ustring8 open_element;
   };
 
   /// The name of each start tag.
@@ -121,6 +143,11 @@ class ORVA_API xml_parser {
   [[nodiscard]] parse_error parse(const ustring8& text) const;
   /// The same for a range of a byte string. Reads nothing outside [first, last).
   [[nodiscard]] parse_error parse(iterator first, iterator last) const;
+
+  /// Where the last parse stopped, as a number of bytes from the begin of its text: the `offset` of its error
+  /// or, if an exception passed through, the & of the character reference above 255, or a place in or after
+  /// the construct whose delegate threw.
+  std::size_t offset() const noexcept { return offset_; }
 
  protected:
   // The scanners of the grammar, for classes that derive from this one. Each takes the position `it` and the
@@ -160,6 +187,17 @@ class ORVA_API xml_parser {
   mutable internal::xml::name_list open_elements_;
   mutable internal::xml::name_set seen_attributes_;
   mutable types::uint32 line_ = 0;
+  mutable std::size_t offset_ = 0;
 };
+
+/// The name of the enumerator.
+[[nodiscard]] ORVA_API std::string_view name_of(xml_parser::parse_error::error_type type) noexcept;
+
+/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as \xFF.
+///
+///     mismatched_end_element at byte 41: "menu", open element "entry"
+///     unexpected_character at byte 22: "\x0A"
+///     no_error
+ORVA_API std::ostream& operator<<(std::ostream& stream, const xml_parser::parse_error& error);
 
 }  // namespace ORVA_NAMESPACE::parser

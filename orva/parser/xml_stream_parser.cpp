@@ -1,8 +1,10 @@
 #include "orva/parser/xml_stream_parser.hpp"
 
+#include <ostream>
 #include <vector>
 
 #include "orva/internal/xml/lexical_rules.hpp"
+#include "orva/parser/internal/parse_error_output.hpp"
 #include "orva/parser/internal/xml_stream_implementation.hpp"
 
 namespace ORVA_NAMESPACE::parser {
@@ -40,8 +42,12 @@ const xml_stream_parser::ustring8& xml_stream_parser::root() const noexcept {
 }
 types::uint32 xml_stream_parser::line() const noexcept { return implementation_->lexer().line(); }
 const error_type& xml_stream_parser::error() const noexcept { return implementation_->error(); }
+xml_stream_parser::parse_error xml_stream_parser::last_error() const { return implementation_->last_error(); }
 std::exception_ptr xml_stream_parser::cause() const noexcept { return implementation_->cause(); }
 long long xml_stream_parser::parse_offset() const noexcept { return implementation_->window().offset(); }
+diagnostics::place xml_stream_parser::place_of(long long offset) const {
+  return implementation_->place_of(offset);
+}
 long long xml_stream_parser::file_length() const { return implementation_->window().file_length(); }
 
 void xml_stream_parser::init(const strings::ustring16& file) { implementation_->init(file); }
@@ -67,6 +73,41 @@ void xml_stream_parser::end_of_open_node(std::string_view name, error_type statu
 void xml_stream_parser::close_tag() { implementation_->close_element(); }
 bool xml_stream_parser::queue_size_less_than(std::size_t count) const noexcept {
   return implementation_->queue().has_less_than(count);
+}
+
+std::string_view name_of(xml_stream_parser::error_type type) noexcept {
+  switch (type) {
+    case xml_stream_parser::no_error:
+      return "no_error";
+    case xml_stream_parser::incomplete:
+      return "incomplete";
+    case xml_stream_parser::not_synchronized:
+      return "not_synchronized";
+    case xml_stream_parser::end_of_document:
+      return "end_of_document";
+    case xml_stream_parser::mismatched_tag:
+      return "mismatched_tag";
+    case xml_stream_parser::duplicate_attribute:
+      return "duplicate_attribute";
+    case xml_stream_parser::unexpected_character:
+      return "unexpected_character";
+    case xml_stream_parser::missing_quote:
+      return "missing_quote";
+    case xml_stream_parser::missing_equals:
+      return "missing_equals";
+    case xml_stream_parser::fatal_error:
+      return "fatal_error";
+    case xml_stream_parser::cannot_open_file:
+      return "cannot_open_file";
+    case xml_stream_parser::bad_header:
+      return "bad_header";
+  }
+  return {};
+}
+
+std::ostream& operator<<(std::ostream& stream, const xml_stream_parser::parse_error& error) {
+  if (error.type == xml_stream_parser::no_error) return stream << name_of(error.type);
+  return _private::write_error(stream, name_of(error.type), error.offset, error.data, error.open_element);
 }
 
 }  // namespace ORVA_NAMESPACE::parser

@@ -3,7 +3,7 @@
 ///     xml_stream_parser feed("planet.osm", 1);
 ///     feed.parse();
 ///     while (!feed.node_queue_empty()) take(feed.node_queue_pop());     // reads on when nodes run out
-///     if (feed.error() != xml_stream_parser::end_of_document) complain(feed.error(), feed.line());
+///     if (feed.error() != xml_stream_parser::end_of_document) complain(feed.last_error());
 ///
 /// It reads the file through a window of 65,536 bytes and puts nodes into a queue of about a hundred; the
 /// caller takes them one at a time. Elements near the root, the first `open_depth` levels, are reported when
@@ -53,12 +53,14 @@
 #include <cstddef>
 #include <exception>
 #include <initializer_list>
+#include <iosfwd>
 #include <list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
 
+#include "orva/diagnostics/place.hpp"
 #include "orva/export.hpp"
 #include "orva/parser/internal/empty_node_queue.hpp"
 #include "orva/strings/ustring.hpp"
@@ -77,8 +79,11 @@ class ORVA_API xml_stream_parser {
   using ustring8 = strings::ustring8;
   using EmptyNodeQueue = parser::EmptyNodeQueue;
 
-  /// What stopped the parser last. After `mismatched_tag` to `missing_equals`, `recover` helps. The values
-  /// from `fatal_error` on are final.
+  /// A file of fewer bytes is not parsed.
+  static constexpr int smallest_file = 50;
+
+  /// What stopped the parser last; `parser::describe` says it in words. After `mismatched_tag` to
+  /// `missing_equals`, `recover` helps. The values from `fatal_error` on are final.
   enum error_type {
     no_error = 0,
     incomplete,            ///< the data end inside a token, or an end tag has no name; see `parse`
@@ -92,6 +97,33 @@ class ORVA_API xml_stream_parser {
     fatal_error,  ///< a symbolic link, an exception while parsing (see `cause`), or `recover` without a root
     cannot_open_file,  ///< the file cannot be opened
     bad_header,        ///< the file does not start with <?xml
+  };
+
+  /// An error with its place.
+  struct ORVA_API parse_error {
+    error_type type = no_error;
+    /// As `xml_stream_parser::line` counts.
+    types::uint32 line = 0;
+    /// The text that the error is about:
+    ///
+    ///     mismatched_tag                          the end tag's name; empty for />
+    ///     duplicate_attribute, missing_equals     the attribute's name
+    ///     unexpected_character                    that one byte; & for one that begins no entity
+    ///     any other                               empty
+    ustring8 data;
+    /// The place of the error, as an offset in the file:
+    ///
+    ///     unexpected_character                    the character; the begin of a text that is outside a record
+    ///     mismatched_tag, duplicate_attribute,    the name that is in `data`; the > of a />
+    ///     missing_equals
+    ///     missing_quote                           what stands in the place of the quote
+    ///     fatal_error                             the & of a character reference above 255
+    ///     bad_header                              where <?xml is missing
+    ///     any other                               how much is parsed, as `parse_offset` says
+    long long offset = 0;
+    /// The name of the innermost element that is open at that place, which an end tag must have; empty if
+    /// none is. An element is open from its name on.
+    ustring8 open_element;
   };
 
   /// One element, or the end of an element of an open level.
@@ -194,12 +226,17 @@ class ORVA_API xml_stream_parser {
   /// count in the header, in texts, in values, and where `recover` passes over them.
   types::uint32 line() const noexcept;
   const error_type& error() const noexcept;
+  /// The same with what is known about it, until the parser is used again.
+  parse_error last_error() const;
   /// The exception that made `error` a `fatal_error`, such as `exceptions::overflow_error` for a reference
   /// above 255 or `std::bad_alloc`. Null if the error has another reason.
   std::exception_ptr cause() const noexcept;
   /// How much of the file is parsed: the offset of the first token that is not consumed. After `bad_header`
   /// it is that of the start.
   long long parse_offset() const noexcept;
+  /// The line and column of an offset in the file, such as that of an error. Reads the file up to there, or
+  /// from the last such place on. None if the file cannot be opened.
+  diagnostics::place place_of(long long offset) const;
   /// The size of the file as it is now. -1 if it cannot be opened or is a symbolic link.
   long long file_length() const;
 
@@ -239,5 +276,14 @@ class ORVA_API xml_stream_parser {
  private:
   std::unique_ptr<_private::xml_stream_implementation> implementation_;
 };
+
+/// The name of the enumerator. An `error_type` that is written to a stream gives its number.
+[[nodiscard]] ORVA_API std::string_view name_of(xml_stream_parser::error_type type) noexcept;
+
+/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as \xFF.
+///
+///     mismatched_tag at byte 41: "menu", open element "entry"
+///     no_error
+ORVA_API std::ostream& operator<<(std::ostream& stream, const xml_stream_parser::parse_error& error);
 
 }  // namespace ORVA_NAMESPACE::parser

@@ -19,6 +19,7 @@
 /// Edge cases: docs/edges.md#xml
 #pragma once
 
+#include <cstddef>
 #include <list>
 #include <memory_resource>
 #include <utility>
@@ -77,6 +78,9 @@ class ORVA_API xml_token_stream {
   /// before it are in the list. Throws what `xml_parser::parse` throws.
   [[nodiscard]] xml_parser::parse_error parse(const ustring8& text);
   [[nodiscard]] xml_parser::parse_error parse(xml_parser::iterator first, xml_parser::iterator last);
+
+  /// Where the last parse stopped; see `xml_parser::offset`.
+  std::size_t offset() const noexcept { return parser_.offset(); }
 
   iterator begin() noexcept { return tokens_.begin(); }
   iterator end() noexcept { return tokens_.end(); }

@@ -30,7 +30,18 @@ constexpr std::string_view every_construct =
     "<![CDATA[ <raw> ]] &lt; ]]>\n</root x='1'>\n<!----> tail ";
 
 void expect_as_reference(const std::string& text) {
-  ASSERT_EQ(parse_xml(text), reference_xml().parse(text)) << "text: " << text;
+  xml_parser parser;
+  reference_xml reference;
+  ASSERT_EQ(parse_with(parser, text), reference.parse(text)) << "text: " << text;
+  ASSERT_EQ(parser.offset(), reference.offset()) << "text: " << text;
+}
+
+void expect_open_element_as_reference(const std::string& text) {
+  reference_xml reference;
+  static_cast<void>(reference.parse(text));
+  const auto result = xml_parser().parse(text);
+  ASSERT_EQ(result.open_element, reference.open_element()) << "text: " << text;
+  ASSERT_EQ(result.offset, reference.offset()) << "text: " << text;
 }
 
 /// A string's terminator hides a read of one byte past the end from a sanitizer, so each character that could
@@ -55,6 +66,7 @@ TEST(xml_parser_hostile, sample_document_holds_every_construct) {
 TEST(xml_parser_hostile, every_truncation_is_as_the_reference_says) {
   for (std::size_t length = 0; length <= every_construct.size(); ++length) {
     expect_as_reference(std::string(every_construct.substr(0, length)));
+    expect_open_element_as_reference(std::string(every_construct.substr(0, length)));
   }
 }
 

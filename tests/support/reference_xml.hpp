@@ -19,7 +19,7 @@ class reference_xml {
   /// The names that a failed parse left open stay for the next one.
   xml_outcome parse(const std::string& text) {
     text_ = text;
-    at_ = 0;
+    at_ = offset_ = 0;
     outcome_ = {};
     in_tag_ = root_seen_ = false;
     try {
@@ -28,6 +28,10 @@ class reference_xml {
     }
     return outcome_;
   }
+
+  /// Where the last parse stopped.
+  std::size_t offset() const { return offset_; }
+  std::string open_element() const { return open_.empty() ? "" : open_.back(); }
 
  private:
   struct stop {};
@@ -50,12 +54,16 @@ class reference_xml {
   }
 
   [[noreturn]] void fail(parse_error::error_type type, const std::string& data = "") {
+    fail_at(at_, type, data);
+  }
+  [[noreturn]] void fail_at(std::size_t offset, parse_error::error_type type, const std::string& data = "") {
+    offset_ = offset;
     outcome_.type = type;
     outcome_.data = data;
     throw stop();
   }
-  [[noreturn]] void unexpected(std::optional<char> c) {
-    fail(parse_error::unexpected_character, c ? std::string(1, *c) : "");
+  [[noreturn]] void unexpected(std::size_t ahead) {
+    fail_at(at_ + ahead, parse_error::unexpected_character, look(ahead) ? std::string(1, *look(ahead)) : "");
   }
 
   std::string white_space() {
@@ -68,7 +76,7 @@ class reference_xml {
   }
 
   std::string name() {
-    if (!letter(look())) unexpected(look());
+    if (!letter(look())) unexpected(0);
     std::string result;
     for (; name_unit(look()); ++at_) result += *look();
     return result;
@@ -80,7 +88,7 @@ class reference_xml {
       return radix == 16 ? std::isxdigit(c) : std::isdigit(c);
     };
     for (; look() && is_digit(static_cast<unsigned char>(*look())) != 0; ++at_) digits += *look();
-    if (look() != ';') unexpected(look());
+    if (look() != ';') unexpected(0);
     ++at_;
     unsigned int value = 0;
     for (const char digit : digits) {
@@ -88,6 +96,7 @@ class reference_xml {
               static_cast<unsigned int>(std::stoi(std::string(1, digit), nullptr, 16));
       if (value > 255) {
         outcome_ = {outcome_.events, parse_error::no_error, 0, "", true};
+        offset_ = ampersand_;
         throw stop();
       }
     }
@@ -95,12 +104,13 @@ class reference_xml {
   }
 
   char entity(const std::string& name, char value) {
-    if (!at('&' + name + ';')) unexpected(look(2));
+    if (!at('&' + name + ';')) unexpected(2);
     at_ += name.size() + 2;
     return value;
   }
 
   char character() {
+    ampersand_ = at_;
     if (at("&#x")) return at_ += 3, reference(16);
     if (at("&#")) return at_ += 2, reference(10);
     if (look(1) == 'l') return entity("lt", '<');
@@ -117,7 +127,7 @@ class reference_xml {
     const char quote = text_[at_++];
     std::string result;
     while (!ended() && look() != quote) {
-      if (look() == '<') unexpected('<');
+      if (look() == '<') unexpected(0);
       result += look() == '&' ? character() : text_[at_++];
     }
     return result;
@@ -135,6 +145,7 @@ class reference_xml {
     if (ended()) fail(parse_error::no_root_element);
     while (!ended()) content();
     outcome_.line = 0;
+    offset_ = at_;
     if (!open_.empty()) fail(parse_error::unexpected_eof);
   }
 
@@ -143,7 +154,7 @@ class reference_xml {
     if (!space.empty() && !in_tag_) event("space", space);
     if (ended()) return;
     if (look() == '<') {
-      if (in_tag_) unexpected('<');
+      if (in_tag_) unexpected(0);
       in_tag_ = true;
       if (at("</")) return end_tag();
       if (at("<!--")) return section("<!--", "-->", "comment");
@@ -151,7 +162,7 @@ class reference_xml {
       return start_tag();
     }
     if (look() == '>') {
-      if (!in_tag_) unexpected('>');
+      if (!in_tag_) unexpected(0);
       in_tag_ = false;
       ++at_;
     } else if (!in_tag_) {
@@ -164,18 +175,19 @@ class reference_xml {
   }
 
   void end_tag() {
-    at_ += 2;
+    const auto tag = at_ += 2;
     const auto closed = name();
-    if (open_.empty() || open_.back() != closed) fail(parse_error::mismatched_end_element, closed);
+    if (open_.empty() || open_.back() != closed) fail_at(tag, parse_error::mismatched_end_element, closed);
     open_.pop_back();
-    if (ended()) fail(parse_error::unexpected_eof);
+    if (ended()) fail_at(tag, parse_error::unexpected_eof);
     event("end", closed);
   }
 
   void section(const std::string& opener, const std::string& closer, const std::string& kind) {
     std::string inner;
+    const auto section = at_;
     for (at_ += opener.size(); !at(closer); ++at_) {
-      if (ended()) fail(parse_error::unexpected_eof);
+      if (ended()) fail_at(section, parse_error::unexpected_eof);
       inner += *look();
     }
     at_ += closer.size();
@@ -194,7 +206,7 @@ class reference_xml {
 
   void self_close() {
     ++at_;
-    if (look() != '>') unexpected(look());
+    if (look() != '>') unexpected(0);
     if (open_.empty()) fail(parse_error::mismatched_end_element);
     event("end", open_.back());
     in_tag_ = false;
@@ -204,14 +216,16 @@ class reference_xml {
   }
 
   void attribute() {
+    const auto begin = at_;
     const auto attribute_name = name();
-    if (!seen_.insert(attribute_name).second) fail(parse_error::attribute_redefined, attribute_name);
+    if (!seen_.insert(attribute_name).second)
+      fail_at(begin, parse_error::attribute_redefined, attribute_name);
     white_space();
-    if (look() != '=') fail(parse_error::missing_equals, attribute_name);
+    if (look() != '=') fail_at(begin, parse_error::missing_equals, attribute_name);
     ++at_;
     white_space();
     event("attribute", attribute_name + '=' + value());
-    if (ended()) fail(parse_error::missing_quote, attribute_name);
+    if (ended()) fail_at(begin, parse_error::missing_quote, attribute_name);
     ++at_;
   }
 
@@ -225,6 +239,8 @@ class reference_xml {
 
   std::string text_;
   std::size_t at_ = 0;
+  std::size_t ampersand_ = 0;
+  std::size_t offset_ = 0;
   bool in_tag_ = false;
   bool root_seen_ = false;
   std::deque<std::string> open_;

@@ -4,6 +4,7 @@
 /// Internal: not installed.
 #pragma once
 
+#include <cstddef>
 #include <utility>
 
 #include "orva/strings/ustring.hpp"
@@ -29,11 +30,17 @@ struct failure {
   error_type type = no_error;
   types::uint32 line = 0;
   strings::ustring8 data;
+  /// A place of the text, or its end.
+  const char* place = nullptr;
 
-  /// The same as a struct of the parser.
+  /// The same as a struct of the parser, without an open element. `first` is the begin of the text.
   template <typename Error>
-  Error as() && {
-    return Error{static_cast<typename Error::error_type>(type), line, std::move(data)};
+  Error as(const char* first) && {
+    return Error{static_cast<typename Error::error_type>(type),
+                 line,
+                 std::move(data),
+                 static_cast<std::size_t>(place - first),
+                 {}};
   }
 };
 

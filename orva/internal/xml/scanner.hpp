@@ -79,8 +79,9 @@ class document_scanner {
     return starts_with("&#") ? numbered_character() : named_character();
   }
 
+  /// The place of the failure is that of `data` in the text, or the position if there is none.
   [[noreturn]] void fail(failure::error_type type, std::string_view data = {}) const {
-    throw failure{type, line_, ustring8(data)};
+    throw failure{type, line_, ustring8(data), data.data() == nullptr ? at_ : data.data()};
   }
 
   /// An unexpected character, which is none if the text ended instead.

@@ -36,7 +36,7 @@ class document_walk : public document_scanner {
     } catch (const failure& found) {
       return found;
     }
-    return {open_.empty() ? failure::no_error : failure::unexpected_eof, 0, {}};
+    return {open_.empty() ? failure::no_error : failure::unexpected_eof, 0, {}, position()};
   }
 
  private:
@@ -85,7 +85,7 @@ class document_walk : public document_scanner {
     const auto closed = name();
     if (open_.empty() || open_.back() != closed) fail(failure::mismatched_end_element, closed);
     open_.pop_back();
-    if (at_end()) fail(failure::unexpected_eof);
+    if (at_end()) fail(failure::unexpected_eof, closed.substr(0, 0));
     events_.element_end(closed);
   }
 

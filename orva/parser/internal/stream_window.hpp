@@ -49,6 +49,7 @@ class stream_window {
   /// The offset of its end.
   std::int64_t bytes_read() const noexcept { return bytes_read_; }
 
+  const platform::native_string& path() const noexcept { return path_; }
   /// The size that the file has now; -1 if it cannot be opened or is a symbolic link.
   std::int64_t file_length() const;
 

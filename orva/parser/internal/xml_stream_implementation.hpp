@@ -16,6 +16,7 @@
 #include <vector>
 
 #include "orva/internal/xml/name_list.hpp"
+#include "orva/parser/internal/file_place_cursor.hpp"
 #include "orva/parser/internal/node_queue.hpp"
 #include "orva/parser/internal/stream_lexer.hpp"
 #include "orva/parser/internal/stream_window.hpp"
@@ -58,13 +59,14 @@ class xml_stream_implementation {
   node_queue& queue() noexcept { return queue_; }
   const ustring8& root() const noexcept { return root_; }
   const error_type& error() const noexcept { return error_; }
+  xml_stream_parser::parse_error last_error() const;
+  diagnostics::place place_of(std::int64_t offset) const { return cursor_.place_of(window_.path(), offset); }
   const std::exception_ptr& cause() const noexcept { return cause_; }
 
  private:
   enum class step { taken, cut_off, paused };
 
-  /// A file that is shorter is not parsed.
-  static constexpr std::int64_t smallest_file = 50;
+  static constexpr std::int64_t smallest_file = xml_stream_parser::smallest_file;
   static constexpr std::size_t shortest_header = 6;
 
   bool finished() const noexcept { return root_closed_ && !awaiting_close_; }
@@ -73,6 +75,11 @@ class xml_stream_implementation {
   bool read_header();
   error_type scan_header();
   node parse_after_taking(node_queue::node_list& taken);
+
+  // What is known about an error. The lexer stays where it stopped, and the window where the token begins.
+  bool is_text_outside_a_record() const noexcept;
+  std::string_view data_of_error() const noexcept;
+  std::string_view open_element() const;
 
   // The tokens of the grammar.
   step next_token();
@@ -103,6 +110,7 @@ class xml_stream_implementation {
   internal::xml::name_set seen_attributes_;
   error_type error_ = no_error;
   std::exception_ptr cause_;
+  mutable file_place_cursor cursor_;
 };
 
 }  // namespace ORVA_NAMESPACE::parser::_private

@@ -7,10 +7,7 @@
 /// computes with them.
 #pragma once
 
-#include <concepts>
-#include <iosfwd>
-
-#include "orva/export.hpp"
+#include "orva/version.hpp"
 
 namespace ORVA_NAMESPACE::system::date_time {
 
@@ -33,18 +30,5 @@ class basic_time {
   int second_ = 0;
   int millisecond_ = 0;
 };
-
-namespace _private {
-
-ORVA_API std::ostream& write(std::ostream& stream, const basic_time& value);
-
-}  // namespace _private
-
-/// Writes the fields as they are: "08:30:00.000", "25:00:-1.000". A template, so that a program's own `<<`
-/// for this type is preferred.
-template <std::same_as<basic_time> Value>
-std::ostream& operator<<(std::ostream& stream, const Value& value) {
-  return _private::write(stream, value);
-}
 
 }  // namespace ORVA_NAMESPACE::system::date_time
