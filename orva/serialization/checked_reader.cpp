@@ -4,10 +4,12 @@
 #include <charconv>
 #include <system_error>
 
-#include "orva/serialization/internal/exact_number_text.hpp"
+#include "orva/generic/convert/read_number.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
+
+namespace convert = generic::convert;
 
 namespace {
 
@@ -64,10 +66,11 @@ parsed<Integer> parse_integer(std::string_view text, Integer min, Integer max) {
 
 template <typename Floating>
 parsed<Floating> parse_floating(std::string_view text) {
-  const auto number = _private::read_exact_number<Floating>(text);
-  if (number.error == std::errc{}) return {number.value};
-  if (number.error == std::errc::result_out_of_range) return {0, read_error::out_of_range, 0};
-  return {0, read_error::bad_number, number.position};
+  const auto [value, length, error] = convert::read_number<Floating>(text);
+  if (error == convert::number_error::no_number || length != text.size())
+    return {0, read_error::bad_number, length};
+  if (error != convert::number_error::none) return {0, read_error::out_of_range, 0};
+  return {value};
 }
 
 }  // namespace

@@ -23,9 +23,9 @@
 ///
 /// A number of the text form, in which ~ is the byte 0x01, is what the buffers write. An integer is decimal,
 /// without leading zeros and without a plus: a leading 0 would be octal to the other readers. A floating
-/// value is decimal with a point, or `inf` or `nan`, in every locale: "1.234" and "1,234" mean different
-/// numbers in different places, and a comma is a `bad_number`. `serialize_text_buf::append_exact` writes a
-/// point in every locale.
+/// value is what `convert::read_number` takes: decimal with a point, or `inf` or `nan`, in every locale. A
+/// comma is a `bad_number`, as "1,234" means different numbers in different places.
+/// `serialize_text_buf::append_exact` writes a point in every locale.
 ///
 /// Strings are measured before they are copied: a length that is too large allocates nothing. Reading does
 /// not change the data. It must outlive the reader, the readers of nested buffers, and the results of

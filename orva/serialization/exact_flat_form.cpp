@@ -1,12 +1,12 @@
 #include "orva/serialization/exact_flat_form.hpp"
 
 #include <cmath>
-#include <system_error>
 #include <typeinfo>
 #include <utility>
 #include <vector>
 
-#include "orva/serialization/internal/exact_number_text.hpp"
+#include "orva/generic/convert/read_number.hpp"
+#include "orva/generic/convert/write_number.hpp"
 #include "orva/serialization/internal/flat_form_writer.hpp"
 #include "orva/serialization/internal/trimmed_label.hpp"
 #include "orva/types/nil.hpp"
@@ -14,7 +14,7 @@
 
 namespace ORVA_NAMESPACE::serialization {
 
-using _private::exact_number_text;
+using generic::convert::number_text;
 using types::variant;
 
 namespace {
@@ -25,9 +25,9 @@ bool is_floating(const variant& value) {
 }
 
 std::string exact_text(const variant& value) {
-  if (value.type() == typeid(double)) return exact_number_text(value.as_double());
-  if (value.type() == typeid(float)) return exact_number_text(value.as_float());
-  if (value.type() == typeid(long double)) return exact_number_text(value.as_long_double());
+  if (value.type() == typeid(double)) return number_text(value.as_double());
+  if (value.type() == typeid(float)) return number_text(value.as_float());
+  if (value.type() == typeid(long double)) return number_text(value.as_long_double());
   return value.as_string();
 }
 
@@ -88,12 +88,12 @@ read_failure read_exact_flat_form(std::string_view text, labeled_text_buffer& bu
 
 labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer, const std::string& label,
                                                 double value) {
-  return buffer.add_value(label, exact_number_text(value));
+  return buffer.add_value(label, std::string(number_text(value)));
 }
 
 labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer, const std::string& label,
                                                 float value) {
-  return buffer.add_value(label, exact_number_text(value));
+  return buffer.add_value(label, std::string(number_text(value)));
 }
 
 std::optional<double> find_double(const labeled_text_buffer& buffer, const std::string& label) {
@@ -103,8 +103,7 @@ std::optional<double> find_double(const labeled_text_buffer& buffer, const std::
     const bool is_exact = number == value.as_long_double() || std::isnan(number);
     return is_exact ? std::optional(number) : std::nullopt;
   }
-  const auto number = _private::read_exact_number<double>(value.as_string());
-  return number.error == std::errc{} ? std::optional(number.value) : std::nullopt;
+  return generic::convert::parse_number<double>(value.as_string());
 }
 
 }  // namespace ORVA_NAMESPACE::serialization

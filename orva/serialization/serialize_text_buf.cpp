@@ -6,10 +6,10 @@
 
 #include "orva/generic/abilities/alloc_detection_ability.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/write_number.hpp"
 #include "orva/internal/number_text/floating_text.hpp"
 #include "orva/internal/number_text/integer_text.hpp"
 #include "orva/internal/number_text/stream_text.hpp"
-#include "orva/serialization/internal/exact_number_text.hpp"
 #include "orva/serialization/internal/text_form_items.hpp"
 
 namespace ORVA_NAMESPACE::serialization {
@@ -78,10 +78,8 @@ void serialize_text_buf::append_double(const double& value, const types::uint32&
   append_floating(value, precision);
 }
 
-void serialize_text_buf::append_exact(float value) { append(_private::exact_number_text(value) + separator); }
-void serialize_text_buf::append_exact(double value) {
-  append(_private::exact_number_text(value) + separator);
-}
+void serialize_text_buf::append_exact(float value) { append(convert::number_text(value) + separator); }
+void serialize_text_buf::append_exact(double value) { append(convert::number_text(value) + separator); }
 
 void serialize_text_buf::append_string(const std::string& text) {
   const number_item length(text.size());

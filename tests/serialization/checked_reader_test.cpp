@@ -409,7 +409,7 @@ TEST(checked_reader, floating_value_is_wholly_a_number) {
   EXPECT_EQ(read_double("inf"), std::numeric_limits<double>::infinity());
   EXPECT_TRUE(std::isnan(read_double("nan").value_or(0)));
   EXPECT_TRUE(std::isnan(read_double("-nan").value_or(0)));
-  for (const char* const text : {"", "-", "+1", " 1", "1 ", "12abc", "1,5", "1e", "0x1p3", "."}) {
+  for (const char* const text : {"", "-", " 1", "1 ", "12abc", "1,5", "1e", "0x1p3", "."}) {
     EXPECT_EQ(read_double(text), std::nullopt) << text;
   }
   EXPECT_EQ(read_double("1e400"), std::nullopt) << "out of range";
