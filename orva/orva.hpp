@@ -91,6 +91,7 @@
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/text_view.hpp"
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode_case.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/strings/ustring_for.hpp"
 #include "orva/strings/wchar.hpp"

@@ -7,7 +7,8 @@
 /// This is not Unicode case mapping. Each unit is mapped on its own, so no multi-byte sequence of a
 /// `ustring8` is decoded, and in the C locale only the ASCII letters change. A single-byte locale maps its
 /// letters from 128 to 255, in every width. Units above 255 never change, and the ASCII letters are the same
-/// in every locale. In a `ustring8` the byte 0xFF stays: as a `char` it is the C runtime's end of file.
+/// in every locale. `unicode_case.hpp` maps whole characters, as people expect it. In a `ustring8` the byte
+/// 0xFF stays: as a `char` it is the C runtime's end of file.
 ///
 /// Text is a string of the library, a standard string, a view or a literal, of any width. Any thread may call
 /// these as long as none changes the locale meanwhile.

@@ -1,25 +1,13 @@
 #include "orva/internal/text/display_width.hpp"
 
-#include <algorithm>
-#include <span>
-
+#include "orva/internal/text/character_range.hpp"
 #include "orva/internal/text/well_formed_utf8.hpp"
 
 namespace ORVA_NAMESPACE::internal::text {
 
 namespace {
 
-struct range {
-  std::uint32_t first;
-  std::uint32_t last;
-};
-
 #include "orva/internal/text/display_width.inc"
-
-bool is_in(std::span<const range> ranges, std::uint32_t code_point) {
-  const auto found = std::ranges::lower_bound(ranges, code_point, {}, &range::last);
-  return found != ranges.end() && found->first <= code_point;
-}
 
 }  // namespace
 
