@@ -1,4 +1,8 @@
+#include <chrono>
+#include <filesystem>
 #include <iostream>
+#include <optional>
+#include <string_view>
 
 #include "orva/orva.hpp"
 
@@ -63,4 +67,22 @@ int main() {
   list.erase("disk");
   list.erase(99);
   show(list);
+
+  // Where nothing may be lost, ask for the value as one type.
+  for (const variant& answer : {variant("300"), variant("12abc"), variant(2.5), variant(300.0)}) {
+    const std::optional<int> whole = answer.try_as<int>();
+    std::cout << answer.as_utf8() << " as int: " << (whole ? std::to_string(*whole) : "no")
+              << ", as one byte: " << (answer.try_as<signed char>() ? "yes" : "no") << '\n';
+  }
+  std::cout << "a third as text: " << variant(1.0 / 3).try_as<std::string>().value() << '\n';
+  std::cout << "holds a double: " << variant(300.0).holds<double>()
+            << ", the same as the int: " << same(variant(300.0), variant(300)) << '\n';
+
+  // Values of the standard library, and names in braces.
+  const std::string_view user = "someone";
+  const std::optional<int> no_limit;
+  show(varg_list{{"user", user},
+                 {"file", std::filesystem::path("notes.txt")},
+                 {"time", std::chrono::milliseconds(1500)},
+                 {"limit", no_limit}});
 }

@@ -8,6 +8,7 @@
 #include <charconv>
 #include <cstdint>
 #include <cstdlib>
+#include <optional>
 #include <sstream>
 #include <string>
 #include <variant>
@@ -71,6 +72,48 @@ void make_from_text_peer_std_variant(benchmark::State& state) {
 }
 BENCHMARK(make_from_text_peer_std_variant);
 
+void try_as_int(benchmark::State& state) {
+  const variant value(42);
+  for (auto _ : state) benchmark::DoNotOptimize(value.try_as<int>());
+}
+BENCHMARK(try_as_int);
+
+void try_as_int_peer_std_get_if(benchmark::State& state) {
+  const standard_variant value(42);
+  for (auto _ : state) {
+    const int* number = std::get_if<int>(&value);
+    benchmark::DoNotOptimize(number != nullptr ? std::optional<int>(*number) : std::nullopt);
+  }
+}
+BENCHMARK(try_as_int_peer_std_get_if);
+
+/// The mute accessor.
+void try_as_int_peer_as_int(benchmark::State& state) {
+  const variant value(42);
+  for (auto _ : state) benchmark::DoNotOptimize(value.as_int());
+}
+BENCHMARK(try_as_int_peer_as_int);
+
+void try_as_int_of_double(benchmark::State& state) {
+  const variant value(42.0);
+  for (auto _ : state) benchmark::DoNotOptimize(value.try_as<int>());
+}
+BENCHMARK(try_as_int_of_double);
+
+void compare_same(benchmark::State& state) {
+  const variant one("disk_free");
+  const variant other("disk_free");
+  for (auto _ : state) benchmark::DoNotOptimize(same(one, other));
+}
+BENCHMARK(compare_same);
+
+void compare_same_peer_std_variant(benchmark::State& state) {
+  const standard_variant one("disk_free");
+  const standard_variant other("disk_free");
+  for (auto _ : state) benchmark::DoNotOptimize(one == other);
+}
+BENCHMARK(compare_same_peer_std_variant);
+
 const char* const numbers[] = {"0", "42", "-17", "123456", "2147483647", "-2000000000", "7", "65536"};
 
 void text_to_int(benchmark::State& state) {
@@ -80,6 +123,14 @@ void text_to_int(benchmark::State& state) {
   }
 }
 BENCHMARK(text_to_int);
+
+void text_to_int_by_try_as(benchmark::State& state) {
+  const std::vector<variant> values(std::begin(numbers), std::end(numbers));
+  for (auto _ : state) {
+    for (const variant& value : values) benchmark::DoNotOptimize(value.try_as<int>());
+  }
+}
+BENCHMARK(text_to_int_by_try_as);
 
 void text_to_int_peer_std_variant_from_chars(benchmark::State& state) {
   const std::vector<standard_variant> values(std::begin(numbers), std::end(numbers));

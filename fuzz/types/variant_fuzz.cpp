@@ -1,5 +1,6 @@
 /// Reads text of any bytes through every accessor of a variant, for each class of text. The integers are
-/// compared with a slow reference implementation.
+/// compared with a slow reference implementation. What `try_as` returns must agree with the accessors, and
+/// must lead back to the text that it was made from.
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
@@ -57,6 +58,50 @@ void read_everything(const variant& value) {
   (void)variant(value.as_long_double()).as_uint64();
 }
 
+/// What is returned is what the accessor returns.
+template <typename T>
+void check_agreement(const variant& value, T accessed) {
+  const auto tried = value.try_as<T>();
+  require(!tried || *tried == accessed);
+}
+
+/// A text in another width leads back to the same text.
+template <typename T>
+void check_way_back(const variant& value) {
+  const auto text = value.try_as<T>();
+  if (!text) return;
+  require(variant(*text).try_as<strings::ustring8>() == value.try_as<strings::ustring8>());
+  require(variant(*text).try_as<strings::ustring16>() == value.try_as<strings::ustring16>());
+  require(variant(*text).try_as<strings::ustring32>() == value.try_as<strings::ustring32>());
+}
+
+/// A number that was read is written as a text that reads as the same number.
+template <typename T>
+void check_number(const variant& value) {
+  const auto number = value.try_as<T>();
+  if (!number) return;
+  const variant written(variant(*number).template try_as<std::string>().value());
+  require(same(variant(written.template try_as<T>().value()), variant(*number)));
+}
+
+void check_exact(const variant& value) {
+  check_agreement<signed char>(value, value.as_int8());
+  check_agreement<short>(value, value.as_int16());
+  check_agreement<int>(value, value.as_int());
+  check_agreement<long long>(value, value.as_int64());
+  check_agreement<unsigned char>(value, value.as_uint8());
+  check_agreement<unsigned short>(value, value.as_uint16());
+  check_agreement<unsigned long long>(value, value.as_uint64());
+  check_agreement<bool>(value, value.as_bool());
+  check_way_back<strings::ustring8>(value);
+  check_way_back<strings::ustring16>(value);
+  check_way_back<strings::ustring32>(value);
+  check_number<long long>(value);
+  check_number<float>(value);
+  check_number<double>(value);
+  check_number<long double>(value);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -70,6 +115,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     check_integers(value, number);
     require(value.as_bool() == in_every_class[0].as_bool());
     read_everything(value);
+    check_exact(value);
   }
   require(in_every_class[0].as_utf8() == text && in_every_class[1].as_string() == text);
   return 0;

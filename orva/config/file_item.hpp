@@ -29,6 +29,7 @@
 
 #include "orva/config/base_config_item.hpp"
 #include "orva/export.hpp"
+#include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -38,6 +39,8 @@ class ORVA_API file_item : public base_config_item {
   /// Reads nothing yet. The id is "standard file". The name may be empty: `load(items)` then looks for a
   /// file.
   explicit file_item(strings::ustring8 filename);
+  template <strings::other_text Text>
+  explicit file_item(const Text& filename) : file_item(strings::text_argument(filename).get()) {}
 
   strings::ustring8 get_filename() const { return filename_; }
 

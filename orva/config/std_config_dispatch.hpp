@@ -19,6 +19,7 @@
 
 #include "orva/config/config_dispatch.hpp"
 #include "orva/export.hpp"
+#include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -29,6 +30,13 @@ class ORVA_API std_config_dispatch : public config_dispatch {
   /// may be empty. The second name is stored and not used.
   std_config_dispatch(int argc, const char* const* argv, const char* const* envp, strings::ustring8 file_name,
                       strings::ustring8 second_file_name);
+  /// The same with names that are views, paths, or text of another width.
+  template <typename Name, typename SecondName>
+  std_config_dispatch(int argc, const char* const* argv, const char* const* envp, const Name& file_name,
+                      const SecondName& second_file_name) requires strings::other_text<Name> ||
+      strings::other_text<SecondName>
+      : std_config_dispatch(argc, argv, envp, strings::text_argument(file_name).get(),
+                            strings::text_argument(second_file_name).get()) {}
 
   void setup(item_list& items) const override;
   void load(item_list& items) const override;

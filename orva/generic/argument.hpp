@@ -17,6 +17,7 @@
 #include <string_view>
 #include <utility>
 
+#include "orva/strings/text_argument.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/nil.hpp"
 #include "orva/types/variant.hpp"
@@ -47,6 +48,10 @@ class argument {
   const strings::ustring8& name() const noexcept { return name_; }
   /// Sets the name and returns the new one.
   const strings::ustring8& name(strings::ustring8 new_name) { return name_ = std::move(new_name); }
+  template <strings::other_text Text>
+  const strings::ustring8& name(const Text& new_name) {
+    return name(strings::ustring8(strings::text_argument(new_name).view()));
+  }
   template <_private::not_a_name T>
   const strings::ustring8& name(T new_name) = delete;
 
@@ -65,6 +70,10 @@ class argument {
   argument& assign(strings::ustring8 new_name, types::variant new_value) {
     name_ = std::move(new_name);
     return assign(std::move(new_value));
+  }
+  template <strings::other_text Text>
+  argument& assign(const Text& new_name, types::variant new_value) {
+    return assign(strings::ustring8(strings::text_argument(new_name).view()), std::move(new_value));
   }
   template <_private::not_a_name T>
   argument& assign(T new_name, types::variant new_value) = delete;

@@ -2,7 +2,7 @@
 ///
 /// Messages are formatted with such a list, and arrays of the configuration are read and written through it.
 ///
-///     varg_list args(argument("name", "disk"), argument("free", 1500000));
+///     varg_list args{{"name", "disk"}, {"free", 1500000}};
 ///     args.push_back("free", 0)     =>  false: the name is in the list
 ///     args["free"].value()          =>  1500000
 ///     args["used"] == nil           =>  true: a missing name gives `nil_argument`
@@ -47,7 +47,12 @@ class ORVA_API varg_list {
 
   varg_list() = default;
   /// Adds the arguments up to the first one that equals nil. That one and all after it are dropped. An
-  /// argument whose name is already in the list is skipped.
+  /// argument whose name is already in the list is skipped. Neither is reported; `push_back` adds a nil
+  /// argument like any other, and returns whether it added it.
+  ///
+  ///     varg_list(argument("n", 5), argument("name", user))
+  ///     varg_list{{"n", 5}, {"name", user}}            the same
+  ///     varg_list(argument(optional), argument(2))     empty if `optional` is: it is nil without a name
   varg_list(const argument& a1, const argument& a2 = nil_argument, const argument& a3 = nil_argument,
             const argument& a4 = nil_argument, const argument& a5 = nil_argument,
             const argument& a6 = nil_argument, const argument& a7 = nil_argument,

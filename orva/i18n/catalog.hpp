@@ -18,6 +18,7 @@
 
 #include <mutex>
 #include <set>
+#include <utility>
 #include <vector>
 
 #include "orva/export.hpp"
@@ -50,6 +51,9 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
   /// language.
   catalog_t(const strings::ustring8& name, const std::vector<strings::ustring8>& languages,
             message_map messages);
+  template <strings::other_text Text>
+  catalog_t(const Text& name, const std::vector<strings::ustring8>& languages, message_map messages)
+      : catalog_t(strings::text_argument(name).get(), languages, std::move(messages)) {}
   /// Copies name, languages and messages. The copy has a count of its own.
   catalog_t(const catalog_t& other);
 
@@ -62,6 +66,10 @@ class ORVA_API catalog_t : public generic::abilities::reference_count_pointer_ab
 
   const strings::ustring8& name() const noexcept { return name_; }
   void _name(const strings::ustring8& name) { name_ = name; }
+  template <strings::other_text Text>
+  void _name(const Text& name) {
+    _name(strings::text_argument(name).get());
+  }
 
   bool has_message(const strings::text_argument& name) const;
   /// The message, or `m_nil_message`.

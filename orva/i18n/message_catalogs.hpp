@@ -12,6 +12,9 @@
 /// Copies of a set share its catalogs. A load into one copy that adds messages to a shared catalog shows in
 /// all copies. A catalog that one copy adds or drops is added or dropped in that copy alone.
 ///
+/// Paths are a `std::filesystem::path` or text of any of the three widths. Names of catalogs, messages and
+/// languages are text of any of the three widths, see `strings::text_argument`.
+///
 /// No lookup fails: an unknown message is the nil message, which renders as empty text. References and
 /// iterators stay valid until the next load or `erase`.
 ///
@@ -58,6 +61,8 @@ class ORVA_API message_catalogs {
     /// Codes 2, 6, 7 and 8 have texts of their own only if they come from a `load_error`. Here they give
     /// "unknown, or unhandle case happened!", as does a code that is not listed.
     result_type(error_type type, const strings::ustring8& text);
+    template <strings::other_text Text>
+    result_type(error_type type, const Text& text) : result_type(type, strings::text_argument(text).get()) {}
     /// The message is a heading, and the message of `error` on the lines below it.
     result_type(const _private::load_error& error);
 

@@ -1,4 +1,5 @@
-/// `path_list`: a parameter that takes several paths, from a vector of any text type.
+/// `path_list`: a parameter that takes several paths, from a vector of any text type or of
+/// `std::filesystem::path`.
 ///
 ///     result = catalogs.load(std::vector<std::string>{"messages", "plugins/messages"}, "de_DE");
 ///     result = catalogs.load(std::vector<strings::ustring16>{directory, file}, "de_DE");
@@ -16,8 +17,8 @@ namespace ORVA_NAMESPACE::i18n {
 
 class path_list {
  public:
-  template <strings::any_text Text>
-  path_list(const std::vector<Text>& paths) {
+  template <typename Text>
+  path_list(const std::vector<Text>& paths) requires strings::any_text<Text> || strings::file_path<Text> {
     paths_.reserve(paths.size());
     for (const Text& path : paths) paths_.push_back(strings::text_argument(path).get());
   }

@@ -12,6 +12,7 @@
 
 namespace ORVA_NAMESPACE::i18n::_private {
 
+using strings::text_argument;
 using strings::ustring8;
 
 namespace {
@@ -71,10 +72,10 @@ void xmc_file_loader::parse_catalog_content(Iterator& it, Iterator end, const us
 template ORVA_API void xmc_file_loader::parse_catalog(xmc::token_iterator&, xmc::token_iterator);
 template ORVA_API void xmc_file_loader::parse_catalog(xmc::view_iterator&, xmc::view_iterator);
 
-void xmc_file_loader::set_message(const message_t& message, const ustring8& catalog) {
+void xmc_file_loader::set_message(const message_t& message, const text_argument& catalog) {
   message_batch one;
   one.add(message_t(message));
-  add_messages(one, catalog);
+  add_messages(one, catalog.get());
 }
 
 /// Among messages of equal weight the first one stays. (In `merge_messages` the last one does.)

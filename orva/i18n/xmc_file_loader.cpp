@@ -63,7 +63,8 @@ load_error xmc_file_loader::parse(const text_argument& file, const text_argument
   return parse(file, language);
 }
 
-load_error xmc_file_loader::parse_file(const ustring8& file) {
+load_error xmc_file_loader::parse_file(const text_argument& name) {
+  const ustring8& file = name.get();
   if (!system::io::exists(file)) return {file_not_found, file};
   base_directory_ = directory_of(file);
   const auto read = [&] {
@@ -75,8 +76,8 @@ load_error xmc_file_loader::parse_file(const ustring8& file) {
   return result_of(read, file);
 }
 
-load_error xmc_file_loader::parse_string(const ustring8& text, const ustring8& file) {
-  return result_of([&] { parse_text(text); }, file);
+load_error xmc_file_loader::parse_string(const ustring8& text, const text_argument& file) {
+  return result_of([&] { parse_text(text); }, file.get());
 }
 
 /// Calls `read` and returns its exception, if any, as an error in `file`.

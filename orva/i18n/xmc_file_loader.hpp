@@ -71,10 +71,10 @@ class ORVA_API xmc_file_loader {
 
   /// Reads a file for the languages set before; without any, no catalog is wanted. A file that exists but
   /// cannot be opened reads as empty, which is a file without XML header.
-  [[nodiscard]] load_error parse_file(const strings::ustring8& file);
+  [[nodiscard]] load_error parse_file(const strings::text_argument& file);
   /// Reads the text of a file. Errors name it `file`. Relative paths of includes start from the directory of
   /// the last file that `parse_file` read.
-  [[nodiscard]] load_error parse_string(const strings::ustring8& text, const strings::ustring8& file);
+  [[nodiscard]] load_error parse_string(const strings::ustring8& text, const strings::text_argument& file);
 
   /// Merges the messages into `target`, adds the catalogs that it lacks, and returns the number of messages
   /// stored, new or in place of another. A message in `target` stays only if its language has the greater
@@ -87,7 +87,7 @@ class ORVA_API xmc_file_loader {
 
   /// Adds `message` to the catalog, unless that has one of the same name whose language has the same weight
   /// or a greater one.
-  void set_message(const message_t& message, const strings::ustring8& catalog);
+  void set_message(const message_t& message, const strings::text_argument& catalog);
   /// Drops the messages, but not the languages.
   void reset();
 

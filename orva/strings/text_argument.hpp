@@ -1,6 +1,7 @@
 /// `text_argument`: the parameter of an operation that takes text of any width and works in UTF-8.
 ///
-/// The caller passes what it has: a string of the library, a standard string, a view or a literal.
+/// The caller passes what it has: a string of the library, a standard string, a view, a literal, or a
+/// `std::filesystem::path`.
 ///
 ///     void set_title(const text_argument& title) { title_ = title.view(); }
 ///     set_title("plain");
@@ -19,6 +20,7 @@
 /// Edge cases: docs/edges.md#strings
 #pragma once
 
+#include <concepts>
 #include <optional>
 #include <string_view>
 #include <type_traits>
@@ -26,6 +28,7 @@
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/strings/ustring_for.hpp"
+#include "orva/strings/well_formed.hpp"
 
 namespace ORVA_NAMESPACE::strings {
 
@@ -65,6 +68,16 @@ class basic_text_argument {
     }
   }
 
+  /// Takes the native text of the path, in the same way. One that is not well-formed becomes a single zero
+  /// unit, which names nothing: what it is converted to would be the name of another file. Paths of 16 bits
+  /// need no conversion on a system that has them, and are not checked.
+  template <file_path Path>
+  basic_text_argument(const Path& path) : basic_text_argument(path.native()) {
+    constexpr bool as_it_is =
+        std::is_same_v<Unit, typename Path::value_type> && std::is_same_v<Unit, code_unit16>;
+    if (!as_it_is && !is_well_formed(path.native())) owned_.emplace(1, Unit{});
+  }
+
   /// The text, without a copy.
   string_view view() const noexcept { return owned_ ? string_view(*owned_) : borrowed_; }
   operator string_view() const noexcept { return view(); }
@@ -85,5 +98,10 @@ class basic_text_argument {
 };
 
 using text_argument = basic_text_argument<char>;
+
+/// What a `text_argument` is made from and a `ustring8` is not: views, paths, and text of another width.
+template <typename Text>
+concept other_text =
+    !std::convertible_to<const Text&, ustring8> && std::convertible_to<const Text&, text_argument>;
 
 }  // namespace ORVA_NAMESPACE::strings

@@ -6,8 +6,10 @@
 ///     the same of code_unit32: const code_unit32*, ustring32               =>  ustring32
 #pragma once
 
+#include <concepts>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "orva/strings/ustring.hpp"
@@ -33,6 +35,15 @@ using ustring_for = decltype(_private::same_width(std::declval<const Text&>()));
 template <typename Text>
 concept any_text = requires {
   typename ustring_for<Text>;
+};
+
+/// `std::filesystem::path`, whose native text is of one of the three widths. It is recognised by its members,
+/// since <filesystem> would make this header much larger. A class derived from it does not count.
+template <typename Path>
+concept file_path = std::is_class_v<Path> && requires(const Path& path) {
+  { path.native() } -> std::same_as<const std::basic_string<typename Path::value_type>&>;
+  { path.parent_path() } -> std::same_as<Path>;
+  requires code_unit<typename Path::value_type>;
 };
 
 }  // namespace ORVA_NAMESPACE::strings

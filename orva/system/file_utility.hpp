@@ -15,8 +15,8 @@
 ///
 /// `filesystem_error` derives from `std::runtime_error`: a program that does not use Boost catches that.
 ///
-/// Paths are text of any of the three widths, see `path_argument`. Joined paths use the separator of the
-/// system, `/` outside Windows. A path that contains a zero unit names nothing.
+/// Paths are a `std::filesystem::path` or text of any of the three widths, see `path_argument`. Joined paths
+/// use the separator of the system, `/` outside Windows. A path that contains a zero unit names nothing.
 ///
 /// `system/io.hpp` has the single operations: exists, is_file, move, remove_file and others.
 ///
@@ -24,13 +24,33 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
+#include "orva/strings/ustring_for.hpp"
 #include "orva/system/path_argument.hpp"
 
 namespace ORVA_NAMESPACE::system {
+
+namespace _private {
+
+template <strings::file_path Path>
+using native_text = strings::basic_ustring<typename Path::value_type>;
+
+template <strings::file_path Path>
+native_text<Path> native_text_of(const Path& path) {
+  return strings::basic_text_argument<typename Path::value_type>(path).get();
+}
+
+template <strings::file_path Path>
+void append_paths(const std::vector<native_text<Path>>& names, std::vector<Path>& paths) {
+  paths.reserve(paths.size() + names.size());
+  for (const typename Path::string_type& name : names) paths.emplace_back(name);
+}
+
+}  // namespace _private
 
 /// Replaces `contents`, a `ustring8` or a byte string, by all bytes of a file. A byte order mark stays
 /// (`strings::remove_BOM` removes it), and no encoding is detected.
@@ -78,6 +98,8 @@ ORVA_API bool have_read_access(const path_argument& path);
 ///     list_directory("logs")   =>  {"logs/a.txt", "logs/old"}    a vector of ustring8
 ///     list_directory(u"logs")  =>  {u"logs/a.txt", u"logs/old"}  a vector of ustring16
 ///     list_directory("logs/")  =>  {"logs//a.txt", "logs//old"}
+///     list_directory(a view)   =>  as for a string of that width
+///     list_directory(a path)   =>  a vector of std::filesystem::path
 ///
 /// The first entry that the system reports is skipped without a look at its name, which is "." in directories
 /// that have it.
@@ -88,6 +110,16 @@ ORVA_API bool have_read_access(const path_argument& path);
 ORVA_API std::vector<strings::ustring8> list_directory(const strings::ustring8& path);
 ORVA_API std::vector<strings::ustring16> list_directory(const strings::ustring16& path);
 ORVA_API std::vector<strings::ustring32> list_directory(const strings::ustring32& path);
+template <strings::code_unit Unit>
+std::vector<strings::basic_ustring<Unit>> list_directory(std::basic_string_view<Unit> path) {
+  return list_directory(strings::basic_ustring<Unit>(path));
+}
+template <strings::file_path Path>
+std::vector<Path> list_directory(const Path& path) {
+  std::vector<Path> paths;
+  _private::append_paths(list_directory(_private::native_text_of(path)), paths);
+  return paths;
+}
 
 /// Appends the full paths of all files in a directory and its subdirectories to `files`, which is not
 /// cleared. The files are the regular ones with the owner's read bit (`have_read_access`); subdirectories
@@ -101,5 +133,16 @@ ORVA_API std::vector<strings::ustring32> list_directory(const strings::ustring32
 ORVA_API void get_directory_files(const strings::ustring8& path, std::vector<strings::ustring8>& files);
 ORVA_API void get_directory_files(const strings::ustring16& path, std::vector<strings::ustring16>& files);
 ORVA_API void get_directory_files(const strings::ustring32& path, std::vector<strings::ustring32>& files);
+template <strings::code_unit Unit>
+void get_directory_files(std::basic_string_view<Unit> path,
+                         std::vector<strings::basic_ustring<Unit>>& files) {
+  get_directory_files(strings::basic_ustring<Unit>(path), files);
+}
+template <strings::file_path Path>
+void get_directory_files(const Path& path, std::vector<Path>& files) {
+  std::vector<_private::native_text<Path>> names;
+  get_directory_files(_private::native_text_of(path), names);
+  _private::append_paths(names, files);
+}
 
 }  // namespace ORVA_NAMESPACE::system

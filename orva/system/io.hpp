@@ -3,9 +3,9 @@
 ///     if (!system::io::is_directory("logs")) system::io::mkdir("logs");
 ///     system::io::move("logs/old.txt", "logs/new.txt");          // the new name is the first
 ///
-/// Paths are text of any of the three widths, see `path_argument`. A path that contains a zero unit names
-/// nothing. Symbolic links are followed, except by `remove_file` and `move`, which act on the link itself.
-/// Only `std::bad_alloc` is thrown. Any thread may call.
+/// Paths are a `std::filesystem::path` or text of any of the three widths, see `path_argument`. A path that
+/// contains a zero unit names nothing. Symbolic links are followed, except by `remove_file` and `move`, which
+/// act on the link itself. Only `std::bad_alloc` is thrown. Any thread may call.
 ///
 /// Edge cases: docs/edges.md#files
 #pragma once

@@ -23,16 +23,11 @@ variant_type* make_text(const Unit* text) {
   return generic::abilities::create_dynamic<text_payload>(text);
 }
 
-/// All payloads are made in this file, so the address of the type_info is enough to compare.
-template <typename T>
-bool holds(const variant_type& payload) noexcept {
-  return &payload.type() == &typeid(T);
-}
-
 /// The value of a payload that holds a T; null if it holds another type.
 template <typename T>
 const auto* value_of(const variant_type& payload) noexcept {
-  return holds<T>(payload) ? &static_cast<const variant_value_t<T>&>(payload).value() : nullptr;
+  const auto* const found = _private::payload_of<T>(payload);
+  return found != nullptr ? &found->value() : nullptr;
 }
 
 /// A nil payload in static storage, never destroyed: destructors of static objects may read moved-from
@@ -47,7 +42,7 @@ union never_destroyed_nil {
 /// Nil is empty text, although its payload returns "0".
 template <typename Text>
 Text text_of(const variant_type& payload, Text (variant_type::*read)() const) {
-  return holds<nil_t>(payload) ? Text() : (payload.*read)();
+  return value_of<nil_t>(payload) != nullptr ? Text() : (payload.*read)();
 }
 
 }  // namespace
@@ -92,7 +87,7 @@ const strings::ustring8* _private::stored_text(const variant& value) noexcept {
 
 std::ostream& operator<<(std::ostream& stream, const variant& value) { return value.ostream(stream); }
 
-bool variant::equal(const nil_t&) const noexcept { return holds<nil_t>(payload()); }
+bool variant::equal(const nil_t&) const noexcept { return value_of<nil_t>(payload()) != nullptr; }
 
 strings::ustring8 variant::as_string() const { return text_of(payload(), &variant_type::as_string); }
 strings::wide_string variant::as_wstring() const { return text_of(payload(), &variant_type::as_wstring); }

@@ -16,26 +16,42 @@
 /// No conversion fails. A number that does not fit keeps its low bits. Text is read as the number at its
 /// beginning, limited to the range of the type; text without a number is 0.
 ///
+/// Where a loss must not go unnoticed, use `try_as`, which returns nothing instead:
+///
+///     variant("12").try_as<int>()            =>  12
+///     variant("12abc").try_as<int>()         =>  nothing
+///     variant(300).try_as<signed char>()     =>  nothing
+///     variant(300).holds<int>()              =>  true
+///     same(variant(300), variant("300"))     =>  false     another type
+///
 /// A variant is one pointer to a payload, which has a count of its owners and never changes. Making a variant
 /// takes one allocation. Copying one shares the payload: one atomic increment, whatever the value. Variants
 /// with the same payload can be read, copied and destroyed on different threads without a lock. A variant
 /// object that is being assigned may be used by one thread only.
 ///
-/// Variants cannot be compared or ordered. Compare the results of an accessor.
+/// Variants have no order and no `==`. `same` compares type and value; otherwise compare the results of an
+/// accessor.
 ///
 /// Edge cases: docs/edges.md#values
 #pragma once
 
+#include <concepts>
 #include <cstddef>
 #include <iosfwd>
+#include <optional>
 #include <string>
 #include <type_traits>
 #include <typeinfo>
+#include <utility>
 
 #include "orva/export.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/strings/ustring.hpp"
+#include "orva/strings/ustring_for.hpp"
 #include "orva/types/integers.hpp"
+#include "orva/types/internal/exact_value.hpp"
+#include "orva/types/internal/standard_value.hpp"
+#include "orva/types/internal/stored_types.hpp"
 #include "orva/types/internal/variant_type.hpp"
 #include "orva/types/nil.hpp"
 
@@ -47,18 +63,13 @@ namespace _private {
 
 const strings::ustring8* stored_text(const variant& value) noexcept;
 
-template <typename T, typename... Targets>
-concept converts_to_any = (std::is_convertible_v<T, Targets> || ...);
-
 /// A class whose only conversion to `bool` is through a pointer, and that does not convert to text. A class
 /// that converts to a number or to `bool` directly also converts to `int`; one that converts to a pointer
 /// does not.
 template <typename T>
-concept bool_only_through_pointer =
-    std::is_class_v<std::remove_cvref_t<T>> && std::is_convertible_v<T, bool> &&
-    !std::is_convertible_v<T, int> &&
-    !converts_to_any<T, const char*, const strings::code_unit16*, const strings::code_unit32*, std::string,
-                     strings::wide_string, strings::ustring8, strings::ustring16, strings::ustring32>;
+concept bool_only_through_pointer = std::is_class_v<std::remove_cvref_t<T>> &&
+                                    std::is_convertible_v<T, bool> && !std::is_convertible_v<T, int> &&
+                                    !converts_to_text<T>;
 
 }  // namespace _private
 
@@ -105,6 +116,29 @@ class ORVA_API variant {
   variant(strings::ustring16 text);
   variant(strings::ustring32 text);
 
+  /// Values of the standard library:
+  ///
+  ///     std::string_view                 =>  ustring8, as a literal; other widths: `ustring16`, `ustring32`
+  ///     std::u8string_view, u8string     =>  ustring8
+  ///     std::filesystem::path            =>  its native text: a byte string in UTF-8, on Windows a wide string
+  ///     a `std::chrono` duration         =>  double: seconds, as the placeholder `duration` of messages takes
+  ///     std::optional                    =>  nil if it is empty, otherwise its value
+  ///
+  /// A path keeps every unit, also where it is not valid text. A duration of more than 2 to the 53 ticks is
+  /// rounded to the nearest `double`. An empty optional without a name ends the construction of a
+  /// `varg_list`, as nil does.
+  template <_private::borrowed_text View>
+  variant(View text) : variant(_private::stored_form(text)) {}
+  template <_private::utf8_text Text>
+  variant(const Text& text) : variant(_private::stored_form(text)) {}
+  template <strings::file_path Path>
+  variant(const Path& path) : variant(typename Path::string_type(path.native())) {}
+  template <_private::duration Duration>
+  variant(const Duration& duration) : variant(_private::stored_form(duration)) {}
+  template <_private::optional_value Optional>
+  variant(Optional value) requires std::constructible_from<variant, typename Optional::value_type>
+      : variant(value ? variant(*std::move(value)) : variant()) {}
+
   /// Any other pointer does not compile, since it would be stored as a `bool`. This includes text of another
   /// encoding, such as `L"x"` where `wchar_t` has 32 bits (see `strings::from_wchar`).
   template <typename T>
@@ -131,6 +165,39 @@ class ORVA_API variant {
   /// The stored type: `nil_t`, `bool`, the type of the number, or one of the five string classes.
   const std::type_info& type() const noexcept { return payload().type(); }
 
+  /// Whether `type()` is T, one of the twenty stored types.
+  template <_private::stored_type T>
+  [[nodiscard]] bool holds() const noexcept {
+    return type() == typeid(T);
+  }
+
+  /// The value as a T, one of the twenty stored types, if nothing is lost; otherwise nothing.
+  ///
+  ///     from            to              is filled
+  ///     any type        the same type   always
+  ///     number          number          if T has exactly this number; -0.0 only as a floating value
+  ///     bool            number          always: 0 or 1
+  ///     number          bool            for 0 and 1
+  ///     number, bool    text            always: text that reads back as the same number; "1" or "0"
+  ///     text            number          if the whole text is one number that T has room for
+  ///     text            bool            for "true", "yes", "on", "1" and "false", "no", "off", "0", in any case
+  ///     text            text            if T has another width: for well-formed text
+  ///     nil             another type    never, and neither does another type give nil
+  ///
+  /// NaN and infinity are values of each floating type, and of no integer. Text is a number as
+  /// `generic::convert::parse_number` reads it: without blanks around it, and independent of the locale. A
+  /// decimal text gives the nearest floating value, as such texts have no other.
+  ///
+  /// An integer or `bool` that this returns is also what the accessor of that type returns.
+  template <_private::stored_type T>
+  [[nodiscard]] std::optional<T> try_as() const {
+    return _private::exact_value(payload(), _private::result_of<T>());
+  }
+
+  /// Whether both have the same type and value. A NaN is the same as every other NaN of its type; 0.0 and
+  /// -0.0 are not the same. Text is compared unit by unit.
+  friend ORVA_API bool same(const variant& one, const variant& other) noexcept;
+
   /// Writes the value. Text is written as UTF-8 up to its first zero byte, a byte string as a whole.
   ///
   ///     nil                               =>  0
@@ -139,7 +206,7 @@ class ORVA_API variant {
   ///     wide string                       =>  "< name instance at address >", with the name of `type()`
   std::ostream& ostream(std::ostream& stream) const { return payload().ostream(stream); }
 
-  // Numbers.
+  // Numbers. Speaking sibling: `try_as`.
   //
   // From an integer: the low bits, after a signed value is extended by its sign.
   // From `bool`: 0 or 1.
@@ -189,7 +256,7 @@ class ORVA_API variant {
   /// The `long double` of the platform.
   long double as_long_double() const { return payload().as_long_double(); }
 
-  // Text.
+  // Text. Speaking sibling: `try_as`.
   //
   // nil is empty text, `bool` "1" or "0", an integer its decimal digits. A floating value is written as by an
   // output stream: six significant digits, with the decimal point of the global C++ locale. Text is converted
@@ -217,6 +284,8 @@ class ORVA_API variant {
 };
 
 static_assert(sizeof(variant) == sizeof(void*), "argument lists and trees hold variants by value");
+
+ORVA_API bool same(const variant& one, const variant& other) noexcept;
 
 /// Writes the value as `variant::ostream` does.
 ORVA_API std::ostream& operator<<(std::ostream& stream, const variant& value);

@@ -1,8 +1,10 @@
 // The two dispatches of the library, and managers that use them.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orva/config/config_manager.hpp"
@@ -39,6 +41,23 @@ TEST(std_config_dispatch, order_of_items_is_command_line_file_environment) {
   EXPECT_EQ(ids_of(items), "command line, standard file, enviroment, ");
   for (const auto& item : items) EXPECT_TRUE(item->is_created_dynamic());
   EXPECT_EQ(static_cast<file_item&>(**std::next(items.begin())).get_filename(), "a");
+}
+
+/// The name of the file of the second item.
+std::string file_name_of(const std_config_dispatch& dispatch) {
+  item_list items;
+  dispatch.setup(items);
+  return static_cast<file_item&>(**std::next(items.begin())).get_filename();
+}
+
+TEST(std_config_dispatch, takes_names_as_paths_and_views_of_each_width) {
+  const std::string_view view = std::string_view("axb").substr(0, 1);
+  const ORVA_NAMESPACE::strings::ustring16 wide(1, 'a');
+  const std::filesystem::path path = "a";
+  EXPECT_EQ(file_name_of(std_config_dispatch(0, nullptr, nullptr, view, "b")), "a");
+  EXPECT_EQ(file_name_of(std_config_dispatch(0, nullptr, nullptr, path, path)), "a");
+  EXPECT_EQ(file_name_of(std_config_dispatch(0, nullptr, nullptr, "a", path)), "a");
+  EXPECT_EQ(file_name_of(std_config_dispatch(0, nullptr, nullptr, wide, std::string("b"))), "a");
 }
 
 TEST(std_config_dispatch, is_copied_assigned_and_cloned) {
@@ -233,6 +252,20 @@ TEST(module_config_dispatch, first_file_goes_before_the_second_and_the_user_valu
   EXPECT_EQ(config.get_value("u").as_string(), "user");
   EXPECT_TRUE(config.unload());
   EXPECT_EQ(config.get_value("k").as_string(), "user") << "program-set values stay";
+}
+
+TEST(module_config_dispatch, takes_files_as_paths_and_views) {
+  const temporary_directory directory;
+  const std::filesystem::path path = directory.path() / u8"\u00E4.cfg";
+  const std::string name = directory.write("\xC3\xA4.cfg", "colour = red");
+  config_manager manager;
+  manager.init(module_config_dispatch(varg_list(argument(path)), nullptr));
+  manager.load();
+  EXPECT_EQ(manager.get_value("colour").as_utf8(), "red");
+  config_manager other;
+  other.init(module_config_dispatch(varg_list(argument(std::string_view(name))), nullptr));
+  other.load();
+  EXPECT_EQ(other.get_value("colour").as_utf8(), "red");
 }
 
 TEST(module_config_dispatch, is_copied_assigned_and_cloned) {

@@ -2,12 +2,16 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orva/config/user_item.hpp"
+#include "orva/strings/unicode.hpp"
 #include "tests/config/config_files.hpp"
 #include "tests/support/entries.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace {
 
@@ -228,6 +232,19 @@ TEST(file_item, long_names_in_deep_sections_take_time_in_proportion) {
   const auto item = load_text(text);
   EXPECT_EQ(value_of(*item, section + ".4999"), "v");
   EXPECT_EQ(value_of(*item, section + "..1"), "y");
+}
+
+TEST(file_item, takes_its_name_as_a_path_and_as_a_view_of_each_width) {
+  const temporary_directory directory;
+  const std::filesystem::path path = directory.path() / u8"\u00E4.cfg";
+  const std::string name = directory.write("\xC3\xA4.cfg", "a = 1");
+  const auto wide = ORVA_NAMESPACE::strings::utf8_to_utf16(name);
+  for (file_item item : {file_item(path), file_item(std::string_view(name)), file_item(wide)}) {
+    EXPECT_EQ(item.get_filename(), name);
+    EXPECT_TRUE(item.load());
+    ASSERT_NE(item.get_value("a"), nullptr);
+    EXPECT_EQ(item.get_value("a")->second.as_utf8(), "1");
+  }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 
@@ -163,6 +164,16 @@ TEST(argument, moved_from_is_nil) {
   EXPECT_EQ(target.name(), "name");
   EXPECT_EQ(target.value().as_int32(), 1);
   EXPECT_TRUE(source == nil);
+}
+
+TEST(argument, takes_a_name_as_a_view_of_each_width) {
+  argument named("old", 1);
+  EXPECT_EQ(named.name(std::string_view("view")), "view");
+  EXPECT_EQ(named.name(strings::ustring16{0x20AC}), "\xE2\x82\xAC");
+  EXPECT_EQ(named.name(std::string_view(named.name()).substr(1)), "\x82\xAC");
+  EXPECT_EQ(&named.assign(std::string_view("both"), 2), &named);
+  EXPECT_EQ(named.name(), "both");
+  EXPECT_EQ(named.value().as_int32(), 2);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <limits>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -76,6 +77,9 @@ const varg_list& three() {
   return list;
 }
 
+/// A call with braces.
+varg_list taken(const varg_list& list) { return list; }
+
 // Construction.
 
 TEST(varg_list, default_is_empty_and_equals_nil) {
@@ -97,6 +101,51 @@ TEST(varg_list, made_of_arguments_in_their_order) {
 TEST(varg_list, made_of_arguments_in_braces) {
   const varg_list list({"a", 1}, {"b", "text"}, {"c", nil});
   EXPECT_EQ(shown(list), "a=1 b=text c");
+}
+
+TEST(varg_list, braces_within_braces_are_named_arguments) {
+  const std::string_view user = "someone";
+  const varg_list one{{"n", 5}};
+  EXPECT_EQ(shown(one), "n=5");
+  const varg_list list{{"n", 5}, {"name", user}};
+  EXPECT_EQ(shown(list), "n=5 name=someone");
+  const varg_list copied = {{"n", 5}, {"name", user}};
+  EXPECT_EQ(shown(copied), "n=5 name=someone");
+  EXPECT_EQ(shown(varg_list{{"a", "b"}, {"c", "d"}}), "a=b c=d")
+      << "text is not taken for a pair of pointers";
+  EXPECT_EQ(shown(varg_list{{"a", "b"}}), "a=b");
+  EXPECT_EQ(shown(varg_list{{user, user}}), "someone=someone");
+  EXPECT_EQ(shown(varg_list{{"a", nil}, {"b", std::optional<int>()}, {"c", 1}}), "a b c=1");
+  EXPECT_EQ(shown(varg_list{{std::string("a"), 1}, {ustring8("b"), std::string("x")}}), "a=1 b=x");
+  EXPECT_EQ(shown(varg_list{{"a", 1}, {"a", 2}}), "a=1");
+  EXPECT_EQ(shown(taken({{"n", 5}, {"name", user}})), "n=5 name=someone");
+  EXPECT_EQ(shown(taken({{"n", 5}})), "n=5");
+}
+
+TEST(varg_list, braces_around_arguments_mean_what_parentheses_mean) {
+  const argument a("a", 1);
+  const argument b("b", 2);
+  const variant value(3);
+  EXPECT_EQ(shown(varg_list{a}), shown(varg_list(a)));
+  EXPECT_EQ(shown(varg_list{a, b}), shown(varg_list(a, b)));
+  EXPECT_EQ(shown(varg_list({a, b})), "a=1 b=2");
+  EXPECT_EQ(shown(varg_list{value}), shown(varg_list(value)));
+  EXPECT_EQ(shown(varg_list{value, value}), "=3 =3");
+  EXPECT_EQ(shown(varg_list{a, argument(), b}), "a=1");
+  EXPECT_EQ(shown(varg_list{a, nil, b}), "a=1");
+  EXPECT_EQ(shown(varg_list{{"a", 1}, {"", nil}, {"b", 2}}), "a=1") << "a nil argument in braces ends, too";
+  EXPECT_TRUE(varg_list{} == nil);
+  EXPECT_TRUE(varg_list{nil} == nil);
+  const varg_list copy{three()};
+  EXPECT_EQ(shown(copy), shown(three()));
+  EXPECT_EQ(shown(varg_list{varg_list(a, b)}), "a=1 b=2");
+  EXPECT_EQ(shown(varg_list{{"x"}}), "=x");
+}
+
+TEST(varg_list, empty_optional_without_a_name_ends_the_construction) {
+  EXPECT_EQ(shown(varg_list(argument(std::optional<int>(1)), argument(std::optional<int>()), argument(2))),
+            "=1");
+  EXPECT_EQ(shown(varg_list(argument("n", std::optional<int>()), argument("m", 2))), "n m=2");
 }
 
 TEST(varg_list, construction_ends_at_the_first_nil_argument) {

@@ -296,4 +296,13 @@ TEST(catalog, replaced_message_is_found_in_its_new_form) {
   EXPECT_EQ(catalog.size(), 2u);
 }
 
+TEST(catalog, takes_its_name_as_a_view) {
+  catalog_t catalog(std::string_view("app"), {}, {});
+  EXPECT_EQ(catalog.name(), "app");
+  catalog._name(std::string_view("other"));
+  EXPECT_EQ(catalog.name(), "other");
+  catalog._name(catalog_t("third", {}, {}).name());
+  EXPECT_EQ(catalog.name(), "third");
+}
+
 }  // namespace

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 #include <type_traits>
 #include <utility>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "orva/strings/unicode.hpp"
 #include "tests/i18n/xmc_reading.hpp"
 #include "tests/support/temporary_directory.hpp"
+#include "tests/support/working_directory.hpp"
 
 namespace {
 
@@ -419,6 +421,48 @@ TEST(message_catalogs, resolve_container_changes_no_message) {
   EXPECT_EQ(catalogs.load(directory.write("app.xmc", file_of("app", "x")), "de"), message_catalogs::no_error);
   catalogs.set_resolve_container({});
   EXPECT_EQ(catalogs.message("app", "m").as_utf8(), "x");
+}
+
+TEST(message_catalogs, loads_paths_of_the_standard_and_views) {
+  const temporary_directory directory;
+  const std::filesystem::path path = directory.path() / u8"\u00E4.xmc";
+  const std::string name = directory.write("\xC3\xA4.xmc", file_of("app", "x"));
+  const std::string_view view = name;
+  message_catalogs catalogs;
+  EXPECT_EQ(catalogs.load(path, "de"), message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load(view, "de"), message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load_file(path, "de"), message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load_directory(directory.path(), "de"), message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load(std::vector<std::filesystem::path>{path, directory.path()}, "de"),
+            message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load(std::vector<std::string_view>{view}, "de"), message_catalogs::no_error);
+  EXPECT_EQ(catalogs.load(path / "missing", "de"), message_catalogs::entity_not_found);
+
+  ORVA_NAMESPACE::i18n::_private::xmc_file_loader loader;
+  using ORVA_NAMESPACE::i18n::_private::load_error;
+  EXPECT_EQ(loader.parse(path, "de").type(), load_error::no_error);
+  EXPECT_EQ(loader.parse_file(path).type(), load_error::no_error);
+  EXPECT_EQ(loader.parse_file(view).type(), load_error::no_error);
+}
+
+TEST(message_catalogs, result_takes_a_file_in_each_form) {
+  using result_type = message_catalogs::result_type;
+  const result_type from_text(message_catalogs::file_not_found, "a.xmc");
+  EXPECT_EQ(result_type(message_catalogs::file_not_found, std::filesystem::path("a.xmc")).message(),
+            from_text.message());
+  EXPECT_EQ(result_type(message_catalogs::file_not_found, std::string_view("a.xmc")).message(),
+            from_text.message());
+}
+
+TEST(message_catalogs, path_that_is_not_well_formed_loads_nothing) {
+  const temporary_directory directory;
+  const working_directory inside(directory.path());
+  directory.write("-1", file_of("app", "x"));
+  const std::filesystem::path malformed(
+      std::filesystem::path::string_type(1, static_cast<std::filesystem::path::value_type>(0xDC80)));
+  message_catalogs catalogs;
+  EXPECT_EQ(catalogs.load(malformed, "de"), message_catalogs::entity_not_found);
+  EXPECT_TRUE(catalogs == nil);
 }
 
 }  // namespace

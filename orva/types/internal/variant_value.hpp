@@ -8,6 +8,7 @@
 #include <ostream>
 #include <string>
 #include <type_traits>
+#include <typeinfo>
 #include <utility>
 
 #include "orva/types/internal/value_conversion.hpp"
@@ -107,5 +108,17 @@ class variant_value_t final : public variant_type {
 
   const stored value_;
 };
+
+namespace _private {
+
+/// The payload as the class that holds a T; null if it holds another type. All payloads are made in this
+/// library, so the address of the type_info is enough to compare.
+template <typename T>
+const variant_value_t<T>* payload_of(const variant_type& payload) noexcept {
+  const bool found = &typeid(payload) == &typeid(variant_value_t<T>);
+  return found ? static_cast<const variant_value_t<T>*>(&payload) : nullptr;
+}
+
+}  // namespace _private
 
 }  // namespace ORVA_NAMESPACE::types
