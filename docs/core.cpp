@@ -37,36 +37,20 @@ struct editor {
   std::string name;
 };
 
-// ... or any other callable, here a plain function.
-class function_hook : public functor::function_type_interface<debug::assert_hook> {
- public:
-  using function = void (*)(const char*, const char*, unsigned int&);
-
-  explicit function_hook(function target) : target_(target) {}
-  void operator()(const char* text, const char* file, unsigned int& line) override {
-    target_(text, file, line);
-  }
-  bool equal(const function_type_interface& other) const override {
-    const auto* same_kind = dynamic_cast<const function_hook*>(&other);
-    return same_kind != nullptr && same_kind->target_ == target_;
-  }
-  function_hook* clone() const override { return new function_hook(*this); }
-
- private:
-  function target_;
-};
-
+// ... or anything else that can be called: a lambda, or a plain function.
 void report(const char* text, const char*, unsigned int&) {
   std::cout << "assertion failed: " << text << '\n';
 }
 
 int main() {
+  exceptions::install_terminate_handler();  // what nothing catches is described on standard error
   try {
     push(8, 8);
   } catch (const exceptions::exception& failure) {
     const auto& place = failure.error_state();
     std::cout << failure.message() << " [" << place.function() << ", " << place.file() << ':' << place.line()
               << "]\n";
+    std::cout << exceptions::describe() << '\n';
   }
 
   document_pointer first = generic::abilities::create_dynamic<document>("report");
@@ -81,10 +65,14 @@ int main() {
   if (!on_change) std::cout << "no listener\n";
   on_change = functor::member_function_t(&window, &editor::show);
   on_change("a change");
+  int changes = 0;
+  on_change = [&changes](const strings::ustring8&) { ++changes; };
+  on_change("another change");
+  std::cout << changes << " counted\n";
 
   const int pages = 0;
   ORVA_ASSERT(pages > 0);  // no hook: silent
-  debug::set_assert_hook(function_hook(report));
+  debug::set_assert_hook(report);
   ORVA_ASSERT(pages > 0);
   ORVA_CONTEXT_ASSERT(pages > 0, "%d pages in %s", pages, third->title().c_str());
   debug::set_assert_hook(types::nil);

@@ -36,6 +36,11 @@ int main() {
   std::cout << "4. " << disk_free.has_valid_args(varg_list()) << disk_free.has_valid_args(enough) << '\n';
   std::cout << "5. " << disk_free.count() << " items, " << disk_free.argument_count() << " placeholders\n";
 
+  // A message without placeholders is text in a stream and in a sum.
+  const message_t no_room("no_room", {message_item("no room")});
+  std::cout << "6. " << no_room << '\n';
+  show("7. ", "Error: " + no_room + '!');
+
   // Attributes:
   show("int       ", rendered(message_item::integer, "n|base|spaced_dec", 1234567));
   show("          ", rendered(message_item::integer, "n|base|hex", 255));

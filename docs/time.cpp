@@ -1,5 +1,4 @@
 #include <chrono>
-#include <iomanip>
 #include <iostream>
 #include <string_view>
 
@@ -13,15 +12,9 @@ using date_time::month_end;
 using date_time::time_duration;
 using date_time::timer;
 
-// The classes have no text: a program writes dates as its users expect them.
+// `<<` writes ISO 8601. A program's own operator is preferred, here for dates.
 std::ostream& operator<<(std::ostream& stream, const date_time::date& d) {
   return stream << d.day() << '.' << d.month() << '.' << d.year();
-}
-
-std::ostream& operator<<(std::ostream& stream, const date_time::time& t) {
-  const auto two = std::setw(2);
-  return stream << std::setfill('0') << two << t.hour() << ':' << two << t.minute() << ':' << two
-                << t.second() << '.' << std::setw(3) << t.millisecond();
 }
 
 void dates() {
@@ -50,6 +43,7 @@ void times() {
   const time_duration back = date_time::time(6, 15, 0, 0) - evening;
   std::cout << "from evening to morning: " << back.hour() << " h " << back.minute() << " min, "
             << back.total_hours() << " hours\n";
+  std::cout << "the same in ISO 8601: " << back << '\n';
   const milliseconds week = 7LL * 24 * 3600 * 1000;
   std::cout << "a week: " << week.total_complete_hours() << " hours, " << int{week} << " ms\n";
 }
@@ -60,6 +54,7 @@ void both() {
   std::cout << "5 hours on: " << t.date() << ' ' << t.time() << '\n';
   t += date_duration(1);
   std::cout << "and a day: " << t.date() << ' ' << t.time() << '\n';
+  std::cout << "in ISO 8601: " << t << '\n';
   t += time_duration(25, 0, 0, 0);
   std::cout << "25 hours on: " << t.date() << ' ' << t.time() << '\n';
   try {

@@ -21,7 +21,9 @@
 #include "orva/diagnostics/report.hpp"
 #include "orva/diagnostics/write.hpp"
 // exceptions
+#include "orva/exceptions/describe.hpp"
 #include "orva/exceptions/exception.hpp"
+#include "orva/exceptions/terminate_handler.hpp"
 #include "orva/export.hpp"
 // functor
 #include "orva/functor/delegate.hpp"

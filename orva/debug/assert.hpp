@@ -1,7 +1,8 @@
 /// Assertions that call a hook and never stop the program.
 ///
-///     struct report : functor::function_type_interface<debug::assert_hook> { ... };
-///     debug::set_assert_hook(report{});
+///     debug::set_assert_hook([](const char* condition, const char* file, unsigned int& line) {
+///       std::cerr << file << ':' << line << ": " << condition << '\n';
+///     });
 ///     ORVA_ASSERT(index < size);
 ///     ORVA_CONTEXT_ASSERT(index < size, "index %u of %u", index, size);
 ///

@@ -20,6 +20,8 @@
 ///         overflow_error                a number above the range of its type
 ///         underflow_error               a number below the range of its type
 ///
+/// `orva/exceptions/describe.hpp` writes any exception as one text: class, message, place and causes.
+///
 /// Edge cases: docs/edges.md#core
 #pragma once
 

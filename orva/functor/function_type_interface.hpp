@@ -1,6 +1,7 @@
 /// `function_type_interface`: the base of the function objects of `delegate_t`.
 ///
-/// Derive from it to make any callable usable through a delegate:
+/// A delegate takes lambdas and other callables as they are. Derive from this class where a function object
+/// needs its own rule for copies or for equality:
 ///
 ///     struct report : functor::function_type_interface<void(int)> {
 ///       void operator()(int value) override { std::cout << value; }

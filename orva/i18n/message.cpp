@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <ostream>
 #include <unordered_set>
 
 #include "orva/i18n/formatters.hpp"
@@ -159,5 +160,15 @@ bool message_t::has_valid_args(const generic::varg_list& args) const {
     return !is_placeholder(item) || find_argument(args, placeholder(item.data_).name) != args.end();
   });
 }
+
+namespace _private {
+
+std::ostream& write(std::ostream& stream, const message_t& message) { return stream << message.as_string(); }
+
+void write_quoted(std::ostream& stream, const message_t& message) {
+  stream << '"' << message.as_string() << '"';
+}
+
+}  // namespace _private
 
 }  // namespace ORVA_NAMESPACE::i18n

@@ -12,20 +12,31 @@
 /// argument and a format. Rendering a message with a list of arguments gives text in any of the library's
 /// string classes. Messages usually come from the catalogs of `message_catalogs`.
 ///
+/// Without arguments, a message is text wherever text is written or joined; its placeholders read "?invalid?"
+/// then, so render a message that has some with `as_utf8(args)` and its like:
+///
+///     std::cout << message                           writes message.as_utf8()
+///     "Error: " + message, message + name            a ustring8
+///     ustring16, ustring32 + message                 the same class, by as_utf16() and as_utf32()
+///
 /// Messages are values. Threads: any number of threads may render a message while none changes it.
 ///
 /// Edge cases: docs/edges.md#messages.
 #pragma once
 
+#include <concepts>
+#include <iosfwd>
 #include <map>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
 #include "orva/export.hpp"
 #include "orva/generic/varg_list.hpp"
 #include "orva/strings/ustring.hpp"
+#include "orva/strings/ustring_for.hpp"
 #include "orva/types/integers.hpp"
 #include "orva/types/nil.hpp"
 
@@ -176,5 +187,52 @@ class ORVA_API message_t {
   strings::ustring8 orginal_locale_;
   strings::ustring8 meta_;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const message_t& message);
+/// The text in quotation marks.
+ORVA_API void write_quoted(std::ostream& stream, const message_t& message);
+
+/// `as_utf8`, `as_utf16` or `as_utf32`.
+template <typename Ustring>
+Ustring rendered_as(const message_t& message) {
+  if constexpr (std::is_same_v<Ustring, strings::ustring16>) {
+    return message.as_utf16();
+  } else if constexpr (std::is_same_v<Ustring, strings::ustring32>) {
+    return message.as_utf32();
+  } else {
+    return message.as_utf8();
+  }
+}
+
+}  // namespace _private
+
+// These are templates, so that what only converts to a message is no operand of them, and so that a program's
+// own operators for messages are preferred.
+
+/// Writes `as_utf8()`, as one field of the stream.
+template <std::same_as<message_t> Message>
+std::ostream& operator<<(std::ostream& stream, const Message& message) {
+  return _private::write(stream, message);
+}
+
+/// Text of any width and a message: the library's string of that width. The forms other than UTF-8 are those
+/// of `as_utf16` and `as_utf32`, which are the text "-1" for a message that is not well-formed.
+template <strings::any_text Text, std::same_as<message_t> Message>
+strings::ustring_for<Text> operator+(const Text& text, const Message& message) {
+  return text + _private::rendered_as<strings::ustring_for<Text>>(message);
+}
+
+template <std::same_as<message_t> Message, strings::any_text Text>
+strings::ustring_for<Text> operator+(const Message& message, const Text& text) {
+  return _private::rendered_as<strings::ustring_for<Text>>(message) + text;
+}
+
+/// How GoogleTest shows a message; it would list the pieces without this.
+template <std::same_as<message_t> Message>
+void PrintTo(const Message& message, std::ostream* stream) {
+  _private::write_quoted(*stream, message);
+}
 
 }  // namespace ORVA_NAMESPACE::i18n

@@ -10,6 +10,8 @@
 /// joined. Order is by code unit value, so it is case-sensitive and independent of the locale. The strings
 /// are keys of maps and sets, hashed ones too.
 ///
+/// `stream << wide` writes a `ustring16` or `ustring32` to a `std::ostream` in UTF-8.
+///
 /// Failures are those of the standard string (`std::out_of_range`, `std::length_error`). Threads may share
 /// values as they may share standard strings.
 ///
@@ -19,12 +21,14 @@
 #include <concepts>
 #include <cstddef>
 #include <functional>
+#include <iosfwd>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 #include <type_traits>
 #include <utility>
 
+#include "orva/export.hpp"
 #include "orva/strings/code_unit.hpp"
 
 namespace ORVA_NAMESPACE::strings {
@@ -116,6 +120,41 @@ template <typename Left, _private::ustring Right>
 std::remove_cvref_t<Right> operator+(Left&& left,
                                      Right&& right) requires _private::plain_addend_to<Left, Right> {
   return _private::sum<std::remove_cvref_t<Right>>(left, right);
+}
+
+namespace _private {
+
+template <typename Unit>
+concept wide_unit = code_unit<Unit> && !std::same_as<Unit, char>;
+
+ORVA_API std::ostream& write_utf8(std::ostream& stream, ustring16::view text);
+ORVA_API std::ostream& write_utf8(std::ostream& stream, ustring32::view text);
+/// The text in quotation marks.
+ORVA_API void write_quoted(std::ostream& stream, ustring8::view text);
+ORVA_API void write_quoted(std::ostream& stream, ustring16::view text);
+ORVA_API void write_quoted(std::ostream& stream, ustring32::view text);
+
+}  // namespace _private
+
+/// Writes wide text as `to_utf8` converts it, with U+FFFD for each malformed part, as one field: the width of
+/// the stream counts bytes.
+template <_private::wide_unit Unit>
+std::ostream& operator<<(std::ostream& stream, const basic_ustring<Unit>& text) {
+  return _private::write_utf8(stream, text);
+}
+
+/// The same for views. A view is a type of the standard library, so this operator is found only where this
+/// namespace is used: after `using orva::strings::operator<<;`. Arrays and pointers of wide units stay
+/// refused as the standard library refuses them.
+template <_private::wide_unit Unit>
+std::ostream& operator<<(std::ostream& stream, std::basic_string_view<Unit> text) {
+  return _private::write_utf8(stream, text);
+}
+
+/// How GoogleTest shows a string of the library; it would list the units without this.
+template <code_unit Unit>
+void PrintTo(const basic_ustring<Unit>& text, std::ostream* stream) {
+  _private::write_quoted(*stream, text);
 }
 
 }  // namespace ORVA_NAMESPACE::strings

@@ -14,8 +14,10 @@ set(exported_private
   "debug::_private::_+ASSERT_+\\("
   "debug::_private::_+CONTEXT__ASSERT_+\\("
   "generic::convert::_private::(read|write)_(signed|unsigned)\\("
-  "strings::_private::converted<"
+  "strings::_private::(converted<|write_(utf8|quoted)\\()"
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
+  "i18n::_private::write(_quoted)?\\("
+  "system::date_time::_private::write\\("
   "i18n::_private::(xmc_file_loader|load_error)")
 list(JOIN exported_private "|" exported_private)
 # Called by installed headers of internal/.

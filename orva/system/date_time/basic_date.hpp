@@ -7,7 +7,10 @@
 /// computes with the calendar.
 #pragma once
 
-#include "orva/version.hpp"
+#include <concepts>
+#include <iosfwd>
+
+#include "orva/export.hpp"
 
 namespace ORVA_NAMESPACE::system::date_time {
 
@@ -27,5 +30,18 @@ class basic_date {
   unsigned int month_ = 0;
   unsigned int day_ = 0;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const basic_date& value);
+
+}  // namespace _private
+
+/// Writes the fields as they are: "2024-05-17", "0000-13-00". A template, so that a program's own `<<` for
+/// this type is preferred.
+template <std::same_as<basic_date> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

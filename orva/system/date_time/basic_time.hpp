@@ -7,7 +7,10 @@
 /// computes with them.
 #pragma once
 
-#include "orva/version.hpp"
+#include <concepts>
+#include <iosfwd>
+
+#include "orva/export.hpp"
 
 namespace ORVA_NAMESPACE::system::date_time {
 
@@ -30,5 +33,18 @@ class basic_time {
   int second_ = 0;
   int millisecond_ = 0;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const basic_time& value);
+
+}  // namespace _private
+
+/// Writes the fields as they are: "08:30:00.000", "25:00:-1.000". A template, so that a program's own `<<`
+/// for this type is preferred.
+template <std::same_as<basic_time> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

@@ -17,13 +17,17 @@
 /// A day or month out of range raises `exceptions::out_of_range`; the field is unchanged then.
 ///
 /// A value of twelve bytes; any thread may read one that no thread changes. All but the two clock readings
-/// can be used in constant expressions. There are no comparisons, no text and no difference of two dates.
+/// can be used in constant expressions. There are no comparisons and no difference of two dates.
 ///
 /// Exact siblings, which refuse instead of wrapping, reach February 29, compare and subtract:
-/// `orva/system/date_time/calendar.hpp`. Dates as text: `orva/system/date_time/iso8601.hpp`.
+/// `orva/system/date_time/calendar.hpp`. `stream << d` writes ISO 8601; dates are read, and written if they
+/// are valid, by `orva/system/date_time/iso8601.hpp`.
 ///
 /// Edge cases: docs/edges.md#dates
 #pragma once
+
+#include <concepts>
+#include <iosfwd>
 
 #include "orva/export.hpp"
 #include "orva/system/date_time/basic_date.hpp"
@@ -135,5 +139,18 @@ class date {
 
   basic_date fields_;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const date& value);
+
+}  // namespace _private
+
+/// Writes `day()` and the other fields as ISO 8601 does: "2024-05-17"; a year above 9999 as "+12024". The
+/// date without fields is "0000-00-00". A template, so that a program's own `<<` for dates is preferred.
+template <std::same_as<date> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

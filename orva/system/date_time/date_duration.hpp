@@ -6,8 +6,11 @@
 /// A plain value. Sums wrap at 32 bits. Can be used in constant expressions.
 #pragma once
 
+#include <concepts>
+#include <iosfwd>
+
+#include "orva/export.hpp"
 #include "orva/internal/wrapping.hpp"
-#include "orva/version.hpp"
 
 namespace ORVA_NAMESPACE::system::date_time {
 
@@ -37,5 +40,18 @@ class date_duration {
  private:
   int days_ = 0;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const date_duration& value);
+
+}  // namespace _private
+
+/// Writes days as ISO 8601 does: "P30D", "-P1D". A template, so that a program's own `<<` for this type is
+/// preferred.
+template <std::same_as<date_duration> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

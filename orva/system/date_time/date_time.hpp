@@ -17,6 +17,9 @@
 /// Edge cases: docs/edges.md#dates
 #pragma once
 
+#include <concepts>
+#include <iosfwd>
+
 #include "orva/export.hpp"
 #include "orva/system/date_time/date.hpp"
 #include "orva/system/date_time/time.hpp"
@@ -141,5 +144,18 @@ class date_time_t {
   date_time::date date_;
   date_time::time time_;
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const date_time_t& value);
+
+}  // namespace _private
+
+/// Writes ISO 8601, to the millisecond and without a time zone: "2024-05-17T08:30:00.000". A template, so
+/// that a program's own `<<` for this type is preferred.
+template <std::same_as<date_time_t> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

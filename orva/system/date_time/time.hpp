@@ -16,13 +16,16 @@
 /// A field out of range raises `exceptions::out_of_range` and is unchanged then.
 ///
 /// A value of sixteen bytes; any thread may read one that no thread changes. All but the two clock readings
-/// can be used in constant expressions. There are no comparisons and no text.
+/// can be used in constant expressions. There are no comparisons.
 ///
-/// Exact siblings, which report the days passed, and compare: `orva/system/date_time/calendar.hpp`. Times as
-/// text: `orva/system/date_time/iso8601.hpp`.
+/// Exact siblings, which report the days passed, and compare: `orva/system/date_time/calendar.hpp`.
+/// `stream << t` writes ISO 8601; `orva/system/date_time/iso8601.hpp` also reads it.
 ///
 /// Edge cases: docs/edges.md#dates
 #pragma once
+
+#include <concepts>
+#include <iosfwd>
 
 #include "orva/export.hpp"
 #include "orva/internal/wrapping.hpp"
@@ -146,5 +149,18 @@ constexpr time_duration minus(const time& to, const time& from) {
           to.millisecond() - from.millisecond()};
 }
 constexpr time_duration operator-(const time& to, const time& from) { return minus(to, from); }
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const time& value);
+
+}  // namespace _private
+
+/// Writes ISO 8601, to the millisecond: "08:30:00.000". A template, so that a program's own `<<` for times is
+/// preferred.
+template <std::same_as<time> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

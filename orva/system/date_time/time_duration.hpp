@@ -17,6 +17,10 @@
 /// Edge cases: docs/edges.md#dates
 #pragma once
 
+#include <concepts>
+#include <iosfwd>
+
+#include "orva/export.hpp"
 #include "orva/internal/wrapping.hpp"
 #include "orva/version.hpp"
 
@@ -93,5 +97,19 @@ class milliseconds : public time_duration {
 
   constexpr milliseconds& assign(const milliseconds& other) { return *this = other; }
 };
+
+namespace _private {
+
+ORVA_API std::ostream& write(std::ostream& stream, const time_duration& value);
+
+}  // namespace _private
+
+/// Writes hours, minutes and seconds as ISO 8601 does, without the parts that are 0: "PT1H30M", "-PT0.005S",
+/// "PT26H", "PT0S". `milliseconds` is not written so but as the `int` that it converts to. A template, so
+/// that a program's own `<<` for this type is preferred.
+template <std::same_as<time_duration> Value>
+std::ostream& operator<<(std::ostream& stream, const Value& value) {
+  return _private::write(stream, value);
+}
 
 }  // namespace ORVA_NAMESPACE::system::date_time

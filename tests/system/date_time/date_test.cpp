@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <ostream>
 #include <type_traits>
 
 #include "tests/system/date_time/raised.hpp"
@@ -12,9 +11,6 @@ namespace ORVA_NAMESPACE::system::date_time {
 
 static bool operator==(const date& left, const date& right) {
   return left.year() == right.year() && left.month() == right.month() && left.day() == right.day();
-}
-static std::ostream& operator<<(std::ostream& stream, const date& value) {
-  return stream << value.day() << '.' << value.month() << '.' << value.year();
 }
 
 }  // namespace ORVA_NAMESPACE::system::date_time

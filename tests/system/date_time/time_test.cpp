@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <ostream>
 #include <random>
 #include <string>
 #include <type_traits>
@@ -16,10 +15,6 @@ namespace ORVA_NAMESPACE::system::date_time {
 static bool operator==(const time& left, const time& right) {
   return left.hour() == right.hour() && left.minute() == right.minute() && left.second() == right.second() &&
          left.millisecond() == right.millisecond();
-}
-static std::ostream& operator<<(std::ostream& stream, const time& value) {
-  return stream << value.hour() << ':' << value.minute() << ':' << value.second() << '.'
-                << value.millisecond();
 }
 
 }  // namespace ORVA_NAMESPACE::system::date_time
