@@ -49,6 +49,30 @@ ustring8 attribute_of(const xml_token_stream& stream, const ustring8& element, c
   return {};
 }
 
+// Errors in words. The line and column are exact.
+void explain(const ustring8& text) {
+  const auto error = xml_parser().parse(text);
+  if (error.type == xml_parser::parse_error::no_error) return;
+  std::cout << error << '\n' << parser::describe(error, text, "menu.xml") << '\n';
+}
+
+// Writing. Each call returns what was wrong with it, if anything.
+ustring8 write_menu(const ustring8& label) {
+  ustring8 text;
+  parser::xml_writer writer(text, {.indent = 2});
+  const auto must = [](const parser::xml_writer::result& done) {
+    if (done.error != parser::xml_writer::error::none) std::cout << "refused: " << done << '\n';
+  };
+  must(writer.start_element("menu"));
+  must(writer.attribute("title", "File & more"));
+  must(writer.start_element("entry"));
+  must(writer.attribute("data-key", "o"));
+  must(writer.attribute("key", "o"));
+  must(writer.text(label));
+  must(writer.finish());
+  return text;
+}
+
 int main() {
   const ustring8 document =
       "<?xml version='1.0'?>\n"
@@ -69,4 +93,7 @@ int main() {
   xml_token_stream stream;
   report(stream.parse(document));
   std::cout << stream.size() << " tokens, the title is " << attribute_of(stream, "menu", "title") << '\n';
+
+  explain("<?xml version='1.0'?>\n<menu title='Text,\nmore text'>\n  <entry>\n</menu>");
+  std::cout << write_menu("Open  a <file>");
 }
