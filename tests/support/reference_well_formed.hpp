@@ -112,12 +112,20 @@ inline front_part front_of(std::basic_string_view<code_unit32> text) {
   return {1, value};
 }
 
+/// The code points and malformed parts of a text, in order.
 template <typename Unit>
-std::optional<strings::malformed_part> first_malformed(std::basic_string_view<Unit> text) {
-  for (std::size_t i = 0; i < text.size();) {
-    const front_part part = front_of(text.substr(i));
-    if (!part.code_point) return strings::malformed_part{i, part.length, part.kind};
-    i += part.length;
+std::vector<front_part> parts_of(std::basic_string_view<Unit> text) {
+  std::vector<front_part> parts;
+  for (std::size_t i = 0; i < text.size(); i += parts.back().length)
+    parts.push_back(front_of(text.substr(i)));
+  return parts;
+}
+
+inline std::optional<strings::malformed_part> first_malformed(const std::vector<front_part>& parts) {
+  std::size_t offset = 0;
+  for (const front_part& part : parts) {
+    if (!part.code_point) return strings::malformed_part{offset, part.length, part.kind};
+    offset += part.length;
   }
   return std::nullopt;
 }
@@ -135,20 +143,16 @@ inline void append(ustring16& to, long value) {
 
 inline void append(ustring32& to, long value) { to.push_back(static_cast<code_unit32>(value)); }
 
-template <typename To, typename From>
-strings::transformed<To> transform(std::basic_string_view<From> text, strings::on_malformed policy) {
+template <typename To>
+strings::transformed<To> transform(const std::vector<front_part>& parts, strings::on_malformed policy) {
   strings::transformed<To> result;
-  for (std::size_t i = 0; i < text.size();) {
-    const front_part part = front_of(text.substr(i));
+  result.first_malformed = first_malformed(parts);
+  for (const front_part& part : parts) {
     if (!part.code_point) {
-      if (result.first_malformed == std::nullopt) {
-        result.first_malformed = strings::malformed_part{i, part.length, part.kind};
-      }
       if (policy == strings::on_malformed::stop) break;
       ++result.replaced;
     }
     append(result.text, part.code_point.value_or(0xFFFD));
-    i += part.length;
   }
   return result;
 }

@@ -2,9 +2,10 @@
 /// the three transforms by the standard give.
 #pragma once
 
-#include <concepts>
+#include <cstddef>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "orva/orva.hpp"
 #include "tests/support/reference_well_formed.hpp"
@@ -28,10 +29,17 @@ class exact_copy {
   std::size_t size_;
 };
 
+using parts = std::vector<reference::front_part>;
+
+template <typename Unit>
+bool agrees_on_malformed(std::basic_string_view<Unit> text, const parts& expected) {
+  const auto malformed = reference::first_malformed(expected);
+  return strings::first_malformed(text) == malformed && strings::is_well_formed(text) == !malformed;
+}
+
 template <typename Unit>
 bool agrees_on_malformed(std::basic_string_view<Unit> text) {
-  const auto expected = reference::first_malformed(text);
-  return strings::first_malformed(text) == expected && strings::is_well_formed(text) == !expected;
+  return agrees_on_malformed(text, reference::parts_of(text));
 }
 
 template <typename Unit>
@@ -41,21 +49,23 @@ bool same(const strings::transformed<Unit>& first, const strings::transformed<Un
 }
 
 template <typename Unit>
-bool agrees_with_policy(std::basic_string_view<Unit> text, strings::on_malformed policy) {
+bool agrees_with_policy(std::basic_string_view<Unit> text, const parts& expected,
+                        strings::on_malformed policy) {
   using strings::code_unit16;
   using strings::code_unit32;
-  return same(strings::to_utf8(text, policy), reference::transform<char>(text, policy)) &&
-         same(strings::to_utf16(text, policy), reference::transform<code_unit16>(text, policy)) &&
-         same(strings::to_utf32(text, policy), reference::transform<code_unit32>(text, policy));
+  return same(strings::to_utf8(text, policy), reference::transform<char>(expected, policy)) &&
+         same(strings::to_utf16(text, policy), reference::transform<code_unit16>(expected, policy)) &&
+         same(strings::to_utf32(text, policy), reference::transform<code_unit32>(expected, policy));
 }
 
 /// Whether all that the library says about `text` is right.
 template <typename Unit>
 bool agrees(std::basic_string_view<Unit> text) {
   const exact_copy<Unit> copy(text);
-  return agrees_on_malformed(copy.view()) &&
-         agrees_with_policy(copy.view(), strings::on_malformed::replace) &&
-         agrees_with_policy(copy.view(), strings::on_malformed::stop);
+  const parts expected = reference::parts_of(text);
+  return agrees_on_malformed(copy.view(), expected) &&
+         agrees_with_policy(copy.view(), expected, strings::on_malformed::replace) &&
+         agrees_with_policy(copy.view(), expected, strings::on_malformed::stop);
 }
 
 }  // namespace orva_test
