@@ -3,6 +3,7 @@
 /// Internal: installed, since the decoders and encoders of code pages hold one.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <string_view>
 
@@ -13,13 +14,16 @@ namespace ORVA_NAMESPACE::strings::_private {
 /// At most three units, and room for the one that completes them.
 template <code_unit Unit>
 struct cut_character {
-  Unit units[4] = {};
+  static constexpr std::size_t most_units = 3;
+
+  Unit units[most_units + 1] = {};
   std::size_t size = 0;
 
   std::basic_string_view<Unit> view() const { return {units, size}; }
+  /// `rest` may be the end of `view`.
   void keep(std::basic_string_view<Unit> rest) {
-    size = rest.size();
-    for (std::size_t i = 0; i < size; ++i) units[i] = rest[i];
+    size = std::min(rest.size(), most_units);
+    std::copy_n(rest.data(), size, units);
   }
 };
 
