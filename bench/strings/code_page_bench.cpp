@@ -5,6 +5,9 @@
 /// largest size, which is cut afterwards. Rates are bytes of the encoded text per second. "Long" is 64 KB of
 /// words in the page's own letters, every fourth one in Latin letters; "Best_fit" are letters that are not in
 /// the page.
+///
+/// "Checked" conversions list what they lose, as iconv stops there: here they lose nothing, except in
+/// "Best_fit" and "Undefined", where each character is lost. "Pieces" are 4 KB each.
 #include <benchmark/benchmark.h>
 #include <iconv.h>
 #include <unicode/ucnv.h>
@@ -13,6 +16,7 @@
 #include <memory>
 #include <random>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "orva/orva.hpp"
@@ -110,6 +114,7 @@ constexpr subject subjects[] = {
     {code_page::koi8_r, "koi8_r", "ibm-878_P100-1996", "KOI8-R", 0x410, 0x44F, 9},
     {code_page::cp_932, "932", "ibm-943_P15A-2003", "CP932", 0x3041, 0x3093, 20},
     {code_page::cp_936, "936", "ibm-1386_P100-2001", "CP936", 0x4E00, 0x9FA5, 20},
+    {code_page::utf8, "utf8", "UTF-8", "UTF-8", 0x410, 0x44F, 9},
 };
 
 ustring16 words_of(const subject& of, std::size_t units) {
@@ -137,6 +142,15 @@ void add(const std::string& name, const Source& source, std::size_t bytes, Conve
   });
 }
 
+ustring16 decode_in_pieces(const code_page& page, std::string_view bytes) {
+  constexpr std::size_t piece = 4096;
+  orva::strings::basic_page_decoder<orva::strings::code_unit16> decoder(page);
+  ustring16 text;
+  for (std::size_t at = 0; at < bytes.size(); at += piece) decoder.decode(bytes.substr(at, piece), text);
+  decoder.finish(text);
+  return text;
+}
+
 void add_text(const subject& of, const std::string& length, const ustring16& text) {
   const code_page page(of.type);
   const std::string bytes = page.encode(text);
@@ -145,11 +159,18 @@ void add_text(const subject& of, const std::string& length, const ustring16& tex
   const std::string decode = std::string("decode/") + of.name + "/" + length;
   add(decode + "/orva", bytes, bytes.size(),
       [=](const std::string& source) { return page.as_utf16(source); });
+  add(decode + "/orva_checked", bytes, bytes.size(), [=](const std::string& source) {
+    return orva::strings::decode_checked<orva::strings::code_unit16>(page, source);
+  });
+  add(decode + "/orva_pieces", bytes, bytes.size(),
+      [=](const std::string& source) { return decode_in_pieces(page, source); });
   add(decode + "/icu", bytes, bytes.size(), [=](const std::string& source) { return icu->decode(source); });
   add(decode + "/iconv", bytes, bytes.size(),
       [=](const std::string& source) { return iconv->decode(source); });
   const std::string encode = std::string("encode/") + of.name + "/" + length;
   add(encode + "/orva", text, bytes.size(), [=](const ustring16& source) { return page.encode(source); });
+  add(encode + "/orva_checked", text, bytes.size(),
+      [=](const ustring16& source) { return orva::strings::encode_checked(page, source); });
   add(encode + "/icu", text, bytes.size(), [=](const ustring16& source) { return icu->encode(source); });
   add(encode + "/iconv", text, bytes.size(), [=](const ustring16& source) { return iconv->encode(source); });
 }
@@ -160,8 +181,13 @@ const bool all_added = [] {
     add_text(of, "16_characters", words_of(of, 16));
   }
   const code_page page(code_page::cp_1252);
-  add("encode/1252/Best_fit/orva", words_of({{}, "", "", "", 0x100, 0x17F, 9}, 65536), 65536,
+  const ustring16 best_fit = words_of({{}, "", "", "", 0x100, 0x17F, 9}, 65536);
+  add("encode/1252/Best_fit/orva", best_fit, 65536,
       [=](const ustring16& source) { return page.encode(source); });
+  add("encode/1252/Best_fit/orva_checked", best_fit, 65536,
+      [=](const ustring16& source) { return orva::strings::encode_checked(page, source); });
+  add("decode/1252/Undefined/orva_checked", std::string(65536, '\x81'), 65536,
+      [=](const std::string& source) { return orva::strings::decode_checked(page, source); });
   return true;
 }();
 
