@@ -10,26 +10,24 @@
 #pragma once
 
 #include <algorithm>
-#include <charconv>
 #include <cmath>
 #include <concepts>
 #include <initializer_list>
-#include <iterator>
 #include <limits>
-#include <locale>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <system_error>
 #include <utility>
 
-#include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/read_number.hpp"
+#include "orva/generic/convert/write_number.hpp"
 #include "orva/strings/standard_transforms.hpp"
 #include "orva/strings/text_view.hpp"
 #include "orva/strings/ustring.hpp"
 #include "orva/types/internal/stored_types.hpp"
 #include "orva/types/internal/value_conversion.hpp"
 #include "orva/types/nil.hpp"
+#include "orva/types/radix.hpp"
 
 namespace ORVA_NAMESPACE::types::_private {
 
@@ -88,21 +86,11 @@ std::optional<bool> exact_bool(Source value) {
 // Numbers to text.
 
 /// The shortest text that reads back as `value`.
-template <std::floating_point Floating>
-std::string shortest_text(Floating value) {
-  // A sign, a point, leading zeros or an exponent, beside the digits.
-  char digits[std::numeric_limits<Floating>::max_digits10 + 24];
-  return {digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr};
-}
-
 template <text_class Target, number Source>
 Target exact_text(Source value) {
-  if constexpr (std::floating_point<Source>) {
-    const std::string text = shortest_text(value);
-    return Target(text.begin(), text.end());
-  } else {
-    return Target(to_text<typename Target::value_type>(value));
-  }
+  namespace convert = generic::convert;
+  typename Target::value_type text[convert::number_buffer_size];
+  return Target(text, convert::write_number(text, text + convert::number_buffer_size, value).end);
 }
 
 // Text to text.
@@ -131,52 +119,10 @@ std::optional<Target> exact_text(const basic_ustring<From>& text) {
 // Text to numbers and to `bool`.
 
 /// The radix of an integer is that of its prefix, as it is for the accessors.
-template <integer Target>
-std::optional<Target> parse_whole(std::string_view text) {
-  const bool negative = text.starts_with('-');
-  if (negative || text.starts_with('+')) text.remove_prefix(1);
-  int radix = 10;
-  if (text.size() > 1 && text[0] == '0') {
-    const bool hexadecimal = text[1] == 'x' || text[1] == 'X';
-    const bool binary = text[1] == 'b' || text[1] == 'B';
-    radix = hexadecimal ? 16 : binary ? 2 : 8;
-    text.remove_prefix(radix == 8 ? 1 : 2);
-  }
-  unsigned long long magnitude = 0;
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, magnitude, radix);
-  if (result.ec != std::errc() || result.ptr != end) return {};
-  if (!negative) return exact_number<Target>(magnitude);
-  if (magnitude > 1ULL << 63) return {};
-  return exact_number<Target>(static_cast<long long>(0 - magnitude));
-}
-
-template <std::floating_point Target>
-Target read_as_a_stream(std::string_view text) {
-  namespace convert = generic::convert;
-  const std::locale& point = std::locale::classic();
-  if constexpr (std::same_as<Target, float>) return convert::str_to_float(text, point);
-  if constexpr (std::same_as<Target, double>) return convert::str_to_double(text, point);
-  if constexpr (std::same_as<Target, long double>) return convert::str_to_long_double(text, point);
-}
-
-template <std::floating_point Target>
-std::optional<Target> parse_whole(std::string_view text) {
-  Target value{};
-  const char* const end = text.data() + text.size();
-  const auto result = std::from_chars(text.data(), end, value);
-  if (result.ec == std::errc::invalid_argument || result.ptr != end) return {};
-  if (result.ec == std::errc()) return value;
-  // Some standard libraries report a subnormal number as out of range, too.
-  value = read_as_a_stream<Target>(text);
-  if (value == 0 || std::isinf(value)) return {};
-  return value;
-}
-
 template <number Target, code_unit From>
 std::optional<Target> parse_whole(const basic_ustring<From>& text) {
-  const auto utf8 = exact_text<strings::ustring8>(text);
-  return utf8 ? parse_whole<Target>(std::string_view(*utf8)) : std::nullopt;
+  constexpr auto radix = integer<Target> ? radix_t::prefix : radix_t::decimal;
+  return generic::convert::parse_number<Target>(text, radix);
 }
 
 template <code_unit From>
