@@ -22,6 +22,11 @@ int main() {
   std::cout << strings::to_upper("grün") << ' ' << strings::lower_case("HEADER", 1, strings::end_of_text)
             << '\n';
 
+  // Character by character, by Unicode.
+  std::cout << strings::unicode_upper("grün, Straße") << ' ' << strings::unicode_lower("ΟΔΟΣ") << ' '
+            << strings::unicode_upper("izmir", strings::case_rules::turkic) << '\n';
+  std::cout << (strings::equal_caseless("STRASSE", "Straße") ? "equal" : "different") << '\n';
+
   // The first sequence of a buffer.
   std::cout << strings::gh2::get_utf8_length("ü", 2) << ' ' << strings::gh2::validate_utf8("\xC3", 1) << '\n';
 }
