@@ -13,8 +13,8 @@ endif()
 set(exported_private
   "debug::_private::_+ASSERT_+\\("
   "debug::_private::_+CONTEXT__ASSERT_+\\("
-  "generic::convert::_private::(read|write)_(signed|unsigned)\\("
-  "strings::_private::(converted<|write_(utf8|quoted)\\()"
+  "generic::convert::_private::(read|write)_(signed|unsigned|integer|floating)[<(]"
+  "strings::_private::((converted|compare_caseless|map_case)<|write_(utf8|quoted)\\()"
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
   "i18n::_private::write(_quoted)?\\("
   "system::date_time::_private::write\\("
