@@ -51,6 +51,7 @@ enum class frame_error {
   data_after_end,  ///< `read_frame`: the data ends with the frame.
 };
 
+/// What is wrong with a frame, and where.
 struct frame_failure {
   frame_error error = frame_error::none;
   /// Bytes from the beginning of the frame: to the header, record or chunk that is damaged or invalid, to the

@@ -18,6 +18,7 @@ set(exported_private
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
   "i18n::_private::write(_quoted)?\\("
   "system::date_time::_private::write\\("
+  "types::_private::exact_value\\("
   "i18n::_private::(xmc_file_loader|load_error)")
 list(JOIN exported_private "|" exported_private)
 # Called by installed headers of internal/.
