@@ -1,3 +1,4 @@
+#include <bit>
 #include <cstdint>
 #include <limits>
 #include <string_view>
@@ -55,7 +56,8 @@ template <typename Floating, typename Unit>
 [[gnu::always_inline]] inline magnitude<Floating, Unit> read_decimal(const Unit* at, const Unit* end) {
   const decimal_number<Unit> number = internal::find_decimal(at, end);
   if (number.end == nullptr) return read_word<Floating>(at, end);
-  return nearest(internal::nearest_floating<Floating>(number), number.end, number.digits.is_zero());
+  return nearest(internal::nearest_floating<Floating>(number), number.end,
+                 number.digits == 0 && !number.is_long);
 }
 
 /// The end of digits with at most one point; `at` if there is no digit.
@@ -98,7 +100,9 @@ magnitude<Floating, Unit> read_hexadecimal(const Unit* at, const Unit* end) {
     digits = {digits.low, 0};
     exponent -= 64;
   }
-  return nearest(internal::round_to_floating<Floating>(digits, exponent), number_end, false);
+  const int leading = std::countl_zero(digits.high);
+  digits = internal::shifted_left(digits, leading);
+  return nearest(internal::round_to_floating<Floating>(digits, exponent - leading), number_end, false);
 }
 
 /// The radix is one that floating values have.

@@ -11,8 +11,10 @@ using internal::decimal_digits;
 using internal::digit_run;
 using internal::digits_of;
 
-constexpr integer_result bad_radix = {0, 0, number_error::bad_radix};
-constexpr integer_result no_number = {0, 0, number_error::no_number};
+constexpr integer_result result_of(std::uint64_t bits, std::size_t length, number_error error) {
+  constexpr std::uint64_t length_mask = (std::uint64_t{1} << 61) - 1;
+  return {bits, length & length_mask, static_cast<std::uint64_t>(error) & 7};
+}
 
 /// The radix that a text without its sign has by its prefix, and the length of the prefix. The zero of octal
 /// numbers is a digit as well.
@@ -38,19 +40,19 @@ template <typename Digits, typename Unit>
                                                             std::size_t skipped, bool is_negative,
                                                             std::uint64_t bound) {
   digit_run run = internal::read_digits(digits, text.data(), text.size(), bound);
-  if (run.length == 0) return no_number;
+  if (run.length == 0) return result_of(0, 0, number_error::no_number);
   if (run.in_range)
-    return {is_negative ? 0 - run.value : run.value, skipped + run.length, number_error::none};
+    return result_of(is_negative ? 0 - run.value : run.value, skipped + run.length, number_error::none);
   while (run.length < text.size() && digits.value(as_unsigned(text[run.length])) < digits.radix) ++run.length;
-  if (is_negative) return {0 - bound, skipped + run.length, number_error::too_small};
-  return {bound, skipped + run.length, number_error::too_large};
+  if (is_negative) return result_of(0 - bound, skipped + run.length, number_error::too_small);
+  return result_of(bound, skipped + run.length, number_error::too_large);
 }
 
 /// Every radix but 10. Apart from the decimal numbers, which would be slower otherwise.
 template <typename Unit>
 [[gnu::noinline]] integer_result read_in_radix(view<Unit> text, unsigned int radix, std::size_t skipped,
                                                bool is_negative, std::uint64_t bound) {
-  if (radix == 1 || radix > 36) return bad_radix;
+  if (radix == 1 || radix > 36) return result_of(0, 0, number_error::bad_radix);
   if (radix == types::radix_t::prefix) {
     const prefix found = prefix_of(text);
     radix = found.radix;

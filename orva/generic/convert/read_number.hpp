@@ -83,11 +83,12 @@ struct integer_limits {
   std::uint64_t min_magnitude;
 };
 
-/// The bits are those of a number of 64 bits.
+/// The bits are those of a number of 64 bits. Length and error share a word, so that the result is returned
+/// in registers.
 struct integer_result {
   std::uint64_t bits;
-  std::size_t length;
-  number_error error;
+  std::uint64_t length : 61;
+  std::uint64_t error : 3;
 };
 
 template <typename Unit>
@@ -139,9 +140,10 @@ template <any_number Number, strings::any_text Text>
   if constexpr (any_integer<Number>) {
     using limits = std::numeric_limits<Number>;
     constexpr auto max = static_cast<std::uint64_t>(limits::max());
-    const auto [bits, length, error] =
+    const _private::integer_result result =
         _private::read_integer(units, radix, {max, limits::is_signed ? max + 1 : 0});
-    return {static_cast<Number>(bits), length, error};
+    return {static_cast<Number>(result.bits), static_cast<std::size_t>(result.length),
+            static_cast<number_error>(result.error)};
   } else {
     return _private::read_floating<Number>(units, radix);
   }

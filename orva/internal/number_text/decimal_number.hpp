@@ -123,12 +123,12 @@ const Unit* append_many_digits(const Unit* at, const Unit* end, std::uint64_t& n
 
 template <typename Unit>
 struct decimal_number {
-  /// The first significant digits, times ten to `exponent`.
-  wide_number digits = {0, 0};
+  /// The digits times ten to `exponent`, unless the number is long.
+  std::uint64_t digits = 0;
   std::int64_t exponent = 0;
 
-  /// The number has more digits: it is greater than `digits`, and less than `digits + 1`.
-  bool has_further_digits = false;
+  /// The number has more digits than one word.
+  bool is_long = false;
 
   /// All digits with their point, and the exponent after them.
   const Unit* mantissa = nullptr;
@@ -137,56 +137,57 @@ struct decimal_number {
 
   /// The end of the number, null if the text does not begin with one.
   const Unit* end = nullptr;
-
-  /// Whether the digits need one word only.
-  bool is_short() const { return digits.high == 0; }
 };
 
-/// Whether a number of so many digits has more of them than one word, zeros in front not counted.
+/// Whether so many digits are more than one word has, zeros in front not counted.
 template <typename Unit>
-bool exceeds_short_digits(const decimal_number<Unit>& number, std::ptrdiff_t digit_count) {
+bool exceeds_short_digits(const Unit* at, const Unit* end, std::ptrdiff_t digit_count) {
   if (digit_count <= max_short_digits) return false;
-  const Unit* at = number.mantissa;
-  for (; at != number.mantissa_end && (as_unsigned(*at) == '0' || as_unsigned(*at) == '.'); ++at) {
+  for (; at != end && (as_unsigned(*at) == '0' || as_unsigned(*at) == '.'); ++at) {
     if (as_unsigned(*at) == '0') --digit_count;
   }
   return digit_count > max_short_digits;
 }
 
-template <typename Unit>
-[[gnu::noinline]] void keep_first_digits(decimal_number<Unit>& number) {
-  wide_number digits = {0, 0};
-  const auto append = [&digits](unsigned int digit) {
-    const wide_number low = wide_product(digits.low, 10);
-    digits = wide_sum({digits.high * 10 + low.high, low.low}, {0, digit});
-  };
-  const digit_tail tail =
-      take_first_digits(decimal_digits{}, number.mantissa, number.mantissa_end, max_first_digits, append);
-  number.digits = digits;
-  number.exponent = tail.exponent + number.written_exponent;
-  number.has_further_digits = tail.has_further_digits;
-}
-
 /// The number at the front of a text, without a sign. Digits may be missing on one side of the point.
+///
+/// Inlined into a caller that uses the members alone, the result is never in memory. That is most of the time
+/// of a short number.
 template <typename Unit>
 [[gnu::always_inline]] inline decimal_number<Unit> find_decimal(const Unit* at, const Unit* end) {
   decimal_number<Unit> number;
   number.mantissa = at;
-  at = append_digits(at, end, number.digits.low);
+  at = append_digits(at, end, number.digits);
   std::ptrdiff_t digit_count = at - number.mantissa;
   if (at != end && as_unsigned(*at) == '.') {
     const Unit* const fraction = at + 1;
-    const Unit* const fraction_end = append_many_digits(fraction, end, number.digits.low);
-    number.exponent = fraction - fraction_end;
-    digit_count += fraction_end - fraction;
-    at = fraction_end;
+    at = append_many_digits(fraction, end, number.digits);
+    number.exponent = fraction - at;
+    digit_count += at - fraction;
   }
   if (digit_count == 0) return number;
   number.mantissa_end = at;
   number.end = read_exponent(at, end, 'e', number.written_exponent);
   number.exponent += number.written_exponent;
-  if (exceeds_short_digits(number, digit_count)) keep_first_digits(number);
+  number.is_long = exceeds_short_digits(number.mantissa, number.mantissa_end, digit_count);
   return number;
+}
+
+/// As many digits of a number as two words have.
+struct first_digits {
+  wide_number digits = {0, 0};
+  digit_tail tail;
+};
+
+template <typename Unit>
+first_digits first_digits_of(const Unit* mantissa, const Unit* mantissa_end) {
+  first_digits result;
+  const auto append = [&digits = result.digits](unsigned int digit) {
+    const wide_number low = wide_product(digits.low, 10);
+    digits = wide_sum({digits.high * 10 + low.high, low.low}, {0, digit});
+  };
+  result.tail = take_first_digits(decimal_digits{}, mantissa, mantissa_end, max_first_digits, append);
+  return result;
 }
 
 }  // namespace ORVA_NAMESPACE::internal

@@ -51,13 +51,24 @@ struct decimal_digits {
   static constexpr unsigned int value(std::uint32_t unit) { return unit - '0'; }
 };
 
+/// The values of the units below 128 as digits of radix 36; 36 for those that are none.
+inline constexpr auto digit_values = [] {
+  std::array<std::uint8_t, 128> values{};
+  for (auto& value : values) value = 36;
+  for (std::size_t i = 0; i < 10; ++i) values['0' + i] = static_cast<std::uint8_t>(i);
+  for (std::size_t i = 10; i < 36; ++i) {
+    values['a' + i - 10] = static_cast<std::uint8_t>(i);
+    values['A' + i - 10] = static_cast<std::uint8_t>(i);
+  }
+  return values;
+}();
+
 struct digits_of {
   unsigned int radix;
 
+  /// A table, since which digits are letters cannot be predicted.
   static constexpr unsigned int value(std::uint32_t unit) {
-    if (unit - '0' < 10) return unit - '0';
-    const std::uint32_t letter = (unit | 0x20) - 'a';
-    return letter < 26 ? letter + 10 : 36;
+    return unit < digit_values.size() ? digit_values[unit] : 36U;
   }
 };
 

@@ -73,44 +73,57 @@ inline constexpr bool rounds_to_type = FLT_EVAL_METHOD == 0 || std::is_same_v<Fl
 
 /// The first way.
 template <typename Floating, typename Unit>
-std::optional<Floating> nearest_by_one_operation(const decimal_number<Unit>& number) {
+[[gnu::always_inline]] inline std::optional<Floating> nearest_by_one_operation(
+    const decimal_number<Unit>& number) {
   using limits = decimal_limits<Floating>;
-  if (!rounds_to_type<Floating> || !number.is_short()) return std::nullopt;
+  if (!rounds_to_type<Floating>) return std::nullopt;
   if (number.exponent < -limits::exact_power || number.exponent > limits::exact_power) return std::nullopt;
-  if (static_cast<int>(std::bit_width(number.digits.low)) > std::numeric_limits<Floating>::digits)
+  if (static_cast<int>(std::bit_width(number.digits)) > std::numeric_limits<Floating>::digits)
     return std::nullopt;
-  const auto digits = static_cast<Floating>(number.digits.low);
+  const auto digits = static_cast<Floating>(number.digits);
   if (number.exponent < 0) return digits / limits::exact_powers[static_cast<std::size_t>(-number.exponent)];
   return digits * limits::exact_powers[static_cast<std::size_t>(number.exponent)];
 }
 
 /// The value to which all numbers between the bounds round, if there is one.
 template <typename Floating>
-std::optional<Floating> round_between_bounds(const scaled_number& number) {
+[[gnu::always_inline]] inline std::optional<Floating> round_between_bounds(const scaled_number& number) {
   const auto value = round_to_floating<Floating>(number.bits, number.exponent);
   if (number.error == 0) return value;
   const wide_number bound = wide_sum(number.bits, {0, number.error});
+  // A type with fewer bits than one word rounds by the first word, and by whether the second is 0.
+  constexpr bool has_short_mantissa = std::numeric_limits<Floating>::digits < 64;
+  if (has_short_mantissa && bound.high == number.bits.high && number.bits.low != 0) return value;
   // The bound has passed 128 bits.
   if (bound.high < number.bits.high) return std::nullopt;
   if (round_to_floating<Floating>(bound, number.exponent) != value) return std::nullopt;
   return value;
 }
 
-/// The second way.
-template <typename Floating, typename Unit>
-std::optional<Floating> nearest_by_first_digits(const decimal_number<Unit>& number) {
-  const scaled_number power = power_of_ten(static_cast<int>(number.exponent));
-  if (number.is_short()) return round_between_bounds<Floating>(product(scaled(number.digits.low), power));
-  const auto value = round_between_bounds<Floating>(product(scaled(number.digits), power));
-  if (!value || !number.has_further_digits) return value;
-  const wide_number next = wide_sum(number.digits, {0, 1});
-  if (round_between_bounds<Floating>(product(scaled(next), power)) != value) return std::nullopt;
+/// The second way for a number that has all its digits in one word, and a power in the table.
+template <typename Floating>
+[[gnu::always_inline]] inline std::optional<Floating> nearest_by_one_word(std::uint64_t digits,
+                                                                          int exponent) {
+  return round_between_bounds<Floating>(product(scaled(digits), power_of_table(exponent)));
+}
+
+/// The second way for any number.
+///
+/// REQUIRES: `digits` has more than one word, or there are no further digits.
+template <typename Floating>
+std::optional<Floating> nearest_by_two_words(const wide_number& digits, int exponent,
+                                             bool has_further_digits) {
+  const scaled_number power = power_of_ten(exponent);
+  const auto value = round_between_bounds<Floating>(product(scaled(digits), power));
+  if (!value || !has_further_digits) return value;
+  const auto bound = round_between_bounds<Floating>(product(scaled(wide_sum(digits, {0, 1})), power));
+  if (bound != value) return std::nullopt;
   return value;
 }
 
 /// The third way.
 template <typename Floating, typename Unit>
-[[gnu::noinline]] Floating nearest_by_all_digits(const decimal_number<Unit>& number) {
+Floating nearest_by_all_digits(const Unit* mantissa, const Unit* mantissa_end, std::int64_t exponent) {
   using limits = decimal_limits<Floating>;
   using whole_number = big_number<limits::max_bits>;
   constexpr std::uint32_t full_chunk = 1000000000;
@@ -126,11 +139,11 @@ template <typename Floating, typename Unit>
     chunk_power = 1;
   };
   const digit_tail tail =
-      take_first_digits(decimal_digits{}, number.mantissa, number.mantissa_end, limits::max_digits, take);
+      take_first_digits(decimal_digits{}, mantissa, mantissa_end, limits::max_digits, take);
   dividend.multiply_and_add(chunk_power, chunk);
 
   // The power of ten is one of five in the quotient, and one of two in the exponent.
-  const std::int64_t power = tail.exponent + number.written_exponent;
+  const std::int64_t power = tail.exponent + exponent;
   whole_number divisor(1);
   (power < 0 ? divisor : dividend).multiply_by_power_of_five(power < 0 ? -power : power);
   const int scale = dividend.bit_length() - divisor.bit_length();
@@ -139,19 +152,38 @@ template <typename Floating, typename Unit>
   const std::uint64_t high = take_quotient_bits(dividend, divisor, 64);
   const std::uint64_t next = take_quotient_bits(dividend, divisor, 4);
   const bool has_rest = !dividend.is_zero() || tail.has_further_digits;
-  return round_to_floating<Floating>({high, next << 60 | (has_rest ? 1 : 0)}, power + scale - 127);
+  const wide_number quotient = {high, next << 60 | (has_rest ? 1 : 0)};
+  const int leading = std::countl_zero(quotient.high);
+  return round_to_floating<Floating>(shifted_left(quotient, leading), power + scale - 127 - leading);
+}
+
+/// Any number but 0, by its digits with their point, times ten to `exponent`. Apart from the short numbers,
+/// which would be slower otherwise.
+template <typename Floating, typename Unit>
+[[gnu::noinline]] Floating nearest_of_any_length(const Unit* mantissa, const Unit* mantissa_end,
+                                                 std::int64_t exponent) {
+  using limits = decimal_limits<Floating>;
+  const first_digits first = first_digits_of(mantissa, mantissa_end);
+  const std::int64_t power = first.tail.exponent + exponent;
+  if (power < limits::least_power) return 0;
+  if (power > limits::greatest_power) return std::numeric_limits<Floating>::infinity();
+  const auto value =
+      nearest_by_two_words<Floating>(first.digits, static_cast<int>(power), first.tail.has_further_digits);
+  return value ? *value : nearest_by_all_digits<Floating>(mantissa, mantissa_end, exponent);
 }
 
 /// 0 if the number is too small, infinity if it is too large.
 template <typename Floating, typename Unit>
 [[gnu::always_inline]] inline Floating nearest_floating(const decimal_number<Unit>& number) {
-  using limits = decimal_limits<Floating>;
-  if (number.digits.is_zero()) return 0;
-  if (const auto value = nearest_by_one_operation<Floating>(number)) return *value;
-  if (number.exponent < limits::least_power) return 0;
-  if (number.exponent > limits::greatest_power) return std::numeric_limits<Floating>::infinity();
-  if (const auto value = nearest_by_first_digits<Floating>(number)) return *value;
-  return nearest_by_all_digits<Floating>(number);
+  if (!number.is_long) {
+    if (number.digits == 0) return 0;
+    if (const auto value = nearest_by_one_operation<Floating>(number)) return *value;
+    if (is_in_table(number.exponent)) {
+      const auto value = nearest_by_one_word<Floating>(number.digits, static_cast<int>(number.exponent));
+      if (value) return *value;
+    }
+  }
+  return nearest_of_any_length<Floating>(number.mantissa, number.mantissa_end, number.written_exponent);
 }
 
 }  // namespace ORVA_NAMESPACE::internal

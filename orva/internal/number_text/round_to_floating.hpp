@@ -27,31 +27,27 @@ inline constexpr int least_exponent =
 /// REQUIRES: `exponent` is not below `least_exponent`, and is that if the mantissa has fewer bits than the
 /// type. The mantissa has at most one bit more.
 template <typename Floating>
-Floating compose(std::uint64_t mantissa, std::int64_t exponent) {
+[[gnu::always_inline]] inline Floating compose(std::uint64_t mantissa, std::int64_t exponent) {
   using limits = std::numeric_limits<Floating>;
   static_assert(limits::is_iec559 && limits::digits <= 64, "a mantissa is computed in 64 bits");
-  if (exponent + static_cast<int>(std::bit_width(mantissa)) > limits::max_exponent) return limits::infinity();
+  if (exponent > limits::max_exponent - limits::digits) return limits::infinity();
   if constexpr (limits::digits == 64) {
     return std::ldexp(static_cast<Floating>(mantissa), static_cast<int>(exponent));
   } else {
     // The highest bit is not stored. It counts the exponent up by one, and a subnormal number does not have
-    // it.
+    // it. One bit more counts it up again, as far as to infinity.
     using bits = std::conditional_t<sizeof(Floating) == 4, std::uint32_t, std::uint64_t>;
     const auto biased = static_cast<bits>(exponent - least_exponent<Floating>);
-    const auto stored = static_cast<bits>((biased << (limits::digits - 1)) + mantissa);
-    return std::bit_cast<Floating>(stored);
+    return std::bit_cast<Floating>(static_cast<bits>((biased << (limits::digits - 1)) + mantissa));
   }
 }
 
 /// The nearest value, halves to even, of a number times two to `exponent`: infinity if it is too large, and 0
 /// if it is too small. The lowest bit may stand for any bits after it.
 ///
-/// REQUIRES: `number.high` is not 0.
+/// REQUIRES: the highest bit is set.
 template <typename Floating>
-Floating round_to_floating(wide_number number, std::int64_t exponent) {
-  const int leading = std::countl_zero(number.high);
-  number = shifted_left(number, leading);
-  exponent -= leading;
+[[gnu::always_inline]] inline Floating round_to_floating(const wide_number& number, std::int64_t exponent) {
   constexpr int excess = 128 - std::numeric_limits<Floating>::digits;
   const std::int64_t dropped = std::max<std::int64_t>(excess, least_exponent<Floating> - exponent);
   if (dropped > 128) return 0;
@@ -60,8 +56,10 @@ Floating round_to_floating(wide_number number, std::int64_t exponent) {
   const std::uint64_t tail =
       dropped_above == 0 ? number.low : number.high << (64 - dropped_above) | (number.low != 0 ? 1 : 0);
   constexpr std::uint64_t half = std::uint64_t{1} << 63;
-  const bool is_up = tail > half || (tail == half && kept % 2 != 0);
-  const std::uint64_t mantissa = kept + (is_up ? 1 : 0);
+  // Without a branch: whether a number is rounded up cannot be predicted.
+  const auto is_above_half = static_cast<std::uint64_t>(tail > half);
+  const auto is_half = static_cast<std::uint64_t>(tail == half);
+  const std::uint64_t mantissa = kept + (is_above_half | (is_half & kept & 1));
   // A mantissa of 64 bits that was all ones.
   if (mantissa < kept) return compose<Floating>(half, exponent + dropped + 1);
   return compose<Floating>(mantissa, exponent + dropped);

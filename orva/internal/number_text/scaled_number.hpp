@@ -25,8 +25,9 @@ constexpr scaled_number scaled(std::uint64_t number) {
   return {{number << shift, 0}, -64 - shift, 0};
 }
 
-/// REQUIRES: `number.high` is not 0.
+/// REQUIRES: the number is not 0.
 constexpr scaled_number scaled(const wide_number& number) {
+  if (number.high == 0) return scaled(number.low);
   const int shift = std::countl_zero(number.high);
   return {shifted_left(number, shift), -shift, 0};
 }

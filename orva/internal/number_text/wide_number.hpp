@@ -43,10 +43,11 @@ constexpr wide_number wide_sum(const wide_number& number, const wide_number& add
   return {number.high + addend.high + (low < addend.low ? 1 : 0), low};
 }
 
+/// Without a branch, and without a shift by 64, which is none.
+///
 /// REQUIRES: `bits` is below 64.
 constexpr wide_number shifted_left(const wide_number& number, int bits) {
-  if (bits == 0) return number;
-  return {number.high << bits | number.low >> (64 - bits), number.low << bits};
+  return {number.high << bits | number.low >> 1 >> (63 - bits), number.low << bits};
 }
 
 }  // namespace ORVA_NAMESPACE::internal

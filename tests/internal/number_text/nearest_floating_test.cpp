@@ -57,26 +57,34 @@ TEST(power_of_ten, beyond_the_table_is_ten_times_the_power_before) {
   }
 }
 
-TEST(find_decimal, keeps_the_first_digits_and_whether_more_follow) {
-  EXPECT_EQ(decimal("12.5e3;").digits.low, 125U);
+TEST(find_decimal, has_the_digits_of_one_word) {
+  EXPECT_EQ(decimal("12.5e3;").digits, 125U);
   EXPECT_EQ(decimal("12.5e3;").exponent, 2);
-  EXPECT_EQ(decimal("0000000000000000000000.0000000000000000000012").digits.low, 12U);
+  EXPECT_EQ(decimal("0000000000000000000000.0000000000000000000012").digits, 12U);
   EXPECT_EQ(decimal("0000000000000000000000.0000000000000000000012").exponent, -22);
-  EXPECT_EQ(decimal("1234567890123456789").digits.low, 1234567890123456789U);
-  EXPECT_TRUE(decimal("1234567890123456789").is_short());
-  const std::string two_words = "12345678901234567890123456789012345678";
-  EXPECT_EQ(decimal(two_words).digits.high, 0x949B0F6F0023313U);
-  EXPECT_EQ(decimal(two_words).digits.low, 0xC4499050DE38F34EU);
-  EXPECT_EQ(decimal(two_words).exponent, 0);
-  EXPECT_FALSE(decimal(two_words).has_further_digits);
-  EXPECT_FALSE(decimal(two_words + "000").has_further_digits);
-  EXPECT_EQ(decimal(two_words + "000").exponent, 3);
-  EXPECT_TRUE(decimal(two_words + "001").has_further_digits);
-  EXPECT_TRUE(decimal(two_words + ".01").has_further_digits);
-  EXPECT_EQ(decimal(two_words + ".01").exponent, 0);
-  EXPECT_EQ(decimal("123456789012345.6789000e-2").exponent, -9);
+  EXPECT_FALSE(decimal("0000000000000000000000.0000000000000000000012").is_long);
+  EXPECT_EQ(decimal("1234567890123456789").digits, 1234567890123456789U);
+  EXPECT_FALSE(decimal("1234567890123456789").is_long);
+  EXPECT_TRUE(decimal("1234567890123456789.0").is_long);
   EXPECT_EQ(decimal(".").end, nullptr);
   EXPECT_EQ(decimal("").end, nullptr);
+}
+
+TEST(first_digits, are_those_of_two_words) {
+  const auto first = [](const std::string& text) {
+    return first_digits_of(text.data(), text.data() + text.size());
+  };
+  const std::string two_words = "12345678901234567890123456789012345678";
+  EXPECT_EQ(first(two_words).digits.high, 0x949B0F6F0023313U);
+  EXPECT_EQ(first(two_words).digits.low, 0xC4499050DE38F34EU);
+  EXPECT_EQ(first(two_words).tail.exponent, 0);
+  EXPECT_FALSE(first(two_words).tail.has_further_digits);
+  EXPECT_FALSE(first(two_words + "000").tail.has_further_digits);
+  EXPECT_EQ(first(two_words + "000").tail.exponent, 3);
+  EXPECT_TRUE(first(two_words + "001").tail.has_further_digits);
+  EXPECT_TRUE(first(two_words + ".01").tail.has_further_digits);
+  EXPECT_EQ(first(two_words + ".01").tail.exponent, 0);
+  EXPECT_EQ(first("123456789012345.6789000").tail.exponent, -7);
 }
 
 template <typename Floating>
@@ -95,16 +103,20 @@ TYPED_TEST(nearest, ways_agree) {
     const int exponent = static_cast<int>(random() % static_cast<unsigned int>(range));
     text += 'e' + std::to_string(run % 2 == 0 ? exponent - 25 : exponent + limits::least_power);
     const auto number = decimal(text);
-    if (number.digits.is_zero() || number.exponent < limits::least_power ||
-        number.exponent > limits::greatest_power) {
-      continue;
-    }
-    const TypeParam exact = nearest_by_all_digits<TypeParam>(number);
-    const auto of_one_operation = nearest_by_one_operation<TypeParam>(number);
-    EXPECT_EQ(of_one_operation.value_or(exact), exact) << text;
-    const auto of_first_digits = nearest_by_first_digits<TypeParam>(number);
-    EXPECT_EQ(of_first_digits.value_or(exact), exact) << text;
-    if (!of_first_digits) ++ties;
+    const first_digits first = first_digits_of(number.mantissa, number.mantissa_end);
+    const std::int64_t power = first.tail.exponent + number.written_exponent;
+    if (first.digits.is_zero() || power < limits::least_power || power > limits::greatest_power) continue;
+    const auto exact =
+        nearest_by_all_digits<TypeParam>(number.mantissa, number.mantissa_end, number.written_exponent);
+    const auto by_two_words =
+        nearest_by_two_words<TypeParam>(first.digits, static_cast<int>(power), first.tail.has_further_digits);
+    EXPECT_EQ(by_two_words.value_or(exact), exact) << text;
+    if (!by_two_words) ++ties;
+    if (number.is_long) continue;
+    EXPECT_EQ(nearest_by_one_operation<TypeParam>(number).value_or(exact), exact) << text;
+    if (!is_in_table(number.exponent)) continue;
+    const auto by_one_word = nearest_by_one_word<TypeParam>(number.digits, static_cast<int>(number.exponent));
+    EXPECT_EQ(by_one_word.value_or(exact), exact) << text;
   }
   EXPECT_LT(ties, 10) << "only ties need all digits";
 }
@@ -114,7 +126,8 @@ TYPED_TEST(nearest, tie_is_left_to_all_digits) {
   const std::uint64_t whole = std::uint64_t{1} << (std::numeric_limits<TypeParam>::digits - 1);
   const std::string text = std::to_string(whole) + ".5";
   const auto number = decimal(text);
-  EXPECT_FALSE(nearest_by_first_digits<TypeParam>(number));
+  const first_digits first = first_digits_of(number.mantissa, number.mantissa_end);
+  EXPECT_FALSE(nearest_by_two_words<TypeParam>(first.digits, -1, false));
   EXPECT_EQ(nearest_floating<TypeParam>(number), static_cast<TypeParam>(whole)) << text;
 }
 
