@@ -11,7 +11,9 @@
 #include <string_view>
 #include <vector>
 
+#include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
+#include "orva/generic/convert/write_number.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
 
 namespace {
@@ -134,6 +136,90 @@ void str_to_uint64(benchmark::State& state) {
 }
 BENCHMARK(str_to_uint64);
 
+void from_chars_uint64(benchmark::State& state) {
+  read_each<char>(state, mixed_texts<std::uint64_t>(), from_chars<std::uint64_t>);
+}
+BENCHMARK(from_chars_uint64);
+
+// The readers and writers that say what is wrong, each beside that of the standard library.
+
+template <typename Number, auto Texts>
+void read_number(benchmark::State& state) {
+  read_each<char>(state, Texts(), [](std::string_view text) { return convert::read_number<Number>(text); });
+}
+
+template <typename Number, auto Texts>
+void std_from_chars(benchmark::State& state) {
+  read_each<char>(state, Texts(), [](std::string_view text) {
+    Number value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value);
+    benchmark::DoNotOptimize(result);
+    return value;
+  });
+}
+
+/// Every double has a text of 17 digits that reads back to it.
+std::vector<std::string> texts_of_17_digits() {
+  std::mt19937_64 random(42);
+  std::uniform_real_distribution<double> any(0, 1);
+  std::vector<std::string> result;
+  while (result.size() < number_count) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.17g", any(random));
+    result.push_back(text);
+  }
+  return result;
+}
+
+std::vector<std::string> texts_of_short_doubles() {
+  std::mt19937_64 random(42);
+  std::vector<std::string> result;
+  while (result.size() < number_count) {
+    char text[64];
+    std::snprintf(text, sizeof text, "%.2f", static_cast<double>(random() % 1000000) / 100.0);
+    result.push_back(text);
+  }
+  return result;
+}
+
+std::vector<std::string> hexadecimal_texts() {
+  std::vector<std::string> result;
+  for (const std::uint64_t number : mixed_numbers<std::uint64_t>()) {
+    char text[64];
+    result.emplace_back(text, std::to_chars(text, text + sizeof text, number, 16).ptr);
+  }
+  return result;
+}
+
+BENCHMARK_TEMPLATE(read_number, std::int32_t, mixed_texts<std::int32_t>);
+BENCHMARK_TEMPLATE(std_from_chars, std::int32_t, mixed_texts<std::int32_t>);
+BENCHMARK_TEMPLATE(read_number, std::uint64_t, mixed_texts<std::uint64_t>);
+BENCHMARK_TEMPLATE(std_from_chars, std::uint64_t, mixed_texts<std::uint64_t>);
+BENCHMARK_TEMPLATE(read_number, double, texts_of_17_digits);
+BENCHMARK_TEMPLATE(std_from_chars, double, texts_of_17_digits);
+BENCHMARK_TEMPLATE(read_number, double, texts_of_short_doubles);
+BENCHMARK_TEMPLATE(std_from_chars, double, texts_of_short_doubles);
+BENCHMARK_TEMPLATE(read_number, float, texts_of_short_doubles);
+BENCHMARK_TEMPLATE(std_from_chars, float, texts_of_short_doubles);
+BENCHMARK_TEMPLATE(read_number, long double, texts_of_17_digits);
+BENCHMARK_TEMPLATE(std_from_chars, long double, texts_of_17_digits);
+
+void read_number_hexadecimal(benchmark::State& state) {
+  read_each<char>(state, hexadecimal_texts(),
+                  [](std::string_view text) { return convert::read_number<std::uint64_t>(text, 16); });
+}
+BENCHMARK(read_number_hexadecimal);
+
+void from_chars_hexadecimal(benchmark::State& state) {
+  read_each<char>(state, hexadecimal_texts(), [](std::string_view text) {
+    std::uint64_t value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value, 16);
+    benchmark::DoNotOptimize(result);
+    return value;
+  });
+}
+BENCHMARK(from_chars_hexadecimal);
+
 template <typename Floating>
 Floating from_stream(std::string_view text) {
   std::istringstream stream{std::string(text)};
@@ -237,5 +323,49 @@ BENCHMARK(to_chars_int64<8>);
 BENCHMARK(to_chars_int64<10>);
 BENCHMARK(to_chars_int64<16>);
 BENCHMARK(to_chars_int64<36>);
+
+template <typename Floating>
+std::vector<Floating> floating_numbers() {
+  std::vector<Floating> numbers;
+  for (const auto& text : texts_of_17_digits()) numbers.push_back(static_cast<Floating>(std::stold(text)));
+  return numbers;
+}
+
+template <typename Floating>
+void write_number(benchmark::State& state) {
+  const auto numbers = floating_numbers<Floating>();
+  for (auto _ : state) {
+    for (const Floating number : numbers) {
+      char buffer[convert::number_buffer_size];
+      benchmark::DoNotOptimize(convert::write_number(buffer, buffer + sizeof buffer, number));
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(numbers.size()));
+}
+BENCHMARK(write_number<float>);
+BENCHMARK(write_number<double>);
+BENCHMARK(write_number<long double>);
+
+template <typename Floating>
+void std_to_chars(benchmark::State& state) {
+  const auto numbers = floating_numbers<Floating>();
+  for (auto _ : state) {
+    for (const Floating number : numbers) {
+      char buffer[convert::number_buffer_size];
+      benchmark::DoNotOptimize(std::to_chars(buffer, buffer + sizeof buffer, number));
+    }
+  }
+  state.SetItemsProcessed(state.iterations() * static_cast<std::int64_t>(numbers.size()));
+}
+BENCHMARK(std_to_chars<float>);
+BENCHMARK(std_to_chars<double>);
+BENCHMARK(std_to_chars<long double>);
+
+void write_number_int64(benchmark::State& state) {
+  write_each<std::int64_t>(state, [](long long value, char* buffer) {
+    *convert::write_number(buffer, buffer + convert::number_buffer_size, value).end = 0;
+  });
+}
+BENCHMARK(write_number_int64);
 
 }  // namespace
