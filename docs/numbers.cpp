@@ -1,3 +1,4 @@
+#include <cstdint>
 #include <iostream>
 #include <string_view>
 
@@ -31,6 +32,17 @@ int main() {
   char text[convert::number_buffer_size];
   convert::lltoa(read("zZ", static_cast<radix::base>(36)), text, 2);
   std::cout << text << '\n';
+
+  // The speaking readers take a view, and say what is wrong and where the number ends.
+  const auto weight = convert::read_number<std::int8_t>("300 kg");
+  std::cout << int{weight.value} << ' ' << weight.length << ' '
+            << (weight.error == convert::number_error::too_large) << '\n';
+  std::cout << convert::parse_number<int>("12 apples").has_value() << ' '
+            << *convert::parse_number<int>("-0x1F", radix::prefix) << '\n';
+
+  // The shortest text that reads back to the same value, in any locale.
+  std::cout << convert::number_text(0.1 + 0.2) << ' ' << convert::number_text(0.1f) << '\n';
+  std::cout << *convert::parse_number<double>("2.5e-1") << '\n';
 
   // Floating text depends on the locale, by default the global one.
   std::cout << convert::str_to_double("  2.5e-1 litres") << ' ' << convert::str_to_double("12e") << '\n';
