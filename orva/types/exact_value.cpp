@@ -41,11 +41,19 @@ bool same_value(const T& one, const T& other) noexcept {
   }
 }
 
+/// Not inlined, so that reading a value of the stored type needs no room for the others.
+template <stored_type T>
+[[gnu::noinline]] std::optional<T> converted_from(const variant_type& payload) {
+  // The usual case first: settings and fields of files are text.
+  if (const auto* const text = payload_of<strings::ustring8>(payload)) return exactly<T>(text->value());
+  return with_class_of<std::optional<T>>(payload, stored_types(),
+                                         [](const auto& found) { return exactly<T>(found.value()); });
+}
+
 template <stored_type T>
 std::optional<T> exactly_from(const variant_type& payload) {
   if (const auto* const stored = payload_of<T>(payload)) return std::optional<T>(stored->value());
-  return with_class_of<std::optional<T>>(payload, stored_types(),
-                                         [](const auto& found) { return exactly<T>(found.value()); });
+  return converted_from<T>(payload);
 }
 
 }  // namespace
