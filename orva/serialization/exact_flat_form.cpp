@@ -1,11 +1,8 @@
 #include "orva/serialization/exact_flat_form.hpp"
 
-#include <cmath>
-#include <typeinfo>
 #include <utility>
 #include <vector>
 
-#include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/write_number.hpp"
 #include "orva/serialization/internal/flat_form_writer.hpp"
 #include "orva/serialization/internal/trimmed_label.hpp"
@@ -19,16 +16,10 @@ using types::variant;
 
 namespace {
 
-bool is_floating(const variant& value) {
-  const std::type_info& type = value.type();
-  return type == typeid(double) || type == typeid(float) || type == typeid(long double);
-}
-
+/// Malformed wide text has no exact text; it is written as `as_str` writes it.
 std::string exact_text(const variant& value) {
-  if (value.type() == typeid(double)) return number_text(value.as_double());
-  if (value.type() == typeid(float)) return number_text(value.as_float());
-  if (value.type() == typeid(long double)) return number_text(value.as_long_double());
-  return value.as_string();
+  auto exact = value.try_as<std::string>();
+  return exact ? *std::move(exact) : std::string(value.as_string());
 }
 
 /// The strings of one level, and the group that they fill.
@@ -94,16 +85,6 @@ labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer
 labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer, const std::string& label,
                                                 float value) {
   return buffer.add_value(label, std::string(number_text(value)));
-}
-
-std::optional<double> find_double(const labeled_text_buffer& buffer, const std::string& label) {
-  const variant value = buffer.retrieve_value(label);
-  if (is_floating(value)) {
-    const double number = value.as_double();
-    const bool is_exact = number == value.as_long_double() || std::isnan(number);
-    return is_exact ? std::optional(number) : std::nullopt;
-  }
-  return generic::convert::parse_number<double>(value.as_string());
 }
 
 }  // namespace ORVA_NAMESPACE::serialization

@@ -8,14 +8,13 @@
 ///     labeled_text_buffer copy;
 ///     const read_failure failure = read_exact_flat_form(text, copy);
 ///     if (failure.error != read_error::none) return report(describe(failure));
-///     find_double(copy, "radius");                                  // 0.1
+///     copy.retrieve_value("radius").try_as<double>();               // 0.1
 ///
 /// The form is that of `labeled_text_buffer::as_str`, so that `assign` reads it too. `as_str` writes a
 /// floating value with six digits and with the decimal point of the global locale, and `assign` gives what
 /// can be read of a text that is not a flat form; both stay as they are.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -40,21 +39,11 @@ namespace ORVA_NAMESPACE::serialization {
 [[nodiscard]] ORVA_API read_failure read_exact_flat_form(std::string_view text, labeled_text_buffer& buffer);
 
 /// Stores the shortest text of a number, so that `as_str` also writes it exactly and in every locale.
-/// `retrieve_value` then has a byte string, and its `as_double` the same number where the global locale has a
-/// point.
+/// `retrieve_value` then has a byte string. Its `try_as<double>` is the same number, and so is its
+/// `as_double` where the global locale has a point.
 ORVA_API labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer,
                                                          const std::string& label, double value);
 ORVA_API labeled_serialize_buffer::result_type add_exact(labeled_serialize_buffer& buffer,
                                                          const std::string& label, float value);
-
-/// The value of a label, if it is a number that a `double` holds, or a text that is wholly a decimal number,
-/// `inf` or `nan`, in every locale. Of a text, the nearest `double`.
-///
-///     0.1, "0.1"                         =>  0.1
-///     "12abc", "3,14", " 1", "", nil     =>  nothing
-///     "1e400"                            =>  nothing     too large
-///     an absent label                    =>  nothing
-[[nodiscard]] ORVA_API std::optional<double> find_double(const labeled_text_buffer& buffer,
-                                                         const std::string& label);
 
 }  // namespace ORVA_NAMESPACE::serialization

@@ -42,7 +42,7 @@ TEST(exact_flat_form, documentation_example) {
   EXPECT_EQ(shown(text), "6~radius~3~0.1~");
   buffer copy;
   EXPECT_EQ(read_exact_flat_form(text, copy).error, read_error::none);
-  EXPECT_EQ(find_double(copy, "radius"), 0.1);
+  EXPECT_EQ(copy.retrieve_value("radius").try_as<double>(), 0.1);
 }
 
 TEST(exact_flat_form, floating_values_are_written_exactly) {
@@ -89,7 +89,7 @@ TEST(exact_flat_form, does_not_follow_the_global_locale) {
   EXPECT_NE(labeled.as_str(), expected) << "as_str does";
   buffer copy;
   EXPECT_EQ(read_exact_flat_form(expected, copy).error, read_error::none);
-  EXPECT_EQ(find_double(copy, "a"), 1234.5);
+  EXPECT_EQ(copy.retrieve_value("a").try_as<double>(), 1234.5);
 }
 
 TEST(exact_flat_form, every_double_comes_back_also_through_the_mute_reader) {
@@ -104,7 +104,7 @@ TEST(exact_flat_form, every_double_comes_back_also_through_the_mute_reader) {
     const std::string text = write_exact_flat_form(labeled);
     buffer copy;
     ASSERT_EQ(read_exact_flat_form(text, copy).error, read_error::none);
-    ASSERT_EQ(find_double(copy, "x"), number);
+    ASSERT_EQ(copy.retrieve_value("x").try_as<double>(), number);
     ASSERT_EQ(buffer(text).retrieve_value("x").as_double(), number);
   }
 }
@@ -118,36 +118,7 @@ TEST(exact_flat_form, exact_number_is_text_that_as_str_writes_too) {
   EXPECT_EQ(labeled.retrieve_value("pi").as_double(), 3.141592653589793);
   const comma_locale german;
   EXPECT_EQ(shown(labeled.as_str()), "3~old~3~0.1~2~pi~17~3.141592653589793~");
-  EXPECT_EQ(find_double(labeled, "pi"), 3.141592653589793);
-}
-
-TEST(exact_flat_form, find_double_takes_numbers_only) {
-  buffer labeled;
-  const auto found = [&](const variant& value) {
-    labeled.add_value("x", value);
-    return find_double(labeled, "x");
-  };
-  EXPECT_EQ(found(0.1), 0.1);
-  EXPECT_EQ(found(0.1F), static_cast<double>(0.1F));
-  EXPECT_EQ(found(0.5L), 0.5);
-  EXPECT_EQ(found(-7), -7.0);
-  EXPECT_EQ(found("0.1"), 0.1);
-  EXPECT_EQ(found(orva_test::utf16(u"2.5")), 2.5);
-  EXPECT_EQ(found("inf"), std::numeric_limits<double>::infinity());
-  EXPECT_TRUE(std::isnan(found("nan").value_or(0)));
-  EXPECT_TRUE(std::isnan(found(std::numeric_limits<double>::quiet_NaN()).value_or(0)));
-  for (const char* const text : {"12abc", "3,14", " 1", "1 ", "", "1e400", "1e-400", "0x10"}) {
-    EXPECT_EQ(found(text), std::nullopt) << text;
-  }
-  EXPECT_EQ(found(variant(nil)), std::nullopt);
-  EXPECT_EQ(find_double(labeled, "absent"), std::nullopt);
-}
-
-TEST(exact_flat_form, long_double_that_a_double_does_not_hold_is_not_found_as_one) {
-  if (std::numeric_limits<long double>::digits <= std::numeric_limits<double>::digits) GTEST_SKIP();
-  buffer labeled;
-  labeled.add_value("x", 0.1L);
-  EXPECT_EQ(find_double(labeled, "x"), std::nullopt);
+  EXPECT_EQ(labeled.retrieve_value("pi").try_as<double>(), 3.141592653589793);
 }
 
 // Reading.
