@@ -73,28 +73,41 @@ constexpr bool is_in_xml(std::uint32_t code_point) { return code_point != 0xFFFE
 
 /// Adds the text as the table says.
 result append(std::string& to, std::string_view text, const action_table& table, bool may_copy_once) {
-  std::size_t copied = 0;
-  std::size_t at = 0;
-  const auto action_here = [&] { return table[static_cast<unsigned char>(text[at])]; };
-  while (at < text.size()) {
-    action next = action_here();
-    if (next == copy_once) next = may_copy_once ? copy : escape;
-    may_copy_once = action_here() != copy_once || next == escape;
-    if (next == copy) {
-      ++at;
-    } else if (next == escape) {
-      to.append(text, copied, at - copied).append(escaped(text[at]));
-      copied = ++at;
-    } else if (next == check_sequence) {
-      const auto character = internal::text::decode_well_formed(text.substr(at));
-      if (!character.well_formed) return {error::malformed_text, at};
-      if (!is_in_xml(character.code_point)) return {error::bad_character, at};
-      at += character.units;
-    } else {
-      return {error::bad_character, at};
+  const char* const end = text.data() + text.size();
+  const char* copied = text.data();
+  const char* at = copied;
+  const auto refused = [&](error why) { return result{why, static_cast<std::size_t>(at - text.data())}; };
+  for (;;) {
+    const char* const run = at;
+    while (at != end && table[static_cast<unsigned char>(*at)] == copy) ++at;
+    if (at != run) may_copy_once = true;
+    if (at == end) break;
+    switch (table[static_cast<unsigned char>(*at)]) {
+      case refuse:
+        return refused(error::bad_character);
+      case check_sequence: {
+        const auto character = internal::text::decode_well_formed({at, static_cast<std::size_t>(end - at)});
+        if (!character.well_formed) return refused(error::malformed_text);
+        if (!is_in_xml(character.code_point)) return refused(error::bad_character);
+        at += character.units;
+        may_copy_once = true;
+        continue;
+      }
+      case copy_once:
+        if (may_copy_once) {
+          ++at;
+          may_copy_once = false;
+          continue;
+        }
+        break;
+      default:
+        break;
     }
+    to.append(copied, at).append(escaped(*at));
+    copied = ++at;
+    may_copy_once = true;
   }
-  to.append(text, copied);
+  to.append(copied, end);
   return {};
 }
 
