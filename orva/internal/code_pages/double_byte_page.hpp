@@ -49,7 +49,7 @@ struct double_byte_page {
   }
 
   bool is_undefined(unsigned char byte) const {
-    return row_of[byte] != 0 || is_placeholder(single[byte], byte, has_upper_controls(single));
+    return row_of[byte] != 0 || is_placeholder(single[byte], has_upper_controls(single));
   }
 
   /// Whether a pair, which reads as `unit`, is no character. That of an undefined pair may be one of the

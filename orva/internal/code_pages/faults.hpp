@@ -8,6 +8,7 @@
 /// Internal: not installed.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
@@ -33,10 +34,24 @@ constexpr bool has_upper_controls(const strings::code_unit16* units) {
 /// Whether `unit` is what the platform gives for a byte that is no character of the page: the control of the
 /// same value, in a page that has no controls there, or a private character. Private characters of pairs are
 /// for users to define; single bytes have none.
-constexpr bool is_placeholder(strings::code_unit16 unit, unsigned char byte, bool with_upper_controls) {
+constexpr bool is_placeholder(strings::code_unit16 unit, bool with_upper_controls) {
   const std::uint32_t value = text::value_of(unit);
-  if (value >= 0xE000 && value <= 0xF8FF) return true;
-  return value == byte && byte >= 0x80 && byte < 0xA0 && !with_upper_controls;
+  const bool is_private = value >= 0xE000 && value <= 0xF8FF;
+  return is_private || ((value & 0xFFE0) == 0x80 && !with_upper_controls);
+}
+
+/// The same for any of `Count` units, in a loop that the compiler makes a few vector instructions.
+template <std::size_t Count>
+bool any_placeholder(const strings::code_unit16* units, bool with_upper_controls) {
+  const auto controls = static_cast<std::uint16_t>(with_upper_controls ? 0 : 0xFFFF);
+  std::uint16_t found = 0;
+  for (std::size_t i = 0; i < Count; ++i) {
+    const auto value = static_cast<std::uint16_t>(units[i]);
+    const auto from_private = static_cast<std::uint16_t>(value - 0xE000);
+    found = static_cast<std::uint16_t>(found | (from_private < 0x1900 ? 0xFFFF : 0) |
+                                       ((value & 0xFFE0) == 0x80 ? controls : 0));
+  }
+  return found != 0;
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages

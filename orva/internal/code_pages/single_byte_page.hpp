@@ -103,32 +103,21 @@ char* encode(const single_byte_page& page, std::basic_string_view<strings::code_
   return to_end;
 }
 
-/// Whether one of `size` bytes, at most a block, is no character and became a placeholder.
-inline bool any_undefined(const char* bytes, const strings::code_unit16* units, std::size_t size,
-                          bool with_upper_controls) {
-  bool undefined = false;
-  for (std::size_t i = 0; i < size; ++i) {
-    undefined |= is_placeholder(units[i], static_cast<unsigned char>(bytes[i]), with_upper_controls);
-  }
-  return undefined;
-}
-
 /// Reports each byte that is no character of the page.
 template <typename OnFault>
 strings::code_unit16* decode(const single_byte_page& page, std::string_view bytes, strings::code_unit16* to,
                              OnFault on_fault) {
-  auto* const to_end = decode(page, bytes, to);
   const bool with_upper_controls = has_upper_controls(page.units);
-  const char* const end = bytes.data() + bytes.size();
-  for (const char* from = bytes.data(); from != end;) {
-    const char* const stop = text::block_end(from, end);
-    if (!any_undefined(from, to, static_cast<std::size_t>(stop - from), with_upper_controls)) {
-      to += stop - from;
-      from = stop;
+  auto* const to_end = decode(page, bytes, to);
+  const char* from = bytes.data();
+  while (to != to_end) {
+    if (text::has_block(to, to_end) && !any_placeholder<text::block>(to, with_upper_controls)) {
+      from += text::block;
+      to += text::block;
       continue;
     }
-    for (; from != stop; ++from, ++to) {
-      if (any_undefined(from, to, 1, with_upper_controls)) on_fault(from, std::size_t{1}, to, *to);
+    for (auto* const stop = text::block_end(to, to_end); to != stop; ++from, ++to) {
+      if (is_placeholder(*to, with_upper_controls)) on_fault(from, std::size_t{1}, to, *to);
     }
   }
   return to_end;
