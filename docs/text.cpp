@@ -66,6 +66,23 @@ int main() {
   std::cout << strings::code_page(strings::code_page::cp_1252).encode("\xC4\x80 \xE2\x88\x9E \xD0\x96")
             << '\n';
 
+  // With a list of what is lost, in a page that is found by its label.
+  const auto western = strings::find_code_page("cp1252");
+  const auto encoded = strings::encode_checked(*western, "\xC4\x80 \xE2\x88\x9E \xD0\x96");
+  for (const auto& loss : encoded.losses.first) {
+    std::cout << "byte " << loss.place << ": U+" << std::hex << static_cast<types::uint32>(loss.character)
+              << std::dec
+              << (loss.kind == strings::loss_kind::missing ? " is missing, " : " has a best fit, ")
+              << loss.written << '\n';
+  }
+
+  // A file in pieces, which cut its characters, and its end does.
+  strings::page_decoder decoder(strings::code_page::cp_932);
+  std::string decoded;
+  for (const char* const piece : {"\x82", "\xA0\x82", "\xA2\x81"}) decoder.decode(piece, decoded);
+  decoder.finish(decoded);
+  std::cout << decoded << ", lost: " << decoder.losses().count << '\n';
+
   // Wide text is converted by name, and a text_argument takes any width.
   greet("bytes");
   greet(strings::from_wchar(L"wide"));
