@@ -1,4 +1,5 @@
-// Any file under any calls of xml_stream_parser, compared with the plain reference parser.
+// Any file under any calls of xml_stream_parser, compared with the plain reference parser. The place of the
+// last error is in the file.
 //
 // An input is four bytes of settings, then the length of a script, the script, and the file:
 //
@@ -74,6 +75,15 @@ void require_equal(const transcript& actual, const transcript& expected) {
   std::abort();
 }
 
+void require_place_in_file(const ORVA_NAMESPACE::parser::xml_stream_parser& parser, std::size_t size) {
+  const auto error = parser.last_error();
+  if (error.offset >= 0 &&
+      error.offset + static_cast<long long>(error.data.size()) <= static_cast<long long>(size))
+    return;
+  std::cerr << "not in the file: " << error << std::endl;
+  std::abort();
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -90,5 +100,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   orva_test::reference_xml_stream reference(std::string(first), plan.open_depth);
   const transcript expected = follow(reference, plan, [&] { reference.append(std::string(rest)); });
   require_equal(actual, expected);
+  require_place_in_file(parser, document.size());
   return 0;
 }
