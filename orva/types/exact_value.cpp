@@ -4,6 +4,7 @@
 #include <concepts>
 #include <optional>
 #include <type_traits>
+#include <utility>
 
 #include "orva/types/internal/exact_conversion.hpp"
 #include "orva/types/internal/variant_value.hpp"
@@ -51,17 +52,21 @@ template <stored_type T>
 }
 
 template <stored_type T>
-std::optional<T> exactly_from(const variant_type& payload) {
-  if (const auto* const stored = payload_of<T>(payload)) return std::optional<T>(stored->value());
-  return converted_from<T>(payload);
+bool store_exactly(const variant_type& payload, T& value) {
+  if (const auto* const stored = payload_of<T>(payload)) {
+    value = stored->value();
+    return true;
+  }
+  auto converted = converted_from<T>(payload);
+  if (!converted) return false;
+  value = std::move(*converted);
+  return true;
 }
 
 }  // namespace
 
-#define ORVA_DEFINE_EXACT_VALUE(T)                                                   \
-  std::optional<T> exact_value(const variant_type& payload, std::type_identity<T>) { \
-    return exactly_from<T>(payload);                                                 \
-  }
+#define ORVA_DEFINE_EXACT_VALUE(T) \
+  bool exact_value(const variant_type& payload, T& value) { return store_exactly(payload, value); }
 ORVA_DEFINE_EXACT_VALUE(nil_t)
 ORVA_DEFINE_EXACT_VALUE(bool)
 ORVA_DEFINE_EXACT_VALUE(signed char)

@@ -191,7 +191,9 @@ class ORVA_API variant {
   /// An integer or `bool` that this returns is also what the accessor of that type returns.
   template <_private::stored_type T>
   [[nodiscard]] std::optional<T> try_as() const {
-    return _private::exact_value(payload(), _private::result_of<T>());
+    T value{};
+    if (!_private::exact_value(payload(), value)) return std::nullopt;
+    return value;
   }
 
   /// Whether both have the same type and value. A NaN is the same as every other NaN of its type; 0.0 and
