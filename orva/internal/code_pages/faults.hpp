@@ -43,15 +43,16 @@ constexpr bool is_placeholder(strings::code_unit16 unit, bool with_upper_control
 /// The same for any of `Count` units, in a loop that the compiler makes a few vector instructions.
 template <std::size_t Count>
 bool any_placeholder(const strings::code_unit16* units, bool with_upper_controls) {
-  const auto controls = static_cast<std::uint16_t>(with_upper_controls ? 0 : 0xFFFF);
-  std::uint16_t found = 0;
+  std::uint16_t privates = 0;
+  std::uint16_t controls = 0;
   for (std::size_t i = 0; i < Count; ++i) {
-    const auto value = static_cast<std::uint16_t>(units[i]);
-    const auto from_private = static_cast<std::uint16_t>(value - 0xE000);
-    found = static_cast<std::uint16_t>(found | (from_private < 0x1900 ? 0xFFFF : 0) |
-                                       ((value & 0xFFE0) == 0x80 ? controls : 0));
+    const std::uint32_t value = text::value_of(units[i]);
+    privates |= static_cast<std::uint16_t>((value & 0xF000) == 0xE000 ? 0xFFFF : 0);
+    privates |= static_cast<std::uint16_t>((value & 0xF800) == 0xF000 ? 0xFFFF : 0);
+    privates |= static_cast<std::uint16_t>((value & 0xFF00) == 0xF800 ? 0xFFFF : 0);
+    controls |= static_cast<std::uint16_t>((value & 0xFFE0) == 0x80 ? 0xFFFF : 0);
   }
-  return found != 0;
+  return privates != 0 || (controls != 0 && !with_upper_controls);
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages
