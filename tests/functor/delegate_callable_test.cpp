@@ -24,12 +24,15 @@ using number_delegate = delegate_t<int(int)>;
 int twice(int number) { return 2 * number; }
 int thrice(int number) noexcept { return 3 * number; }
 
+/// As large as a pointer: GCC 12 warns that a smaller object has no room for the virtual functions that a
+/// pointer to a member might call.
 struct account {
   int deposit(int amount) { return total += amount; }
   int with(int amount) const { return total + amount; }
   int with_safely(int amount) const noexcept { return total + amount; }
 
   int total = 0;
+  void* owner = nullptr;
 };
 
 /// Counts the objects of its kind that are alive, and how often it was copied.
