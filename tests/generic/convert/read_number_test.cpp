@@ -244,22 +244,16 @@ TYPED_TEST(read_integer_type, texts_near_the_limits_as_the_reference) {
   }
 }
 
-template <typename Number>
-std::string text_in_radix(Number value, unsigned int base) {
-  std::string text(80, '\0');
-  const char* const end =
-      std::to_chars(text.data(), text.data() + text.size(), value, static_cast<int>(base)).ptr;
-  text.resize(static_cast<std::size_t>(end - text.data()));
-  return text;
-}
-
 TYPED_TEST(read_integer_type, limits_and_the_numbers_beside_them_as_the_reference) {
   using limits = std::numeric_limits<TypeParam>;
   for (unsigned int base = 2; base <= 36; ++base) {
     for (const TypeParam limit : {limits::max(), limits::min()}) {
-      const auto number = [&](auto value) { return text_in_radix(value, base); };
+      char text[80];
+      const auto number = [&](auto value) {
+        return std::string(text, std::to_chars(text, text + sizeof text, value, static_cast<int>(base)).ptr);
+      };
       for (const std::string& each :
-           {number(limit), number(limit) + '0', number(limit) + '1', '0' + number(limit)}) {
+           {number(limit), number(limit) + '0', number(limit) + '1', "0" + number(limit)}) {
         EXPECT_TRUE(as_reference<TypeParam>(each, base)) << each << ' ' << base;
       }
       // One more than the limit, or two where that has no carry.
