@@ -50,6 +50,7 @@
 
 namespace ORVA_NAMESPACE::parser {
 
+/// How a writer lays out its document, and for which reader.
 struct xml_writer_settings {
   /// The number of spaces for each level, of which a line gets `xml_writer::longest_indentation` at most. 0
   /// adds no white space anywhere.
@@ -85,6 +86,7 @@ class ORVA_API xml_writer {
     stream_failed,        ///< the stream took not all of it; what it took is unknown
   };
 
+  /// What every call returns: whether it was refused, and why.
   struct result {
     xml_writer::error error = xml_writer::error::none;
     /// The first byte of the name, value or text that is at fault. 0 if no single byte is.
