@@ -12,7 +12,8 @@
 ///
 /// and with what it ended before: the handler calls the one that was installed before it, by default the one
 /// of the runtime, which aborts. The text is that of `describe`, causes included. If `std::terminate` was
-/// called without an exception, the text is "terminated without a C++ exception".
+/// called without an exception, the text is "terminated without a C++ exception". GCC also calls it so where
+/// it has joined a throw, and the `noexcept` function that the exception would leave, into one function.
 ///
 /// The handler allocates nothing by itself and uses no locale, so that it also works when memory is
 /// exhausted; class names then are those of the linker. A failure in the handler itself leaves out the rest

@@ -60,10 +60,17 @@ constexpr int previous_code = 3;
   std::_Exit(previous_code);
 }
 
+/// Not inlined: GCC ends the program without the exception if it sees the throw and the `noexcept` in one
+/// function.
+template <typename Action>
+[[gnu::noinline]] void call(Action action) {
+  action();
+}
+
 /// Nothing catches what `action` throws.
 template <typename Action>
 void run_uncaught(Action action) noexcept {
-  action();
+  call(action);
 }
 
 template <typename Action>
