@@ -193,7 +193,8 @@ class ORVA_API xml_parser {
 /// The name of the enumerator.
 [[nodiscard]] ORVA_API std::string_view name_of(xml_parser::parse_error::error_type type) noexcept;
 
-/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as \xFF.
+/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as a backslash, x
+/// and two figures.
 ///
 ///     mismatched_end_element at byte 41: "menu", open element "entry"
 ///     unexpected_character at byte 22: "\x0A"

@@ -280,7 +280,8 @@ class ORVA_API xml_stream_parser {
 /// The name of the enumerator. An `error_type` that is written to a stream gives its number.
 [[nodiscard]] ORVA_API std::string_view name_of(xml_stream_parser::error_type type) noexcept;
 
-/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as \xFF.
+/// Writes the error in one line. Bytes of `data` that are not printable ASCII are written as a backslash, x
+/// and two figures.
 ///
 ///     mismatched_tag at byte 41: "menu", open element "entry"
 ///     no_error

@@ -46,7 +46,7 @@ struct decoded_text {
   bool is_lossless() const { return error == conversion_error::none && losses.count == 0; }
 };
 
-/// The text of all `bytes`, in UTF-8 or as `Unit` says: `decode_checked<code_unit16>(page, bytes)`.
+/// The text of all `bytes`, in UTF-8 or in the encoding of `Unit`.
 template <code_unit Unit = char>
 [[nodiscard]] ORVA_API decoded_text<Unit> decode_checked(const code_page& page, std::string_view bytes);
 

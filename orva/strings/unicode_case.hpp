@@ -85,7 +85,7 @@ template <any_text Left, any_text Right>
 [[nodiscard]] bool equal_caseless(
     const Left& left, const Right& right,
     case_rules rules = case_rules::standard) requires std::same_as<ustring_for<Left>, ustring_for<Right>> {
-  return compare_caseless(left, right, rules) == 0;
+  return std::is_eq(compare_caseless(left, right, rules));
 }
 
 }  // namespace ORVA_NAMESPACE::strings

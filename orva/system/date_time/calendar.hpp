@@ -94,14 +94,14 @@ static_assert(days_since_1970(date(31, 12, max_year)) == last_day);
 
 [[nodiscard]] constexpr std::weak_ordering compare(const date_time_t& left, const date_time_t& right) {
   const std::weak_ordering by_date = compare(left.date(), right.date());
-  return by_date != 0 ? by_date : compare(left.time(), right.time());
+  return std::is_neq(by_date) ? by_date : compare(left.time(), right.time());
 }
 
 /// For sorting and for keys: `std::map<date, int, earlier>`. Of two durations, the lesser one is the earlier.
 struct earlier {
   template <typename Value>
   [[nodiscard]] constexpr bool operator()(const Value& left, const Value& right) const {
-    return compare(left, right) < 0;
+    return std::is_lt(compare(left, right));
   }
 };
 
