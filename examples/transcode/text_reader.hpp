@@ -16,7 +16,7 @@ class text_reader {
   /// what the library puts in their place.
   virtual void read(std::string_view bytes, orva::strings::wide_string& text) = 0;
 
-  /// Appends what stands for a character that the end of the file cuts.
+  /// Appends the replacement of a character that the end of the file cuts.
   virtual void finish(orva::strings::wide_string& text) = 0;
 
   /// The losses since the last call. A piece of n bytes has at most n, and three more.

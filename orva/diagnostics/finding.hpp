@@ -45,7 +45,7 @@ struct finding {
   generic::varg_list arguments;
 };
 
-/// A code of the library, and its sentence. {name} in a sentence stands for the argument of that name.
+/// A code of the library, and its sentence. {name} in a sentence is replaced by the argument of that name.
 struct code_description {
   std::string_view code;
   std::string_view english;

@@ -44,7 +44,7 @@ line_index::line_index(std::string_view text) : text_(text) {
 
 place line_index::place_of(std::size_t offset) const {
   offset = std::min(offset, text_.size());
-  // The first line also has the offsets of a byte order mark, which are before its begin.
+  // The first line also has the offsets of a byte order mark, which are before its beginning.
   const auto next = std::upper_bound(begins_.begin() + 1, begins_.end(), offset);
   return {static_cast<std::size_t>(next - begins_.begin()), column_of(text_, *(next - 1), offset)};
 }

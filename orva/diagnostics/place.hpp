@@ -9,7 +9,7 @@
 /// Text is UTF-8, offsets count its bytes. Lines and columns count from 1. A line ends at a line feed, which
 /// is the last column of its line. A column is a code point: a byte that continues a character has the
 /// column of the character. In malformed text, each part that one U+FFFD would replace is a column. A
-/// byte order mark at the begin of the text has no column, as no editor shows it.
+/// byte order mark at the beginning of the text has no column, as no editor shows it.
 ///
 /// An offset at or after the end of the text gives the place after its last character.
 #pragma once

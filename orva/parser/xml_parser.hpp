@@ -90,17 +90,18 @@ class ORVA_API xml_parser {
     ///     missing_equals, attribute_redefined     the attribute's name
     ///     any other                               empty
     ustring8 data;
-    /// The place of the error, as a number of bytes from the begin of the text; never more than its length:
+    /// The place of the error, as an offset in the text; never more than its length:
     ///
     ///     no_error, no_root_element               the end of the text
-    ///     unexpected_eof                          the begin of the comment or CDATA section, the name in the
-    ///                                             end tag, or the end of the text if elements are open
+    ///     unexpected_eof                          the beginning of the comment or CDATA section, the name
+    ///                                             in the end tag, or the end of the text if elements are
+    ///                                             open
     ///     bad_header                              where <?xml is missing, or the < or >
     ///     unknown_entity                          the &
     ///     data_after_root                         the < of the start tag
     ///     any other, with data                    the data
-    ///     any other, without data                 where reading stopped: at the > of a />, at what stands in
-    ///                                             the place of a quote, at the end of the text
+    ///     any other, without data                 where reading stopped: at the > of a />, at what is in the
+    ///                                             place of a quote, at the end of the text
     ///
     /// Of a `parse_error` that a scanner below throws, it counts from the position that the scanner got.
     std::size_t offset = 0;
@@ -144,9 +145,9 @@ class ORVA_API xml_parser {
   /// The same for a range of a byte string. Reads nothing outside [first, last).
   [[nodiscard]] parse_error parse(iterator first, iterator last) const;
 
-  /// Where the last parse stopped, as a number of bytes from the begin of its text: the `offset` of its error
-  /// or, if an exception passed through, the & of the character reference above 255, or a place in or after
-  /// the construct whose delegate threw.
+  /// Where the last parse stopped, as an offset in its text: the `offset` of its error or, if an exception
+  /// passed through, the & of the character reference above 255, or a place in or after the construct whose
+  /// delegate threw.
   std::size_t offset() const noexcept { return offset_; }
 
  protected:

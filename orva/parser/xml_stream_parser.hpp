@@ -113,10 +113,10 @@ class ORVA_API xml_stream_parser {
     ustring8 data;
     /// The place of the error, as an offset in the file:
     ///
-    ///     unexpected_character                    the character; the begin of a text that is outside a record
+    ///     unexpected_character                    the character; the beginning of a text outside a record
     ///     mismatched_tag, duplicate_attribute,    the name that is in `data`; the > of a />
     ///     missing_equals
-    ///     missing_quote                           what stands in the place of the quote
+    ///     missing_quote                           what is in the place of the quote
     ///     fatal_error                             the & of a character reference above 255
     ///     bad_header                              where <?xml is missing
     ///     any other                               how much is parsed, as `parse_offset` says
@@ -176,7 +176,7 @@ class ORVA_API xml_stream_parser {
   ///     no_error           enough nodes wait, or all that the file has now is parsed: take nodes, then parse
   ///                        again. If then none can be taken, the file ends before its root, between two
   ///                        tokens or after the / of a />
-  ///     incomplete         the file ends inside a token, or has less than 50 bytes: parse again when it has
+  ///     incomplete         the file ends inside a token, or has fewer than 50 bytes: parse again when it has
   ///                        grown. Or a token is longer than the window, or an end tag has no name: only
   ///                        `recover` helps
   ///     end_of_document    the root was closed; a further parse does nothing, what follows is not read

@@ -19,7 +19,8 @@
 ///                  from U+0020 on but surrogates, U+FFFE and U+FFFF
 ///     values       come back as they are. " & < tab and line ends are written as entities and references
 ///     text         comes back as one run, not as runs and space: < > and & are written as entities; white
-///                  space at the begin of a run, after another one, and each carriage return as references
+///                  space at the beginning of a run, after another one, and each carriage return as
+///                  references
 ///     CDATA        comes back as text. `xml_stream_parser` does not read it
 ///     comments     come back as they are; `xml_stream_parser` skips them
 ///

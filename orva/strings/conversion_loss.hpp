@@ -35,7 +35,7 @@ struct encoding_loss {
   std::size_t size;
   /// The code point; U+FFFD where the text is malformed or cut.
   char32_t character;
-  /// The bytes that stand for it now, and where they begin.
+  /// The bytes that replace it, and where they begin in the result.
   std::uint64_t result_place;
   std::string written;
 
@@ -48,7 +48,7 @@ struct decoding_loss {
   /// Where the bytes begin.
   std::uint64_t place;
   std::string bytes;
-  /// The character that stands for them now, and where in the text it begins.
+  /// The character that replaces them, and where it begins in the text.
   std::uint64_t result_place;
   char32_t read_as;
 

@@ -65,8 +65,8 @@ class basic_page_decoder {
   /// Appends the text of the next bytes to `text`. The bytes of a character that the piece cuts are kept.
   ORVA_API void decode(std::string_view piece, std::basic_string<Unit>& text);
 
-  /// Appends what stands for a character that the end of the file cuts. The decoder is then at the beginning
-  /// of another file; its losses stay.
+  /// Appends the replacement of a character that the end of the file cuts. The decoder is then at the
+  /// beginning of another file; its losses stay.
   ORVA_API void finish(std::basic_string<Unit>& text);
 
   const loss_list<decoding_loss>& losses() const { return losses_; }

@@ -20,7 +20,7 @@ using code_pages::utf8_page;
 constexpr std::size_t chunk_size = 512;
 constexpr std::size_t most_units16 = 2 * chunk_size;
 
-/// Stands for a malformed part in UTF-16. It is never after a high surrogate, since those of a converted text
+/// Replaces a malformed part in UTF-16. It is never after a high surrogate, since those of a converted text
 /// have their pair.
 constexpr auto malformed_unit = static_cast<code_unit16>(0xDC00);
 
@@ -129,7 +129,7 @@ bool ends_pair(ustring16::view text, std::size_t unit) {
          text_kernels::is_high_surrogate(text_kernels::value_of(text[unit - 1]));
 }
 
-/// The bytes that stand for characters of no page.
+/// The bytes that replace characters that the page lacks.
 template <typename Page>
 std::string bytes_of_missing(const Page& page) {
   char bytes[utf8_page::max_bytes_of_unit];

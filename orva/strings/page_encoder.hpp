@@ -65,8 +65,8 @@ class basic_page_encoder {
   /// are kept.
   ORVA_API void encode(std::basic_string_view<Unit> piece, std::string& bytes);
 
-  /// Appends what stands for a character that the end of the text cuts. The encoder is then at the beginning
-  /// of another text; its losses stay.
+  /// Appends the replacement of a character that the end of the text cuts. The encoder is then at the
+  /// beginning of another text; its losses stay.
   ORVA_API void finish(std::string& bytes);
 
   const loss_list<encoding_loss>& losses() const { return losses_; }

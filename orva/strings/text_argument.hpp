@@ -11,8 +11,7 @@
 /// Text in UTF-8 is borrowed, not copied, and must live as long as the argument does: until the end of the
 /// call, as every temporary does. Bytes are taken as UTF-8 without a check. Text of another width is
 /// converted into a string that the argument owns, by the rules of `strings/unicode.hpp`, so that bad text
-/// arrives as
-/// "-1". UTF-16 may begin with 0xFFFE, which is then a character like any other.
+/// arrives as "-1". UTF-16 may begin with 0xFFFE, which is then a character like any other.
 ///
 /// `basic_text_argument<Unit>` is the same for an operation that works in another width, such as
 /// `system::path_argument`. An argument belongs to one call and to its thread.

@@ -202,7 +202,7 @@ bool begin_with_equal_ascii(std::basic_string_view<Unit> left, std::basic_string
   return different == 0;
 }
 
-/// The length of whole characters that are the same at the begin of both.
+/// The length of whole characters that are the same at the beginning of both.
 template <code_unit Unit>
 std::size_t same_characters(std::basic_string_view<Unit> left, std::basic_string_view<Unit> right) {
   constexpr std::size_t step = 16;

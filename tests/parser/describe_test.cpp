@@ -50,7 +50,7 @@ TEST(xml_describe, each_error_of_xml_parser_has_its_sentence) {
        "a.xml:1:16: error: The attribute b comes twice in one start tag. "
        "[xml.attribute_redefined]"},
       {"<a/>",
-       "a.xml:1:1: error: The declaration <?xml ... ?> at the begin is missing or malformed. "
+       "a.xml:1:1: error: The declaration <?xml ... ?> at the beginning is missing or malformed. "
        "[xml.bad_header]"},
       {"<?xml?>\n<a/>\n<b/>",
        "a.xml:3:1: error: Another element begins after the root element. [xml.data_after_root]"},
@@ -142,7 +142,7 @@ TEST(xml_describe, file_that_cannot_be_parsed_is_described) {
   xml_stream_parser too_short(file.path(), 1);
   too_short.parse();
   EXPECT_EQ(in_words(describe(too_short, "a.xml")),
-            "a.xml:1:1: error: The file has less than 50 bytes. [xml.file_too_short]");
+            "a.xml:1:1: error: The file has fewer than 50 bytes. [xml.file_too_short]");
 
   file.write("<html>" + std::string(60, ' '));
   xml_stream_parser no_header(file.path(), 1);

@@ -13,7 +13,7 @@ namespace ORVA_NAMESPACE::diagnostics::_private {
 
 struct excerpt {
   std::string text;
-  /// The column of the terminal, from 0 on, at which the caret stands.
+  /// The column of the terminal, from 0 on, of the caret.
   std::size_t caret = 0;
 };
 

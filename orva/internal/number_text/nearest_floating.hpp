@@ -7,8 +7,7 @@
 ///
 /// 1. Digits and a power of ten that the type represents: one rounded operation.
 /// 2. The first 38 digits times the first 128 bits of the power. The bounds of the product mostly round to
-/// the
-///    same value, which then is the result.
+///    the same value, which then is the result.
 /// 3. All digits, and a division of whole numbers of any length.
 #pragma once
 

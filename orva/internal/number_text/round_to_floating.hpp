@@ -43,7 +43,7 @@ template <typename Floating>
 }
 
 /// The nearest value, halves to even, of a number times two to `exponent`: infinity if it is too large, and 0
-/// if it is too small. The lowest bit may stand for any bits after it.
+/// if it is too small. The lowest bit may represent any bits after it.
 ///
 /// REQUIRES: the highest bit is set.
 template <typename Floating>

@@ -33,7 +33,7 @@ struct failure {
   /// A place of the text, or its end.
   const char* place = nullptr;
 
-  /// The same as a struct of the parser, without an open element. `first` is the begin of the text.
+  /// The same as a struct of the parser, without an open element. `first` is the beginning of the text.
   template <typename Error>
   Error as(const char* first) && {
     return Error{static_cast<typename Error::error_type>(type),

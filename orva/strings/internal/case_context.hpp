@@ -22,7 +22,7 @@ inline constexpr std::uint32_t capital_i_with_dot = 0x130;
 inline constexpr std::uint32_t capital_sigma = 0x3A3;
 inline constexpr std::uint32_t final_sigma = 0x3C2;
 
-/// Goes through the text from its end to its begin.
+/// Goes through the text from its end to its beginning.
 template <code_unit Unit>
 struct backward {
   std::basic_string_view<Unit> text;
