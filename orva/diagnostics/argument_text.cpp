@@ -1,49 +1,47 @@
 #include "orva/diagnostics/internal/argument_text.hpp"
 
-#include <charconv>
 #include <cmath>
-#include <typeinfo>
+#include <utility>
 
+#include "orva/strings/standard_transforms.hpp"
 #include "orva/types/nil.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics::_private {
 
 namespace {
 
+using strings::ustring8;
 using types::variant;
 
-template <typename Number>
-strings::ustring8 shortest_text(Number value) {
-  char digits[64];  // the longest `long double` takes 29
-  return {digits, std::to_chars(digits, std::end(digits), value).ptr};
-}
-
-template <typename Number>
-argument_text text_of_floating(Number value) {
-  return {std::isfinite(value) ? argument_kind::number : argument_kind::text, shortest_text(value)};
-}
-
 template <typename... Types>
-bool is_one_of(const std::type_info& type) {
-  return ((type == typeid(Types)) || ...);
+bool holds_one_of(const variant& value) {
+  return (value.holds<Types>() || ...);
+}
+
+argument_kind kind_of(const variant& value) {
+  if (value == types::nil) return argument_kind::nothing;
+  if (value.holds<bool>()) return argument_kind::truth;
+  const bool is_number =
+      holds_one_of<float, double, long double>(value)
+          ? std::isfinite(value.as_long_double())
+          : holds_one_of<signed char, unsigned char, short, unsigned short, int, unsigned int, long,
+                         unsigned long, long long, unsigned long long>(value);
+  return is_number ? argument_kind::number : argument_kind::text;
+}
+
+/// The text of any value but nil. Wide text that is malformed has U+FFFD for each malformed part.
+ustring8 shown_text(const variant& value) {
+  if (value.holds<bool>()) return value.as_bool() ? "true" : "false";
+  if (auto exact = value.try_as<ustring8>()) return *std::move(exact);
+  if (const auto wide = value.try_as<strings::ustring16>()) return strings::to_utf8(*wide).text;
+  return strings::to_utf8(value.try_as<strings::ustring32>().value()).text;
 }
 
 }  // namespace
 
 argument_text text_of(const variant& value) {
-  const std::type_info& type = value.type();
-  if (value == types::nil) return {argument_kind::nothing, {}};
-  if (type == typeid(bool)) return {argument_kind::truth, value.as_bool() ? "true" : "false"};
-  if (is_one_of<signed char, short, int, long, long long>(type)) {
-    return {argument_kind::number, shortest_text(value.as_int64())};
-  }
-  if (is_one_of<unsigned char, unsigned short, unsigned int, unsigned long, unsigned long long>(type)) {
-    return {argument_kind::number, shortest_text(value.as_uint64())};
-  }
-  if (type == typeid(float)) return text_of_floating(value.as_float());
-  if (type == typeid(double)) return text_of_floating(value.as_double());
-  if (type == typeid(long double)) return text_of_floating(value.as_long_double());
-  return {argument_kind::text, value.as_utf8()};
+  const argument_kind kind = kind_of(value);
+  return {kind, kind == argument_kind::nothing ? ustring8() : shown_text(value)};
 }
 
 }  // namespace ORVA_NAMESPACE::diagnostics::_private

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <limits>
 #include <sstream>
 
 #include "orva/diagnostics/report.hpp"
@@ -106,6 +107,29 @@ struct value_text {
   std::string_view expected;
 };
 
+TEST(finding, malformed_wide_arguments_lose_only_what_is_malformed) {
+  using orva::strings::ustring16;
+  using orva::strings::ustring32;
+  using orva::strings::wide_string;
+  const orva::strings::code_unit16 units16[] = {'a', 0xD800, 'b'};
+  const orva::strings::code_unit32 units32[] = {'a', 0x110000, 'b', 0xDC00};
+  const value_text examples[] = {
+      {ustring16(units16, 3),
+       "a\xEF\xBF\xBD"
+       "b"},
+      {wide_string(units16, 3),
+       "a\xEF\xBF\xBD"
+       "b"},
+      {ustring32(units32, 4),
+       "a\xEF\xBF\xBD"
+       "b\xEF\xBF\xBD"},
+  };
+  for (const value_text& each : examples) {
+    const finding found{severity::note, "app.own", {}, {}, argument("text", each.value)};
+    EXPECT_EQ(sentence(found), each.expected);
+  }
+}
+
 TEST(finding, arguments_of_every_type_are_shown_exactly) {
   const value_text examples[] = {
       {true, "true"},
@@ -121,6 +145,9 @@ TEST(finding, arguments_of_every_type_are_shown_exactly) {
       {1e300, "1e+300"},
       {"text", "text"},
       {u"w\u00E4", "w\xC3\xA4"},
+      {orva::strings::ustring32(U"w\u00E4"), "w\xC3\xA4"},
+      {false, "false"},
+      {std::numeric_limits<double>::infinity(), "inf"},
       {orva::types::variant(), ""},
   };
   for (const value_text& each : examples) {

@@ -17,7 +17,8 @@ enum class argument_kind {
 
 struct argument_text {
   argument_kind kind;
-  /// Numbers in the shortest form that reads back to the same value; "true", "false"; nothing is empty.
+  /// Numbers in the shortest form that reads back to the same value; "true", "false"; nothing is empty. Wide
+  /// text has U+FFFD for each malformed part; text of bytes is as it is.
   strings::ustring8 text;
 };
 
