@@ -4,16 +4,13 @@
 
 #include "orva/diagnostics/internal/argument_text.hpp"
 #include "orva/diagnostics/internal/not_kept.hpp"
+#include "orva/diagnostics/internal/visible_text.hpp"
 #include "orva/diagnostics/write.hpp"
 #include "orva/internal/text/well_formed_utf8.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
 
 namespace {
-
-bool is_control(std::uint32_t code_point) {
-  return code_point < 0x20 || (code_point >= 0x7F && code_point < 0xA0);
-}
 
 /// Control characters above 0x1F are escaped too, since a terminal may act on them.
 void append_control(std::string& output, std::uint32_t code_point) {
@@ -30,7 +27,7 @@ void append_string(std::string& output, std::string_view text) {
   while (!text.empty()) {
     const auto character = internal::text::decode_well_formed(text);
     if (character.code_point == '"' || character.code_point == '\\') output += '\\';
-    if (is_control(character.code_point)) {
+    if (_private::is_control(character.code_point)) {
       append_control(output, character.code_point);
     } else {
       output += character.well_formed ? text.substr(0, character.units) : replacement;

@@ -11,6 +11,11 @@
 
 namespace ORVA_NAMESPACE::diagnostics::_private {
 
+/// Whether a character is a control character: up to U+001F, or from U+007F to U+009F.
+constexpr bool is_control(std::uint32_t code_point) {
+  return code_point < 0x20 || (code_point >= 0x7F && code_point < 0xA0);
+}
+
 /// Whether a character would not show, or change how others show.
 bool is_hidden(std::uint32_t code_point) noexcept;
 
