@@ -3,16 +3,16 @@
 #include <algorithm>
 
 #include "orva/internal/text/well_formed_utf8.hpp"
+#include "orva/strings/byte_order_mark.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
 
 namespace {
 
-constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-
 /// The offset of the first byte of the text that has a column.
 std::size_t begin_of(std::string_view text) {
-  return text.starts_with(byte_order_mark) ? byte_order_mark.size() : 0;
+  const std::string_view mark = strings::byte_order_mark_in(strings::unicode_encoding::utf8);
+  return text.starts_with(mark) ? mark.size() : 0;
 }
 
 /// The column of an offset in a line that begins at `begin`.

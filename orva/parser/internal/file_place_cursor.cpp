@@ -6,13 +6,13 @@
 
 #include "orva/internal/text/well_formed_utf8.hpp"
 #include "orva/platform/file.hpp"
+#include "orva/strings/byte_order_mark.hpp"
 
 namespace ORVA_NAMESPACE::parser::_private {
 
 namespace {
 
 constexpr std::int64_t chunk = 0x10000;
-constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
 /// How far the rest of a character can reach.
 constexpr std::int64_t look_ahead = 3;
 
@@ -38,9 +38,10 @@ diagnostics::place file_place_cursor::place_of(const platform::native_string& pa
 std::int64_t file_place_cursor::pass(std::string_view text, std::int64_t count) {
   const std::size_t end = std::min(text.size(), static_cast<std::size_t>(count));
   std::size_t at = 0;
-  if (offset_ == 0 && text.starts_with(byte_order_mark)) {
-    if (end < byte_order_mark.size()) return 0;
-    at = byte_order_mark.size();
+  const std::string_view mark = strings::byte_order_mark_in(strings::unicode_encoding::utf8);
+  if (offset_ == 0 && text.starts_with(mark)) {
+    if (end < mark.size()) return 0;
+    at = mark.size();
   }
   while (at < end) {
     const std::size_t units = internal::text::decode_well_formed(text.substr(at)).units;
