@@ -110,7 +110,7 @@ class case_mapper {
     copy_run();
     make_room(room_for_a_character);
     Unit* end = buffer_.data() + used_;
-    for (std::size_t i = 0; i < characters.count; ++i) end = write_character(characters.text[i], end);
+    for (std::size_t i = 0; i < characters.count; ++i) end = internal::text::encode(characters.text[i], end);
     used_ = static_cast<std::size_t>(end - buffer_.data());
     copied_ = at_ += found.units;
   }

@@ -95,19 +95,4 @@ std::size_t last_boundary(std::basic_string_view<Unit> text) {
                                                                                   : text.size();
 }
 
-// Write a character and return the end.
-
-inline char* write_character(std::uint32_t code_point, char* to) {
-  return internal::text::encode(code_point, to);
-}
-inline code_unit16* write_character(std::uint32_t code_point, code_unit16* to) {
-  if (code_point >= 0x10000) return internal::text::encode_pair(code_point, to);
-  *to++ = static_cast<code_unit16>(code_point);
-  return to;
-}
-inline code_unit32* write_character(std::uint32_t code_point, code_unit32* to) {
-  *to++ = static_cast<code_unit32>(code_point);
-  return to;
-}
-
 }  // namespace ORVA_NAMESPACE::strings::_private
