@@ -9,7 +9,9 @@ using internal::code_pages::asked_page;
 
 const asked_page& page_of_system(int number) {
   static std::mutex mutex;
-  static std::map<int, asked_page> pages;
+  // Never destroyed: objects with static storage duration may convert text until the process ends, and the
+  // references to the pages must stay valid.
+  static auto& pages = *new std::map<int, asked_page>;
   const std::lock_guard lock(mutex);
   return pages.try_emplace(number, number, platform::to_code_page, platform::from_code_page).first->second;
 }
