@@ -5,6 +5,7 @@
 #include <ostream>
 
 #include "orva/parser/internal/xml_text_output.hpp"
+#include "orva/parser/xml_stream_parser.hpp"
 
 namespace ORVA_NAMESPACE::parser {
 
@@ -13,10 +14,10 @@ using result = xml_writer::result;
 
 namespace {
 
-// With "standalone", the shortest document has the 50 bytes that `xml_stream_parser` needs.
+// With "standalone", the shortest document is long enough for `xml_stream_parser`.
 constexpr std::string_view declaration = "<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n";
 constexpr std::string_view shortest_root = "<r/>";
-static_assert(declaration.size() + shortest_root.size() >= 50);
+static_assert(declaration.size() + shortest_root.size() >= xml_stream_parser::smallest_file);
 
 bool is_refused(const result& done) noexcept { return done.error != error::none; }
 
