@@ -12,6 +12,7 @@
 #include "orva/internal/text/code_point.hpp"
 #include "orva/internal/text/fast_path_from_utf8.hpp"
 #include "orva/internal/text/fast_path_to_utf8.hpp"
+#include "orva/internal/text/well_formed.hpp"
 
 namespace ORVA_NAMESPACE::internal::code_pages {
 
@@ -21,16 +22,6 @@ struct utf8_page {
   static constexpr std::size_t max_bytes_of_unit = 4;
   static constexpr std::uint32_t replacement = 0xFFFD;
 };
-
-/// Whether the standard allows this second byte: not for a value that has a shorter form, is a surrogate or
-/// is above 0x10FFFF.
-constexpr bool can_be_second(unsigned char second, unsigned char lead) {
-  if (lead == 0xE0) return second >= 0xA0;
-  if (lead == 0xED) return second < 0xA0;
-  if (lead == 0xF0) return second >= 0x90;
-  if (lead == 0xF4) return second < 0x90;
-  return true;
-}
 
 /// The character at `at`. A bad sequence becomes one replacement, which takes the lead byte and the
 /// continuation bytes before the fault; a continuation byte that the lead byte does not allow belongs to it
@@ -45,9 +36,8 @@ constexpr text::character decode_or_replace(const char* at, std::size_t remainin
   std::uint32_t code_point = lead & (0x7Fu >> length);
   for (std::size_t i = 1; i < length; ++i) {
     if (i == remaining || !text::is_continuation(at[i])) return {utf8_page::replacement, i};
-    const auto next = static_cast<unsigned char>(at[i]);
-    if (i == 1 && !can_be_second(next, lead)) return {utf8_page::replacement, 2};
-    code_point = code_point << 6 | (next & 0x3Fu);
+    if (i == 1 && !text::is_second_byte(lead, at[i])) return {utf8_page::replacement, 2};
+    code_point = code_point << 6 | (text::value_of(at[i]) & 0x3Fu);
   }
   return {code_point, length};
 }
@@ -65,7 +55,7 @@ constexpr bool is_replaced(const text::character& found, const char* at) {
 constexpr bool is_cut_sequence(std::string_view bytes) {
   const auto lead = static_cast<unsigned char>(bytes.front());
   if (lead < 0xC2 || lead > 0xF4 || bytes.size() >= text::sequence_length(lead)) return false;
-  return bytes.size() < 2 || can_be_second(static_cast<unsigned char>(bytes[1]), lead);
+  return bytes.size() < 2 || text::is_second_byte(lead, bytes[1]);
 }
 
 /// Whether the standard encodes `code_point` in a sequence of `Length`.

@@ -27,8 +27,8 @@ struct sequence_match {
   std::size_t matched = 0;
 };
 
-/// Whether `second` may follow `lead`, which begins a character of three or four bytes: the column "Second
-/// Byte" of the table.
+/// Whether `second` may follow `lead`, which begins a character of several bytes: the column "Second Byte" of
+/// the table.
 constexpr bool is_second_byte(std::uint32_t lead, char second) {
   if (!is_continuation(second)) return false;
   if (lead == 0xE0) return value_of(second) >= 0xA0;
