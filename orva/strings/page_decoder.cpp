@@ -58,7 +58,9 @@ std::size_t append(ustring16::view units, wide_string& text) {
 std::size_t append(ustring16::view units, ustring32::standard_string& text) {
   const std::size_t before = text.size();
   for (std::size_t i = 0; i < units.size();) {
-    const auto found = text_kernels::decode(units.data() + i, units.size() - i);
+    auto found = text_kernels::decode(units.data() + i, units.size() - i);
+    // No page of the library has an unpaired surrogate; one of the system may.
+    if (found.units == 0) found = {code_pages::utf8_page::replacement, 1};
     text.push_back(static_cast<code_unit32>(found.code_point));
     i += found.units;
   }
