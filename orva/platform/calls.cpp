@@ -6,4 +6,13 @@ boost::filesystem::file_type symlink_status(const boost::filesystem::path& path)
   return boost::filesystem::symlink_status(path).type();
 }
 
+boost::filesystem::file_type symlink_status(const boost::filesystem::path& path,
+                                            boost::system::error_code& error) {
+  return boost::filesystem::symlink_status(path, error).type();
+}
+
+boost::filesystem::path read_symlink(const boost::filesystem::path& path, boost::system::error_code& error) {
+  return boost::filesystem::read_symlink(path, error);
+}
+
 }  // namespace ORVA_NAMESPACE::platform::calls

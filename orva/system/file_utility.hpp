@@ -69,7 +69,8 @@ void append_paths(const std::vector<native_text<Path>>& names, std::vector<Path>
 
 /// Writes `contents` as the whole file, which is created or replaced. No byte order mark is added.
 ///
-/// Inverse: `load_file`.
+/// Inverse: `load_file`. `replace_file` reports a full disk and every other failure, follows links, and
+/// leaves the old file or the new one after a crash.
 ///
 ///     written, or opened and only partly written   =>  0   a full disk is not reported
 ///     cannot be opened, a directory, a pipe        =>  1

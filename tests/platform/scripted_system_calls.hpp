@@ -9,6 +9,8 @@
 namespace orva_test {
 
 struct call_script {
+  /// Asked before each call that changes files, by its name: the error by which it fails, or 0.
+  std::function<int(const char*)> refusal;
   std::function<int(const char*, int, mode_t)> open;
   std::function<int(int, struct stat*)> fstat;
   std::function<int(int)> let_writes_wait;

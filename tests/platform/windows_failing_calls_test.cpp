@@ -3,8 +3,10 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <iterator>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "orva/exceptions/exception.hpp"
@@ -12,6 +14,7 @@
 #include "orva/strings/code_page.hpp"
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
+#include "orva/system/replace_file.hpp"
 #include "tests/platform/windows_scripted_calls.hpp"
 #include "tests/support/temporary_directory.hpp"
 
@@ -153,6 +156,38 @@ TEST(failing_store_file, file_that_cannot_be_emptied_gives_1_and_keeps_its_conte
   EXPECT_EQ(sys::store_file(path, "y"), 1);
   EXPECT_EQ(directory.read("file"), "x");
   EXPECT_EQ(calls->open_files, 0);
+}
+
+TEST(failing_replace_file, each_call_that_fails_leaves_the_old_file_and_nothing_beside) {
+  using error = sys::replace_file_result::error;
+  const std::pair<std::string, error> failures[] = {
+      {"get_file_attributes", error::not_a_file}, {"create_new_file", error::not_created},
+      {"get_access_list", error::owner_changes},  {"set_access_list", error::owner_changes},
+      {"flush_file_buffers", error::not_synced},  {"move_file_replacing", error::not_renamed}};
+  for (const auto& [failing, expected] : failures) {
+    const temporary_directory directory;
+    const auto path = directory.write("file", "old");
+    const scripted_calls calls;
+    calls->refusal = [&](const char* call) { return call == failing ? ERROR_IO_DEVICE : DWORD{0}; };
+    const auto result = sys::replace_file(path, "new");
+    EXPECT_EQ(result.code, expected) << failing;
+    EXPECT_EQ(result.reason.value(), ERROR_IO_DEVICE) << failing;
+    EXPECT_EQ(directory.read("file"), "old") << failing;
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path()), {}), 1) << failing;
+    EXPECT_EQ(calls->open_files, 0) << failing;
+  }
+}
+
+TEST(failing_replace_file, full_disk_is_reported) {
+  const temporary_directory directory;
+  const auto path = directory.write("file", "old");
+  const scripted_calls calls;
+  calls->write_file = [](HANDLE, const void*, DWORD, DWORD*) { return fail_with(ERROR_DISK_FULL); };
+  const auto result = sys::replace_file(path, "new");
+  EXPECT_EQ(result.code, sys::replace_file_result::error::not_written);
+  EXPECT_EQ(result.reason.value(), ERROR_DISK_FULL);
+  EXPECT_EQ(directory.read("file"), "old");
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(directory.path()), {}), 1);
 }
 
 TEST(directory_listing, failed_search_keeps_what_it_read_and_is_closed) {

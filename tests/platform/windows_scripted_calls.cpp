@@ -13,6 +13,16 @@ call_script& script() {
 
 }  // namespace orva_test
 
+namespace {
+
+bool is_refused(const char* call) {
+  const DWORD error = orva_test::script().refusal ? orva_test::script().refusal(call) : 0;
+  if (error != 0) ::SetLastError(error);
+  return error != 0;
+}
+
+}  // namespace
+
 namespace ORVA_NAMESPACE::platform::windows::calls {
 
 using orva_test::script;
@@ -53,6 +63,33 @@ BOOL read_file(HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* posi
 BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written) {
   if (script().write_file) return script().write_file(file, from, count, written);
   return ::WriteFile(file, from, count, written, nullptr);
+}
+
+HANDLE create_new_file(const wchar_t* path, DWORD attributes) {
+  if (is_refused("create_new_file")) return INVALID_HANDLE_VALUE;
+  const HANDLE file = ::CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr);
+  if (file != INVALID_HANDLE_VALUE) ++script().open_files;
+  return file;
+}
+
+DWORD get_file_attributes(const wchar_t* path) {
+  return is_refused("get_file_attributes") ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesW(path);
+}
+
+BOOL get_access_list(const wchar_t* path, void* list, DWORD room, DWORD* size) {
+  if (is_refused("get_access_list")) return FALSE;
+  return ::GetFileSecurityW(path, DACL_SECURITY_INFORMATION, list, room, size);
+}
+
+BOOL set_access_list(const wchar_t* path, void* list) {
+  return !is_refused("set_access_list") && ::SetFileSecurityW(path, DACL_SECURITY_INFORMATION, list);
+}
+
+BOOL flush_file_buffers(HANDLE file) { return !is_refused("flush_file_buffers") && ::FlushFileBuffers(file); }
+
+BOOL move_file_replacing(const wchar_t* from, const wchar_t* to) {
+  return !is_refused("move_file_replacing") &&
+         ::MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
 }
 
 int stat(const wchar_t* path, struct _stat64i32* status) {

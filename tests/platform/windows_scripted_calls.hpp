@@ -9,6 +9,8 @@
 namespace orva_test {
 
 struct call_script {
+  /// Asked before each call that only a replacement makes, by its name: the error by which it fails, or 0.
+  std::function<DWORD(const char*)> refusal;
   std::function<HANDLE(const wchar_t*)> create_file;
   std::function<BOOL(HANDLE, LARGE_INTEGER*)> get_file_size;
   std::function<BOOL(HANDLE, BY_HANDLE_FILE_INFORMATION*)> get_file_information;

@@ -4,14 +4,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <utility>
 
 #include "orva/platform/posix/c_path.hpp"
+#include "orva/platform/posix/descriptor.hpp"
 #include "orva/platform/posix/write_all.hpp"
 
 namespace ORVA_NAMESPACE::platform {
 
 namespace {
+
+using posix::descriptor;
 
 /// O_NOFOLLOW: a link that takes the file's place after a check for links is refused all the same.
 /// O_NONBLOCK: opening a pipe does not wait for its other end.
@@ -27,27 +29,13 @@ bool opens_again() {
   return true;
 }
 
-/// An open file descriptor; -1 is none.
-class descriptor {
- public:
-  descriptor(const native_string& path, int flags) {
-    do {
-      file_ = posix::calls::open(posix::c_path(path), flags | common_flags, 0666);
-    } while (file_ < 0 && opens_again());
-  }
-  descriptor(const descriptor&) = delete;
-  descriptor& operator=(const descriptor&) = delete;
-  // An interrupted close has closed: a second one could hit a file that another thread just opened.
-  ~descriptor() {
-    if (file_ >= 0) posix::calls::close(file_);
-  }
-
-  int get() const { return file_; }
-  int release() { return std::exchange(file_, -1); }
-
- private:
-  int file_;
-};
+descriptor open_file(const native_string& path, int flags) {
+  int file;
+  do {
+    file = posix::calls::open(posix::c_path(path), flags | common_flags, 0666);
+  } while (file < 0 && opens_again());
+  return descriptor(file);
+}
 
 /// The position of the end, or -1 for what has none.
 std::int64_t size_of(int file) {
@@ -68,7 +56,7 @@ bool prepare_for_writing(int file) {
 }  // namespace
 
 input_file::input_file(const native_string& path) {
-  descriptor file(path, O_RDONLY);
+  descriptor file = open_file(path, O_RDONLY);
   if (file.get() < 0) return;
   size_ = size_of(file.get());
   if (size_ >= 0) handle_ = file.release();
@@ -91,7 +79,7 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
 }
 
 bool write_file(const native_string& path, std::string_view contents) {
-  const descriptor file(path, O_WRONLY | O_CREAT | O_TRUNC);
+  const descriptor file = open_file(path, O_WRONLY | O_CREAT | O_TRUNC);
   if (file.get() < 0 || !prepare_for_writing(file.get())) return false;
   posix::write_all(file.get(), contents);
   return true;

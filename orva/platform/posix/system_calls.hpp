@@ -36,6 +36,24 @@ int lstat(const char* path, struct stat* status);
 int unlink(const char* path);
 int rmdir(const char* path);
 
+int openat(int directory, const char* name, int flags, mode_t mode);
+/// Opens a new file without a name in the directory, which disappears when it is closed. Fails where the
+/// system or the file system has none.
+int open_unnamed(int directory, mode_t mode);
+/// Gives a file that `open_unnamed` opened a name, which must be free.
+int name_unnamed(int file, int directory, const char* name);
+int faccessat(int directory, const char* name, int rights, int flags);
+int fchown(int file, uid_t owner, gid_t group);
+int fchmod(int file, mode_t mode);
+/// The list of who may use the file beyond its mode, in the form in which `set_access_list` takes it.
+/// `ENODATA`: the file has none; `EOPNOTSUPP`: the file system has none.
+ssize_t get_access_list(const char* path, void* list, std::size_t room);
+int set_access_list(int file, const void* list, std::size_t size);
+int remove_access_list(int file);
+int fsync(int file);
+int renameat(int directory, const char* from, const char* to);
+int unlinkat(int directory, const char* name);
+
 DIR* opendir(const char* path);
 dirent* readdir(DIR* directory);
 int dirfd(DIR* directory);

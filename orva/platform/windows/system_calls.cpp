@@ -28,6 +28,26 @@ BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written) {
   return ::WriteFile(file, from, count, written, nullptr);
 }
 
+HANDLE create_new_file(const wchar_t* path, DWORD attributes) {
+  return ::CreateFileW(path, GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr);
+}
+
+DWORD get_file_attributes(const wchar_t* path) { return ::GetFileAttributesW(path); }
+
+BOOL get_access_list(const wchar_t* path, void* list, DWORD room, DWORD* size) {
+  return ::GetFileSecurityW(path, DACL_SECURITY_INFORMATION, list, room, size);
+}
+
+BOOL set_access_list(const wchar_t* path, void* list) {
+  return ::SetFileSecurityW(path, DACL_SECURITY_INFORMATION, list);
+}
+
+BOOL flush_file_buffers(HANDLE file) { return ::FlushFileBuffers(file); }
+
+BOOL move_file_replacing(const wchar_t* from, const wchar_t* to) {
+  return ::MoveFileExW(from, to, MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+}
+
 int stat(const wchar_t* path, struct _stat64i32* status) { return ::_wstat64i32(path, status); }
 BOOL create_directory(const wchar_t* path) { return ::CreateDirectoryW(path, nullptr); }
 int mkdir(const wchar_t* path) { return ::_wmkdir(path); }

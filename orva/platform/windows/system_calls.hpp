@@ -22,6 +22,16 @@ BOOL set_end_of_file(HANDLE file);
 BOOL read_file(HANDLE file, void* to, DWORD count, DWORD* read, OVERLAPPED* position);
 BOOL write_file(HANDLE file, const void* from, DWORD count, DWORD* written);
 
+/// Fails where the path is taken. No other process may open the file.
+HANDLE create_new_file(const wchar_t* path, DWORD attributes);
+DWORD get_file_attributes(const wchar_t* path);
+/// The access control list, with the owner's rights in it, as `set_access_list` takes it.
+BOOL get_access_list(const wchar_t* path, void* list, DWORD room, DWORD* size);
+BOOL set_access_list(const wchar_t* path, void* list);
+BOOL flush_file_buffers(HANDLE file);
+/// Gives `from` the name `to`, which another file may have, and waits until the disk has it.
+BOOL move_file_replacing(const wchar_t* from, const wchar_t* to);
+
 /// `_wstat64i32`.
 int stat(const wchar_t* path, struct _stat64i32* status);
 BOOL create_directory(const wchar_t* path);
