@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "orva/config/internal/config_file_reader.hpp"
+#include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/config_file_writer.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/platform/file.hpp"

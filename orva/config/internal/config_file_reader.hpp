@@ -9,46 +9,32 @@
 #include <string_view>
 
 #include "orva/config/config_tree.hpp"
-#include "orva/config/internal/token_scanner.hpp"
+#include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/generic/varg_list.hpp"
 #include "orva/strings/ustring.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
 
-/// Moves `position` to the line end after a comment, or to the end of the text.
-void skip_comment(std::string_view text, unsigned int& position);
-
 class config_file_reader {
  public:
-  config_file_reader(std::string_view text, config_tree& tree) : text_(text), tree_(tree) {}
+  config_file_reader(std::string_view text, config_tree& tree) : scanner_(text), tree_(tree) {}
 
   void read();
 
  private:
-  config_token::tok_types next() { return scan_token(text_, position_, token_); }
-  std::string_view plain_text(const byte_set& stops) { return scan_plain(text_, position_, stops); }
-  bool at_comment() const;
-
-  void skip_to_content();
-  void read_section();
-  void read_key();
-  void read_scalar();
-  void read_array();
-  void push_element();
-  void end_array();
+  void store_value();
+  void store_array();
+  void add_element(scanned_value& value);
 
   config_tree& section();
 
-  std::string_view text_;
+  config_file_scanner scanner_;
   config_tree& tree_;
-  unsigned int position_ = 0;
-  scanned_token token_;
+  scanned_part part_;
 
   strings::ustring8 section_name_;
   /// The node of the section, null until its first key: a section without keys makes no node.
   config_tree* section_ = nullptr;
-  strings::ustring8 key_;
-  strings::ustring8 value_;
   /// The elements of the array that is being read. An array whose last element is empty is not stored and
   /// leaves its elements here: the next array begins with them.
   generic::varg_list elements_;
