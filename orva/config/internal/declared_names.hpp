@@ -1,0 +1,90 @@
+/// The names of a declaration, to find its settings by: keys, options, variables, positions, commands.
+///
+///     const declared_names names(viewer);          // throws for a wrong declaration
+///     names.find_key("threads")                    // number of the setting, or `none`
+///     names.find_option(scope, "threads")          // in the scope of a command, and those around it
+///
+/// Internal: not installed. Refers to the declaration, which must live as long and not change. Each lookup
+/// takes constant time.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include "orva/config/declaration.hpp"
+
+namespace ORVA_NAMESPACE::config::_private {
+
+/// A number that no setting and no scope has.
+inline constexpr std::size_t none = static_cast<std::size_t>(-1);
+
+struct declared_setting {
+  const setting* described;
+  /// With the commands in front, in lower case: as a tree stores it.
+  std::string key;
+  std::size_t scope;
+  bool is_positional;
+  std::size_t successor = none;
+};
+
+/// The names that count after a command, or before all commands: the scope with the number 0.
+struct command_scope {
+  const declaration* declared;
+  /// The names of the commands, each with a dot after it.
+  std::string prefix;
+  std::size_t parent;
+  std::unordered_map<std::string_view, std::size_t> long_options;
+  std::unordered_map<char, std::size_t> short_options;
+  std::unordered_map<std::string_view, std::size_t> commands;
+  std::vector<std::size_t> positionals;
+};
+
+class declared_names {
+ public:
+  explicit declared_names(const declaration& declared);
+  declared_names(const declared_names&) = delete;
+  declared_names& operator=(const declared_names&) = delete;
+
+  const std::vector<declared_setting>& settings() const noexcept { return settings_; }
+  const std::vector<command_scope>& scopes() const noexcept { return scopes_; }
+
+  /// Of a key in any case.
+  std::size_t find_key(std::string_view key) const;
+  /// Of a key in lower case.
+  std::size_t find_lower_case_key(std::string_view key) const { return found_in(keys_, key); }
+  std::size_t find_variable(std::string_view name) const { return found_in(variables_, name); }
+  bool has_variables() const noexcept { return !variables_.empty(); }
+
+  std::size_t find_option(std::size_t scope, std::string_view long_option) const;
+  std::size_t find_option(std::size_t scope, char short_option) const;
+
+  /// Whether `scope` is `inner`, or is around it.
+  bool is_around(std::size_t scope, std::size_t inner) const;
+
+ private:
+  template <typename Map>
+  static std::size_t found_in(const Map& map, const typename Map::key_type& name) {
+    const auto found = map.find(name);
+    return found != map.end() ? found->second : none;
+  }
+
+  void add_scopes(const declaration& declared);
+  void add_settings(std::size_t scope);
+  void add_setting(const setting& described, std::size_t scope, bool is_positional);
+  void index(std::size_t number);
+  void index_options(std::size_t number);
+  void check_negations(const command_scope& scope) const;
+  void check_positionals(const command_scope& scope) const;
+  void check_sections() const;
+  void find_successor(declared_setting& deprecated) const;
+
+  std::vector<declared_setting> settings_;
+  std::vector<command_scope> scopes_;
+  std::unordered_map<std::string_view, std::size_t> keys_;
+  std::unordered_map<std::string_view, std::size_t> variables_;
+};
+
+}  // namespace ORVA_NAMESPACE::config::_private
