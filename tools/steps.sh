@@ -61,7 +61,7 @@ need_packages() {
 }
 
 build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
-check_packages=("${build_packages[@]}" binutils clang clang-format doxygen gettext git libbenchmark-dev
+check_packages=("${build_packages[@]}" binutils ccache clang clang-format doxygen gettext git libbenchmark-dev
   libboost-serialization-dev libcereal-dev libclang-rt-dev libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev
   libhowardhinnant-date-dev libicu-dev libpugixml-dev libxml2-dev libxml2-utils llvm locales pkg-config python3
   zlib1g-dev)
