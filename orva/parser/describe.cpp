@@ -4,6 +4,7 @@
 #include <exception>
 #include <string>
 
+#include "orva/internal/text/hexadecimal.hpp"
 #include "orva/internal/text/well_formed_utf8.hpp"
 
 namespace ORVA_NAMESPACE::parser {
@@ -11,6 +12,7 @@ namespace ORVA_NAMESPACE::parser {
 namespace {
 
 using diagnostics::finding;
+using internal::text::hexadecimal;
 using strings::ustring8;
 
 /// A code with its arguments; the place and the file are added later.
@@ -21,20 +23,14 @@ finding error_of(const char* code, const Arguments&... arguments) {
 
 generic::argument named(const char* name, std::string_view value) { return {name, ustring8(value)}; }
 
-ustring8 hexadecimal(std::string_view prefix, std::uint32_t value, int digits) {
-  ustring8 text(prefix);
-  for (int shift = 4 * (digits - 1); shift >= 0; shift -= 4) text += "0123456789ABCDEF"[value >> shift & 0xF];
-  return text;
-}
-
 /// The first character of a text, in a form that people can see.
-ustring8 shown_character(std::string_view text) {
+std::string shown_character(std::string_view text) {
   const auto character = internal::text::decode_well_formed(text);
   if (!character.well_formed) return hexadecimal("0x", static_cast<unsigned char>(text.front()), 2);
   const bool is_blank =
       character.code_point <= ' ' || (character.code_point >= 0x7F && character.code_point <= 0xA0);
   if (is_blank) return hexadecimal("U+", character.code_point, 4);
-  return ustring8(text.substr(0, character.units));
+  return std::string(text.substr(0, character.units));
 }
 
 finding mismatched(std::string_view found, std::string_view open) {
