@@ -6,6 +6,8 @@
 ///     lines.place_of(5)                   =>  line 2, column 2
 ///     lines.line(2)                       =>  "two"
 ///
+///     place_in_whole({2, 5}, {1, 3})      =>  line 2, column 7: column 3 of a part that begins at 2:5
+///
 /// Text is UTF-8, offsets count its bytes. Lines and columns count from 1. A line ends at a line feed, which
 /// is the last column of its line. A column is a code point: a byte that continues a character has the
 /// column of the character. In malformed text, each part that one U+FFFD would replace is a column. A
@@ -32,6 +34,14 @@ struct place {
 
 /// Reads the text up to `offset` once.
 [[nodiscard]] ORVA_API place place_of(std::string_view text, std::size_t offset);
+
+/// A place in a part of a text as a place in the whole text, in which the part begins at `begin`. A part
+/// without a place is where it begins.
+[[nodiscard]] constexpr place place_in_whole(place begin, place in_part) noexcept {
+  if (in_part.line == 0) return begin;
+  if (in_part.line > 1) return {begin.line + in_part.line - 1, in_part.column};
+  return {begin.line, begin.column + in_part.column - 1};
+}
 
 /// The lines of a text. It refers to the text, which must live as long, and takes one `std::size_t` for each
 /// line. Any number of threads may use one.

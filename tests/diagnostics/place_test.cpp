@@ -10,6 +10,7 @@ namespace {
 
 using orva::diagnostics::line_index;
 using orva::diagnostics::place;
+using orva::diagnostics::place_in_whole;
 using orva::diagnostics::place_of;
 
 TEST(place, documentation_example) {
@@ -18,6 +19,22 @@ TEST(place, documentation_example) {
   const line_index lines(text);
   EXPECT_EQ(lines.place_of(5), (place{2, 2}));
   EXPECT_EQ(lines.line(2), "two");
+  EXPECT_EQ(place_in_whole({2, 5}, {1, 3}), (place{2, 7}));
+}
+
+TEST(place, of_a_part_is_moved_into_the_whole_text) {
+  EXPECT_EQ(place_in_whole({2, 5}, {1, 1}), (place{2, 5}));
+  EXPECT_EQ(place_in_whole({2, 5}, {2, 1}), (place{3, 1}));
+  EXPECT_EQ(place_in_whole({2, 5}, {}), (place{2, 5}));
+  const std::string text = "a\n\xC3\xA4;b\xE2\x82\xAC\nc;\nd";
+  for (std::size_t begin = 0; begin <= text.size(); ++begin) {
+    if ((text[begin] & 0xC0) == 0x80) continue;
+    const std::string_view part = std::string_view(text).substr(begin);
+    for (std::size_t offset = 0; offset <= part.size(); ++offset) {
+      EXPECT_EQ(place_in_whole(place_of(text, begin), place_of(part, offset)),
+                place_of(text, begin + offset));
+    }
+  }
 }
 
 struct example {
