@@ -36,7 +36,8 @@ int main() {
   // The speaking readers take a view, and say what is wrong and where the number ends.
   const auto weight = convert::read_number<std::int8_t>("300 kg");
   std::cout << int{weight.value} << ' ' << weight.length << ' '
-            << (weight.error == convert::number_error::too_large) << '\n';
+            << (weight.error == convert::number_error::too_large) << '\n'
+            << orva::diagnostics::describe(weight, "300 kg") << '\n';
   std::cout << convert::parse_number<int>("12 apples").has_value() << ' '
             << *convert::parse_number<int>("-0x1F", radix::prefix) << '\n';
 

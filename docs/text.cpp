@@ -48,7 +48,7 @@ int main() {
   const auto repaired = strings::to_utf16(bad);
   std::cout << strings::to_utf8(repaired.text).text << ", replaced: " << repaired.replaced << '\n';
   if (const auto malformed = strings::first_malformed(bad)) {
-    std::cout << "byte " << malformed->offset << ": " << strings::describe(malformed->kind) << '\n';
+    std::cout << diagnostics::describe(*malformed, bad) << '\n';
   }
   print_units("from UTF-32:", strings::to_utf16(text32).text);
 

@@ -87,7 +87,7 @@ void texts() {
 
   for (const std::string_view text : {"2023-02-29", "2024-2-29", "2024-02"}) {
     const auto result = date_time::read_date(text);
-    std::cout << text << ", position " << result.count << ": " << describe(result.error) << '\n';
+    std::cout << text << ", " << describe(result, text) << '\n';
   }
   const auto precise = date_time::read_time("08:30:00.123456");
   std::cout << precise.value << (precise.is_rounded ? ", rounded down" : "") << '\n';

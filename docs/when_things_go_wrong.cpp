@@ -11,6 +11,7 @@ const std::string_view orders =
     "2026-02-30;12;coffee\n"
     "2026-11-23;12x;cocoa\n"
     "2026-11-24;300;milk\n"
+    "2026-11-24;0;water\n"
     "2026-11-25;7;caf\xE9\n";
 
 /// Reads a list of orders. Every line is taken as a whole and exactly, or the report says what is wrong with
@@ -28,20 +29,17 @@ class order_reader {
   void read_line(std::string_view line) {
     const std::string_view date = next_field(line);
     const auto day = orva::system::date_time::read_date(date);
-    if (day.error != orva::system::date_time::iso8601_error::none) {
-      return complain("orders.date", date.substr(day.count), describe(day.error));
-    }
+    if (day.error != orva::system::date_time::iso8601_error::none) return add(describe(day, date), date);
     const std::string_view count = next_field(line);
     const auto cups = convert::read_number<signed char>(count);
-    if (cups.error == convert::number_error::too_large) {
-      return complain("orders.count", count, "more than 127 are not sold");
-    }
     if (cups.error != convert::number_error::none || cups.length != count.size()) {
-      return complain("orders.count", count.substr(cups.length), "a count is digits and nothing else");
+      return add(describe(cups, count), count);
     }
-    if (const auto bad = orva::strings::first_malformed(line)) {
-      return complain("orders.article", line.substr(bad->offset), describe(bad->kind));
+    if (cups.value == 0) {
+      return add({severity::warning, "orders.nothing", {}, {}, argument("text", "Nothing is ordered.")},
+                 count);
     }
+    if (const auto bad = orva::strings::first_malformed(line)) return add(describe(*bad, line), line);
     std::cout << "order: " << int{cups.value} << ' ' << line << '\n';
   }
 
@@ -52,9 +50,12 @@ class order_reader {
     return field;
   }
 
-  void complain(const char* code, std::string_view at, std::string_view what) {
-    const place where = lines_.place_of(static_cast<std::size_t>(at.data() - text_.data()));
-    found_.add({severity::error, code, "orders.txt", where, argument("text", std::string(what))});
+  /// The place of the finding is in a part of the text.
+  void add(finding found, std::string_view part) {
+    found.file = "orders.txt";
+    found.at =
+        place_in_whole(lines_.place_of(static_cast<std::size_t>(part.data() - text_.data())), found.at);
+    found_.add(found);
   }
 
   std::string_view text_;
@@ -84,7 +85,7 @@ void read_damaged_data() {
   std::string stored = orva::serialization::write_frame("example.orders", 1, "three cups of tea");
   stored[stored.size() / 2] ^= 1;
   const auto read = orva::serialization::read_frame(stored);
-  std::cout << "stored orders: " << describe(read.failure) << '\n';
+  std::cout << describe(read.failure, "orders.frame") << '\n';
 }
 
 int main() {

@@ -22,8 +22,10 @@
 #include "orva/debug/assert.hpp"
 // diagnostics
 #include "orva/diagnostics/finding.hpp"
+#include "orva/diagnostics/number_findings.hpp"
 #include "orva/diagnostics/place.hpp"
 #include "orva/diagnostics/report.hpp"
+#include "orva/diagnostics/text_findings.hpp"
 #include "orva/diagnostics/write.hpp"
 // exceptions
 #include "orva/exceptions/describe.hpp"

@@ -8,6 +8,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "orva/diagnostics/number_findings.hpp"
 #include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/write_number.hpp"
 #include "tests/support/reference_read_number.hpp"
@@ -51,6 +52,8 @@ void check(std::string_view text, unsigned int base) {
   }
   require(orva_test::same_result(result, read<Number, strings::code_unit16>(text, base)));
   require(orva_test::same_result(result, read<Number, strings::code_unit32>(text, base)));
+  const bool is_whole = result.error == number_error::none && result.length == text.size();
+  require(ORVA_NAMESPACE::diagnostics::describe(result, text).code.empty() == is_whole);
   if (result.error == number_error::none) check_written(result.value, base == 0 ? 10 : base);
 }
 

@@ -107,7 +107,7 @@ void read_all(const std::string& types, const std::string& data, checked_reader:
       continue;
     }
     const read_failure failure = in.failure();
-    require(failure.error != read_error::none && !describe(failure).empty());
+    require(failure.error != read_error::none && !describe(failure).code.empty());
     require(failure.item == begin && failure.position >= begin && failure.position <= data.size());
     require(!in.read_uint8() && !in.read_string() && !in.at_end() && !in.finish());
     require(in.failure() == failure && in.position() == begin);

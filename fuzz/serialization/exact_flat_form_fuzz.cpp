@@ -24,7 +24,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   exact.add_value("kept", 1);
   const read_failure failure = read_exact_flat_form(text, exact);
   if (failure.error != read_error::none) {
-    require(failure.item <= failure.position && failure.position <= size && !describe(failure).empty());
+    require(failure.item <= failure.position && failure.position <= size && !describe(failure).code.empty());
     require(exact.has_value("kept"));
     return 0;
   }

@@ -37,6 +37,10 @@ void convert_in_pieces(std::basic_string_view<Unit> text, std::size_t first_size
 template <typename Unit>
 void check(const basic_ustring<Unit>& text) {
   require(orva_test::agrees<Unit>(text));
+  if (const auto bad = first_malformed(text)) {
+    const auto found = orva::diagnostics::describe(*bad, text);
+    require(found.at.line > 0 && found.at.column > 0 && found.at.column <= bad->offset + 1);
+  }
   const ustring32 characters = to_utf32(text).text;
   require(is_well_formed(characters));
   require(to_utf32(to_utf8(text).text).text == characters);

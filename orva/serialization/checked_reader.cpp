@@ -13,22 +13,22 @@ namespace convert = generic::convert;
 
 namespace {
 
-const char* words_for(read_error error) {
+const char* code_of(read_error error) {
   switch (error) {
     case read_error::none:
       break;
     case read_error::data_ended:
-      return "the data ends";
+      return "data.ended";
     case read_error::bad_number:
-      return "the text is not a number";
+      return "data.bad_number";
     case read_error::out_of_range:
-      return "the number does not fit into its type";
+      return "data.out_of_range";
     case read_error::no_separator:
-      return "the string is not closed by the byte 0x01";
+      return "data.no_separator";
     case read_error::data_left:
-      return "data is left after the last item";
+      return "data.left";
     case read_error::bad_label:
-      return "the label is empty, is not trimmed, or is there twice";
+      return "data.bad_label";
   }
   return "";
 }
@@ -75,12 +75,14 @@ parsed<Floating> parse_floating(std::string_view text) {
 
 }  // namespace
 
-std::string describe(const read_failure& failure) {
-  if (failure.error == read_error::none) return {};
-  std::string text = "offset " + std::to_string(failure.position);
-  if (failure.position != failure.item)
-    text += ", in the item that begins at offset " + std::to_string(failure.item);
-  return text + ": " + words_for(failure.error);
+diagnostics::finding describe(const read_failure& failure, std::string_view file) {
+  if (failure.error == read_error::none)
+    return {diagnostics::severity::note, {}, strings::ustring8(file), {}, {}};
+  return {diagnostics::severity::error,
+          code_of(failure.error),
+          strings::ustring8(file),
+          {},
+          {{"item", failure.item}, {"offset", failure.position}}};
 }
 
 std::nullopt_t checked_reader::fail(read_error error, std::size_t position) noexcept {

@@ -40,6 +40,7 @@
 #include <string_view>
 #include <type_traits>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/generic/convert/byte_order.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"
@@ -70,12 +71,15 @@ struct read_failure {
   bool operator==(const read_failure&) const = default;
 };
 
-/// The failure in English.
+/// The failure in words; a note without a code if there is none.
 ///
-///     {data_ended, 4, 5}   =>  "offset 5, in the item that begins at offset 4: the data ends"
-///     {data_left, 9, 9}    =>  "offset 9: data is left after the last item"
-///     {}                   =>  ""
-[[nodiscard]] ORVA_API std::string describe(const read_failure& failure);
+///     {data_ended, 4, 5}   =>  error: The data ends at offset 5, in the item that begins at offset 4.
+///                              [data.ended]
+///
+/// The codes are "data." and the name of the error, from which a second "data" is removed. Arguments:
+/// `item` and `offset`, the position. docs/diagnostic_codes.md explains each code. `file` is the name that
+/// the user knows, and only passed on.
+[[nodiscard]] ORVA_API diagnostics::finding describe(const read_failure& failure, std::string_view file = {});
 
 class ORVA_API checked_reader {
  public:

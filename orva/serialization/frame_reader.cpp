@@ -15,20 +15,20 @@ using _private::frame_record;
 
 namespace {
 
-const char* words_for(frame_error error) {
+const char* code_of(frame_error error) {
   switch (error) {
     case frame_error::none:
       break;
     case frame_error::not_a_frame:
-      return "the data is not a frame";
+      return "frame.not_a_frame";
     case frame_error::damaged:
-      return "the frame is damaged";
+      return "frame.damaged";
     case frame_error::invalid:
-      return "the writer of the frame broke its rules";
+      return "frame.invalid";
     case frame_error::truncated:
-      return "the data ends before the frame does";
+      return "frame.truncated";
     case frame_error::data_after_end:
-      return "data follows the frame";
+      return "frame.data_after_end";
   }
   return "";
 }
@@ -42,9 +42,14 @@ std::size_t first_foreign_byte(std::string_view begin) {
 
 }  // namespace
 
-std::string describe(const frame_failure& failure) {
-  if (failure.error == frame_error::none) return {};
-  return "offset " + std::to_string(failure.position) + ": " + words_for(failure.error);
+diagnostics::finding describe(const frame_failure& failure, std::string_view file) {
+  if (failure.error == frame_error::none)
+    return {diagnostics::severity::note, {}, strings::ustring8(file), {}, {}};
+  return {diagnostics::severity::error,
+          code_of(failure.error),
+          strings::ustring8(file),
+          {},
+          {{"offset", failure.position}}};
 }
 
 frame_reader::event frame_reader::fail(frame_error error, std::uint64_t position) noexcept {

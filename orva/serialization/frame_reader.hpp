@@ -36,6 +36,7 @@
 #include <string>
 #include <string_view>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/types/integers.hpp"
 
@@ -61,11 +62,14 @@ struct frame_failure {
   bool operator==(const frame_failure&) const = default;
 };
 
-/// The failure in English.
+/// The failure in words; a note without a code if there is none.
 ///
-///     {truncated, 70}  =>  "offset 70: the data ends before the frame does"
-///     {}               =>  ""
-[[nodiscard]] ORVA_API std::string describe(const frame_failure& failure);
+///     {truncated, 70}  =>  error: The data ends at offset 70, before the frame does. [frame.truncated]
+///
+/// The codes are "frame." and the name of the error. Argument: `offset`, the position.
+/// docs/diagnostic_codes.md explains each code. `file` is the name that the user knows, and only passed on.
+[[nodiscard]] ORVA_API diagnostics::finding describe(const frame_failure& failure,
+                                                     std::string_view file = {});
 
 class ORVA_API frame_reader {
  public:

@@ -16,6 +16,9 @@
 /// characters that only the page has. No label names a page that lacks characters of its encoding: 950 is not
 /// "big5-hkscs".
 ///
+/// For a label that is unknown, `diagnostics::unknown_code_page` (diagnostics/text_findings.hpp) has the
+/// words.
+///
 /// The names are for the header of a protocol (`charset=`), and are labels too. Any thread may call.
 #pragma once
 

@@ -6,6 +6,8 @@
 ///     result.losses.first[0].kind        =>  loss_kind::best_fit
 ///     result.losses.first[0].character   =>  U+0100, at place 0, written as "A"
 ///
+/// `diagnostics::describe` (diagnostics/text_findings.hpp) says each in words.
+///
 /// Lists of `page_encoder.hpp` and `page_decoder.hpp`. Places count from 0: code units in text, bytes in
 /// bytes.
 #pragma once

@@ -20,7 +20,8 @@
 /// On Windows `ansi` and `oem` are the system's own pages; tables are made from its answers when it is first
 /// asked for one that is not among those of `code_page`. All others give the same on every system.
 ///
-/// Inverse: `strings/page_encoder.hpp`. Labels of pages: `strings/code_page_names.hpp`.
+/// `diagnostics::describe` (diagnostics/text_findings.hpp) says in words what was lost, or why nothing was
+/// converted. Inverse: `strings/page_encoder.hpp`. Labels of pages: `strings/code_page_names.hpp`.
 #pragma once
 
 #include <cstdint>

@@ -22,7 +22,8 @@
 /// A text without a loss is what `decode_checked` reads in its bytes. The full-width question mark is a best
 /// fit where it is written as '?'.
 ///
-/// Inverse: `strings/page_decoder.hpp`. Labels of pages: `strings/code_page_names.hpp`.
+/// `diagnostics::describe` (diagnostics/text_findings.hpp) says in words what was lost, or why nothing was
+/// converted. Inverse: `strings/page_decoder.hpp`. Labels of pages: `strings/code_page_names.hpp`.
 #pragma once
 
 #include <cstdint>

@@ -11,6 +11,9 @@
 /// converted exactly, so that converting back gives the same text; a byte order mark, U+FFFE and
 /// noncharacters are characters like any other.
 ///
+/// `diagnostics::describe(*damaged.first_malformed, source)` (diagnostics/text_findings.hpp) says what is
+/// wrong, with line and column.
+///
 /// Exhausted memory and text that is too long throw what the standard string throws; bad text does not throw.
 /// Nothing is shared between calls, so any thread may call these.
 #pragma once

@@ -65,26 +65,6 @@ std::optional<malformed_part> find_malformed(std::basic_string_view<Unit> text) 
 
 }  // namespace
 
-std::string_view describe(malformation kind) noexcept {
-  switch (kind) {
-    case malformation::stray_continuation:
-      return "a continuation byte that continues no character";
-    case malformation::invalid_byte:
-      return "a byte that no UTF-8 has";
-    case malformation::overlong:
-      return "a character in more bytes than it needs";
-    case malformation::surrogate:
-      return "a surrogate that is not in a pair of UTF-16";
-    case malformation::too_large:
-      return "a value above U+10FFFF";
-    case malformation::cut_short:
-      return "a character without its last bytes";
-    case malformation::incomplete:
-      return "a character that the end of the text cuts off";
-  }
-  return "no malformation";
-}
-
 std::optional<malformed_part> first_malformed(const text_view& text) noexcept {
   return text.visit([](auto units) { return find_malformed(units); });
 }

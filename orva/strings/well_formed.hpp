@@ -4,7 +4,7 @@
 ///     const auto bad = first_malformed("abc\xE2\x82!");
 ///     bad->offset                                            =>  3
 ///     bad->length                                            =>  2      the bytes E2 82
-///     describe(bad->kind)                                    =>  "a character without its last bytes"
+///     bad->kind                                              =>  malformation::cut_short
 ///
 /// These follow the Unicode Standard: UTF-8 is well-formed by its Table 3-7, UTF-16 where each surrogate is
 /// in a pair of a high and a low one, UTF-32 where each unit is a code point and no surrogate. Noncharacters
@@ -15,6 +15,8 @@
 /// may call these.
 ///
 /// `to_utf8`, `to_utf16` and `to_utf32` (strings/standard_transforms.hpp) convert by the same rules.
+/// `diagnostics::describe(*bad, text)` (diagnostics/text_findings.hpp) says what is wrong, with line and
+/// column.
 #pragma once
 
 #include <cstddef>
@@ -46,9 +48,6 @@ enum class malformation {
   /// that reads in pieces puts it in front of the next piece.
   incomplete
 };
-
-/// A few English words for a message, such as "a byte that no UTF-8 has". The text has static lifetime.
-[[nodiscard]] ORVA_API std::string_view describe(malformation kind) noexcept;
 
 /// A part of a text that is not well-formed: a maximal subpart, which is the longest beginning of a
 /// well-formed character, or one unit that begins none. Well-formed text or another part follows it.

@@ -9,6 +9,8 @@
 #include <functional>
 #include <limits>
 #include <optional>
+#include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -44,7 +46,7 @@ TEST(checked_reader, documentation_example) {
   EXPECT_TRUE(in.finish());
   EXPECT_EQ(path, "/home");
   EXPECT_EQ(size, 1500U);
-  EXPECT_EQ(describe(in.failure()), "");
+  EXPECT_EQ(describe(in.failure()).code, "");
 }
 
 // The table of the header: data, read, failure.
@@ -77,17 +79,41 @@ TEST(checked_reader, reports_what_is_wrong_and_where) {
             (read_failure{data_ended, 0, 23}));
 }
 
+std::string in_words(const read_failure& failure) {
+  return (std::ostringstream() << describe(failure, "a.bin")).str();
+}
+
 TEST(checked_reader, failure_is_described_in_words) {
-  EXPECT_EQ(describe({read_error::data_ended, 4, 5}),
-            "offset 5, in the item that begins at offset 4: the data ends");
-  EXPECT_EQ(describe({read_error::data_left, 9, 9}), "offset 9: data is left after the last item");
-  EXPECT_EQ(describe({read_error::bad_number, 0, 2}),
-            "offset 2, in the item that begins at offset 0: the text is not a number");
-  EXPECT_EQ(describe({read_error::out_of_range, 3, 3}), "offset 3: the number does not fit into its type");
-  EXPECT_EQ(describe({read_error::no_separator, 0, 4}),
-            "offset 4, in the item that begins at offset 0: the string is not closed by the byte 0x01");
-  EXPECT_EQ(describe({read_error::bad_label, 0, 0}),
-            "offset 0: the label is empty, is not trimmed, or is there twice");
+  EXPECT_EQ(in_words({read_error::data_ended, 4, 5}),
+            "a.bin: error: The data ends at offset 5, in the item that begins at offset 4. [data.ended]");
+  EXPECT_EQ(in_words({read_error::data_left, 9, 9}),
+            "a.bin: error: Data is left after the last item, from offset 9 on. [data.left]");
+  EXPECT_EQ(in_words({read_error::bad_number, 0, 2}),
+            "a.bin: error: The text at offset 0 is not a number; it is wrong at offset 2. [data.bad_number]");
+  EXPECT_EQ(in_words({read_error::out_of_range, 3, 3}),
+            "a.bin: error: The number at offset 3 does not fit into its type. [data.out_of_range]");
+  EXPECT_EQ(in_words({read_error::no_separator, 0, 4}),
+            "a.bin: error: The string that begins at offset 0 has no closing byte 0x01 at offset 4. "
+            "[data.no_separator]");
+  EXPECT_EQ(in_words({read_error::bad_label, 0, 0}),
+            "a.bin: error: The label at offset 0 is empty, is not trimmed, or is there twice. "
+            "[data.bad_label]");
+}
+
+TEST(checked_reader, every_error_has_a_code_of_its_own) {
+  std::set<std::string> codes;
+  const auto last = static_cast<int>(read_error::bad_label);
+  for (int error = 1; error <= last; ++error) {
+    const auto found = describe({static_cast<read_error>(error), 4, 5}, "a.bin");
+    EXPECT_EQ(found.level, diagnostics::severity::error);
+    EXPECT_EQ(found.at, diagnostics::place());
+    EXPECT_EQ(found.arguments.at("item").value().as_uint64(), 4u);
+    EXPECT_EQ(found.arguments.at("offset").value().as_uint64(), 5u);
+    EXPECT_TRUE(found.code.starts_with("data."));
+    codes.insert(found.code);
+  }
+  EXPECT_EQ(codes.size(), static_cast<std::size_t>(last));
+  EXPECT_EQ(describe(read_failure{}).level, diagnostics::severity::note);
 }
 
 TEST(checked_reader, first_failure_stays_and_every_later_read_is_empty) {

@@ -5,6 +5,8 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -103,13 +105,39 @@ TEST(frame_reader, documentation_example) {
   EXPECT_EQ(stored, "settings");
 }
 
+std::string in_words(const frame_failure& failure) {
+  return (std::ostringstream() << describe(failure, "a.frame")).str();
+}
+
 TEST(frame_reader, failure_is_described_in_words) {
-  EXPECT_EQ(describe(frame_failure{}), "");
-  EXPECT_EQ(describe({frame_error::not_a_frame, 0}), "offset 0: the data is not a frame");
-  EXPECT_EQ(describe({frame_error::damaged, 64}), "offset 64: the frame is damaged");
-  EXPECT_EQ(describe({frame_error::invalid, 0}), "offset 0: the writer of the frame broke its rules");
-  EXPECT_EQ(describe({frame_error::truncated, 70}), "offset 70: the data ends before the frame does");
-  EXPECT_EQ(describe({frame_error::data_after_end, 84}), "offset 84: data follows the frame");
+  EXPECT_EQ(in_words({frame_error::not_a_frame, 0}),
+            "a.frame: error: The data is not a frame, as the byte at offset 0 shows. [frame.not_a_frame]");
+  EXPECT_EQ(in_words({frame_error::damaged, 64}),
+            "a.frame: error: The part of the frame that begins at offset 64 is damaged. [frame.damaged]");
+  EXPECT_EQ(
+      in_words({frame_error::invalid, 0}),
+      "a.frame: error: The writer of the frame broke a rule of its format at offset 0. [frame.invalid]");
+  EXPECT_EQ(in_words({frame_error::truncated, 70}),
+            "a.frame: error: The data ends at offset 70, before the frame does. [frame.truncated]");
+  EXPECT_EQ(in_words({frame_error::data_after_end, 84}),
+            "a.frame: error: Data follows the frame, from offset 84 on. [frame.data_after_end]");
+}
+
+TEST(frame_reader, every_error_has_a_code_of_its_own) {
+  using ORVA_NAMESPACE::diagnostics::severity;
+  std::set<std::string> codes;
+  const auto last = static_cast<int>(frame_error::data_after_end);
+  for (int error = 1; error <= last; ++error) {
+    const auto found = describe({static_cast<frame_error>(error), 5'000'000'000}, "a.frame");
+    EXPECT_EQ(found.level, severity::error);
+    EXPECT_EQ(found.at, ORVA_NAMESPACE::diagnostics::place());
+    EXPECT_EQ(found.arguments.at("offset").value().as_uint64(), 5'000'000'000u);
+    EXPECT_TRUE(found.code.starts_with("frame."));
+    codes.insert(found.code);
+  }
+  EXPECT_EQ(codes.size(), static_cast<std::size_t>(last));
+  EXPECT_EQ(describe(frame_failure{}).level, severity::note);
+  EXPECT_EQ(describe(frame_failure{}).code, "");
 }
 
 TEST(frame_reader, name_and_version_are_known_before_any_content) {

@@ -46,7 +46,7 @@ TEST(well_formed, documentation_example) {
   ASSERT_TRUE(bad);
   EXPECT_EQ(bad->offset, 3u);
   EXPECT_EQ(bad->length, 2u);
-  EXPECT_EQ(describe(bad->kind), "a character without its last bytes");
+  EXPECT_EQ(bad->kind, malformation::cut_short);
 }
 
 TEST(well_formed, takes_text_of_every_type_and_width) {
@@ -87,16 +87,6 @@ TEST(well_formed, marks_and_noncharacters_are) {
     EXPECT_TRUE(is_well_formed(to_utf8(text).text)) << value;
     EXPECT_TRUE(is_well_formed(to_utf16(text).text)) << value;
   }
-}
-
-TEST(well_formed, each_kind_has_words_of_its_own) {
-  EXPECT_EQ(describe(malformation::stray_continuation), "a continuation byte that continues no character");
-  EXPECT_EQ(describe(malformation::invalid_byte), "a byte that no UTF-8 has");
-  EXPECT_EQ(describe(malformation::overlong), "a character in more bytes than it needs");
-  EXPECT_EQ(describe(malformation::surrogate), "a surrogate that is not in a pair of UTF-16");
-  EXPECT_EQ(describe(malformation::too_large), "a value above U+10FFFF");
-  EXPECT_EQ(describe(malformation::cut_short), "a character without its last bytes");
-  EXPECT_EQ(describe(malformation::incomplete), "a character that the end of the text cuts off");
 }
 
 struct malformed_row {
@@ -140,7 +130,7 @@ TEST(first_malformed, names_place_length_and_kind_in_utf8) {
     const auto found = first_malformed(text);
     ASSERT_TRUE(found) << testing::PrintToString(text);
     EXPECT_TRUE(*found == expected) << testing::PrintToString(text) << " gives " << found->offset << ", "
-                                    << found->length << ", " << describe(found->kind);
+                                    << found->length << ", " << static_cast<int>(found->kind);
   }
 }
 

@@ -30,15 +30,17 @@ void require_same(const iso8601_result<Value>& result, const reference_reading& 
 }
 
 template <typename Value>
-bool is_read(const iso8601_result<Value>& result) {
-  require(!describe(result.error).empty());
+bool is_read(const iso8601_result<Value>& result, std::string_view text) {
+  const bool is_whole = result.error == iso8601_error::none && result.count == text.size();
+  const bool is_exact = is_whole && !result.is_rounded && !result.is_leap_second;
+  require(describe(result, text).code.empty() == is_exact);
   return result.error == iso8601_error::none;
 }
 
 void read_as_date(std::string_view text) {
   const auto result = read_date(text);
   require_same(result, reference_iso8601_reader(text).read(true, false, false), {result.value, time()});
-  if (!is_read(result)) return;
+  if (!is_read(result, text)) return;
   const auto written = write_date(result.value);
   require(written->view() == text.substr(0, result.count));
 }
@@ -47,7 +49,7 @@ void read_as_time(std::string_view text) {
   const auto result = read_time(text);
   require_same(result, reference_iso8601_reader(text).read(false, true, false),
                {date(1, 1, 1970), result.value});
-  if (!is_read(result)) return;
+  if (!is_read(result, text)) return;
   const auto back = parse_time(write_time(result.value).view());
   require(back && compare(*back, result.value) == 0);
 }
@@ -55,7 +57,7 @@ void read_as_time(std::string_view text) {
 void read_as_date_time(std::string_view text) {
   const auto result = read_date_time(text);
   require_same(result, reference_iso8601_reader(text).read(true, true, false), result.value);
-  if (!is_read(result)) return;
+  if (!is_read(result, text)) return;
   const auto back = parse_date_time(write_date_time(result.value)->view());
   require(back && compare(*back, result.value) == 0);
 }
@@ -65,7 +67,7 @@ void read_as_timestamp(std::string_view text) {
   const reference_reading expected = reference_iso8601_reader(text).read(true, true, true);
   require_same(result, expected, result.value.utc);
   require(result.value.offset == expected.offset.count());
-  if (!is_read(result)) return;
+  if (!is_read(result, text)) return;
   const auto back = parse_timestamp(write_timestamp(result.value)->view());
   require(back && compare(back->utc, result.value.utc) == 0 && back->offset == result.value.offset);
 }

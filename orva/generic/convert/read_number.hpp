@@ -10,6 +10,8 @@
 /// that is wholly a number. Both take strings, views and literals of the three widths. They never allocate or
 /// throw, and depend on no locale: the decimal point is a point, and digits have no groups. Any thread may
 /// call them. The inverse operations are in `generic/convert/write_number.hpp`.
+/// `diagnostics::describe(result, text)` (diagnostics/number_findings.hpp) says what is wrong, with line and
+/// column.
 ///
 ///     text             type            radix         value, length, error
 ///     -42              int             10            =>  -42, 3, none

@@ -235,35 +235,50 @@ void append_offset(iso8601_text& text, int offset) {
   append(text, distance % 60, 2);
 }
 
-}  // namespace
+// --- Findings ---
 
-std::string_view describe(iso8601_error error) {
+const char* code_of(iso8601_error error) {
   switch (error) {
     case iso8601_error::none:
-      return "no error";
+      return "";
     case iso8601_error::ends_early:
-      return "the text ends before its last field";
+      return "date.ends_early";
     case iso8601_error::no_digit:
-      return "a digit is required here";
+      return "date.no_digit";
     case iso8601_error::no_separator:
-      return "a separator is required here: \"-\" in a date, \":\" in a time or an offset, \"T\" between "
-             "date and time";
+      return "date.no_separator";
     case iso8601_error::no_offset:
-      return "\"Z\" or an offset such as \"+01:00\" is required here";
+      return "date.no_offset";
     case iso8601_error::bad_month:
-      return "a month is 01 to 12";
+      return "date.bad_month";
     case iso8601_error::bad_day:
-      return "a day is 01 to the length of its month";
+      return "date.bad_day";
     case iso8601_error::bad_hour:
-      return "an hour is 00 to 23";
+      return "date.bad_hour";
     case iso8601_error::bad_minute:
-      return "a minute is 00 to 59";
+      return "date.bad_minute";
     case iso8601_error::bad_second:
-      return "a second is 00 to 59, and 60 only in a leap second";
+      return "date.bad_second";
     case iso8601_error::bad_year:
-      return "the time in UTC is outside the years 0000 to 9999";
+      return "date.bad_year";
   }
-  return "unknown error";
+  return "";
+}
+
+}  // namespace
+
+diagnostics::finding _private::describe(const iso8601_reading& read, std::string_view text,
+                                        std::string_view file) {
+  const auto found = [&](diagnostics::severity level, const char* code, std::size_t offset) {
+    return diagnostics::finding{
+        level, code, strings::ustring8(file), diagnostics::place_of(text, offset), {}};
+  };
+  using enum diagnostics::severity;
+  if (read.error != iso8601_error::none) return found(error, code_of(read.error), read.count);
+  if (read.count < text.size()) return found(error, "date.rest", read.count);
+  if (read.is_leap_second) return found(warning, "date.leap_second", 0);
+  if (read.is_rounded) return found(warning, "date.rounded", 0);
+  return {note, {}, strings::ustring8(file), {}, {}};
 }
 
 iso8601_result<date> read_date(std::string_view text) {

@@ -38,6 +38,7 @@
 #include <optional>
 #include <string_view>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/system/date_time/date.hpp"
 #include "orva/system/date_time/date_time.hpp"
@@ -60,9 +61,6 @@ enum class iso8601_error {
   bad_year,      ///< The timestamp is in the years 0 to 9999 of UTC. The position is that of the offset.
 };
 
-/// The rule in words: "a month is 01 to 12". "no error" for `none`.
-[[nodiscard]] ORVA_API std::string_view describe(iso8601_error error);
-
 template <typename Value>
 struct iso8601_result {
   Value value = {};  ///< default-constructed if there is an error
@@ -79,6 +77,38 @@ struct timestamp {
   date_time_t utc;
   int offset = 0;  ///< minutes that the local time is ahead of UTC: -1439 to 1439; 0 for "Z" and "-00:00"
 };
+
+namespace _private {
+
+/// A result without its value.
+struct iso8601_reading {
+  iso8601_error error;
+  std::size_t count;
+  bool is_rounded;
+  bool is_leap_second;
+};
+
+ORVA_API diagnostics::finding describe(const iso8601_reading& read, std::string_view text,
+                                       std::string_view file);
+
+}  // namespace _private
+
+/// What is wrong, in words, with line and column; a note without a code if nothing is.
+///
+///     const auto day = read_date("2023-02-29");
+///     std::cerr << describe(day, "2023-02-29", "days.txt");
+///         =>  days.txt:1:9: error: A day is 01 to the length of its month. [date.bad_day]
+///
+/// The codes are "date." and the name of the error. What the functions `parse_` refuse without an error is
+/// reported too: text after the form as "date.rest"; a leap second, else dropped digits, as a warning. `text`
+/// is what was read; where that is part of a larger one, `diagnostics::place_in_whole` moves the place.
+/// `file` is the name that the user knows, and only passed on. docs/diagnostic_codes.md explains each code.
+template <typename Value>
+[[nodiscard]] diagnostics::finding describe(const iso8601_result<Value>& result, std::string_view text,
+                                            std::string_view file = {}) {
+  return _private::describe({result.error, result.count, result.is_rounded, result.is_leap_second}, text,
+                            file);
+}
 
 [[nodiscard]] ORVA_API iso8601_result<date> read_date(std::string_view text);
 [[nodiscard]] ORVA_API iso8601_result<time> read_time(std::string_view text);

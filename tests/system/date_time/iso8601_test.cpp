@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <set>
+#include <sstream>
 #include <string>
 #include <string_view>
 
@@ -13,6 +14,7 @@
 namespace {
 
 using namespace ORVA_NAMESPACE::system::date_time;
+namespace diagnostics = ORVA_NAMESPACE::diagnostics;
 using ORVA_NAMESPACE::system::date_time::time;  // not the function of the C library
 
 std::string text(const date& d) {
@@ -339,14 +341,53 @@ TEST(iso8601, what_has_no_text_is_refused) {
   }
 }
 
-TEST(iso8601, every_error_has_words_of_its_own) {
-  std::set<std::string_view> words;
+std::string in_words(const diagnostics::finding& found) { return (std::ostringstream() << found).str(); }
+
+TEST(iso8601, an_error_is_described_with_its_place) {
+  EXPECT_EQ(in_words(describe(read_date("2023-02-29"), "2023-02-29", "days.txt")),
+            "days.txt:1:9: error: A day is 01 to the length of its month. [date.bad_day]");
+  const std::string_view lines = "2024-02-29\n08:60:00Z";
+  EXPECT_EQ(in_words(describe(read_timestamp(lines), lines)),
+            "1:11: error: A separator is required here: - in a date, : in a time or an offset, T between "
+            "date and time. [date.no_separator]");
+  EXPECT_EQ(in_words(describe(read_time("08:3"), "08:3")),
+            "1:5: error: The text ends before its last field. [date.ends_early]");
+}
+
+TEST(iso8601, what_parse_refuses_without_an_error_is_described) {
+  EXPECT_EQ(in_words(describe(read_time("08:30:00 h"), "08:30:00 h")),
+            "1:9: error: The text goes on after the date or the time. [date.rest]");
+  const std::string_view leap = "2016-12-31T23:59:60Z";
+  EXPECT_EQ(in_words(describe(read_timestamp(leap), leap)),
+            "1:1: warning: The second 60 of a leap second is read as 59. [date.leap_second]");
+  const std::string_view precise = "2016-12-31T08:30:00.123456";
+  EXPECT_EQ(in_words(describe(read_date_time(precise), precise)),
+            "1:1: warning: Digits below the millisecond are dropped. [date.rounded]");
+}
+
+TEST(iso8601, what_parse_takes_is_described_by_a_note_without_a_code) {
+  const auto found = describe(read_date("2024-02-29"), "2024-02-29", "days.txt");
+  EXPECT_EQ(found.level, diagnostics::severity::note);
+  EXPECT_EQ(found.code, "");
+  EXPECT_EQ(found.file, "days.txt");
+}
+
+TEST(iso8601, every_error_has_a_code_of_its_own) {
+  std::set<std::string> codes;
   const auto last = static_cast<int>(iso8601_error::bad_year);
-  for (int error = 0; error <= last; ++error) words.insert(describe(static_cast<iso8601_error>(error)));
-  EXPECT_EQ(words.size(), static_cast<std::size_t>(last) + 1);
-  EXPECT_EQ(words.count("unknown error"), 0u);
-  EXPECT_EQ(describe(iso8601_error::bad_month), "a month is 01 to 12");
-  EXPECT_EQ(describe(static_cast<iso8601_error>(last + 1)), "unknown error");
+  for (int error = 1; error <= last; ++error) {
+    iso8601_result<date> result;
+    result.error = static_cast<iso8601_error>(error);
+    result.count = 5;
+    const auto found = describe(result, "2024\n2-29", "a");
+    EXPECT_EQ(found.level, diagnostics::severity::error);
+    EXPECT_EQ(found.at, (diagnostics::place{2, 1}));
+    EXPECT_EQ(found.file, "a");
+    EXPECT_TRUE(found.code.starts_with("date."));
+    EXPECT_NE(sentence(found), found.code);
+    codes.insert(found.code);
+  }
+  EXPECT_EQ(codes.size(), static_cast<std::size_t>(last));
 }
 
 }  // namespace
