@@ -161,4 +161,6 @@ int closedir(DIR* directory) {
 
 int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin, size, advice); }
 
+int isatty(int file) { return script().isatty ? script().isatty(file) : ::isatty(file); }
+
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

@@ -18,6 +18,7 @@ struct call_script {
   std::function<ssize_t(int, const void*, std::size_t)> write;
   std::function<int(const char*, const char*)> rename_without_replacing;
   std::function<dirent*(DIR*)> readdir;
+  std::function<int(int)> isatty;
 
   int sleeps = 0;
   int open_files = 0;

@@ -1,4 +1,4 @@
-// What the file services and the code pages do when a system call of Windows fails.
+// What the file services, the code pages and the terminals do when a system call of Windows fails.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -11,6 +11,7 @@
 
 #include "orva/exceptions/exception.hpp"
 #include "orva/platform/directory_listing.hpp"
+#include "orva/platform/terminal.hpp"
 #include "orva/strings/code_page.hpp"
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
@@ -24,6 +25,7 @@ using orva_test::scripted_calls;
 using orva_test::some_bytes;
 using orva_test::temporary_directory;
 namespace exceptions = ORVA_NAMESPACE::exceptions;
+namespace platform = ORVA_NAMESPACE::platform;
 namespace strings = ORVA_NAMESPACE::strings;
 namespace sys = ORVA_NAMESPACE::system;
 
@@ -221,6 +223,47 @@ TEST(failing_conversion, is_a_length_failure_also_when_the_second_call_fails) {
   calls->convert = [](int room) { return room == 0 ? 4 : 0; };
   EXPECT_THROW(page.encode(strings::ustring8("text")), std::length_error);
   EXPECT_THROW(page.as_utf16("text"), std::length_error);
+}
+
+/// A process whose standard output is a console with this mode, and whose error output is none.
+void script_console(const scripted_calls& calls, DWORD& mode) {
+  static int console;
+  calls->get_std_handle = [](DWORD output) -> HANDLE {
+    return output == STD_OUTPUT_HANDLE ? &console : INVALID_HANDLE_VALUE;
+  };
+  calls->get_console_mode = [&mode](HANDLE asked, DWORD* answer) {
+    if (asked != &console) return fail_with(ERROR_INVALID_HANDLE);
+    *answer = mode;
+    return TRUE;
+  };
+  calls->set_console_mode = [&mode](HANDLE, DWORD wanted) {
+    mode = wanted;
+    return TRUE;
+  };
+}
+
+TEST(shows_colour, switches_colours_on_and_keeps_the_rest_of_the_mode) {
+  const scripted_calls calls;
+  DWORD mode = ENABLE_PROCESSED_OUTPUT;
+  script_console(calls, mode);
+  EXPECT_TRUE(platform::shows_colour(platform::process_output::standard));
+  EXPECT_EQ(mode, DWORD{ENABLE_PROCESSED_OUTPUT | ENABLE_VIRTUAL_TERMINAL_PROCESSING});
+}
+
+TEST(shows_colour, is_false_for_an_output_that_is_no_console) {
+  const scripted_calls calls;
+  DWORD mode = 0;
+  script_console(calls, mode);
+  EXPECT_FALSE(platform::shows_colour(platform::process_output::error));
+  EXPECT_EQ(mode, DWORD{0});
+}
+
+TEST(shows_colour, is_false_for_a_console_that_refuses_the_mode) {
+  const scripted_calls calls;
+  DWORD mode = 0;
+  script_console(calls, mode);
+  calls->set_console_mode = [](HANDLE, DWORD) { return fail_with(ERROR_INVALID_PARAMETER); };
+  EXPECT_FALSE(platform::shows_colour(platform::process_output::standard));
 }
 
 }  // namespace

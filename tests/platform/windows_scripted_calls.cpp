@@ -132,4 +132,18 @@ int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to
 
 void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
 
+HANDLE get_std_handle(DWORD output) {
+  return script().get_std_handle ? script().get_std_handle(output) : ::GetStdHandle(output);
+}
+
+BOOL get_console_mode(HANDLE console, DWORD* mode) {
+  return script().get_console_mode ? script().get_console_mode(console, mode)
+                                   : ::GetConsoleMode(console, mode);
+}
+
+BOOL set_console_mode(HANDLE console, DWORD mode) {
+  return script().set_console_mode ? script().set_console_mode(console, mode)
+                                   : ::SetConsoleMode(console, mode);
+}
+
 }  // namespace ORVA_NAMESPACE::platform::windows::calls

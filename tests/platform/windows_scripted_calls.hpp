@@ -20,6 +20,9 @@ struct call_script {
   std::function<int(const wchar_t*, struct _stat64i32*)> stat;
   std::function<BOOL(HANDLE, WIN32_FIND_DATAW*)> find_next_file;
   std::function<int(int room)> convert;
+  std::function<HANDLE(DWORD)> get_std_handle;
+  std::function<BOOL(HANDLE, DWORD*)> get_console_mode;
+  std::function<BOOL(HANDLE, DWORD)> set_console_mode;
 
   int open_files = 0;
   int open_searches = 0;

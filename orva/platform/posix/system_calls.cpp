@@ -121,4 +121,6 @@ int closedir(DIR* directory) { return ::closedir(directory); }
 
 int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin, size, advice); }
 
+int isatty(int file) { return ::isatty(file); }
+
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

@@ -61,4 +61,6 @@ int closedir(DIR* directory);
 
 int madvise(void* begin, std::size_t size, int advice);
 
+int isatty(int file);
+
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

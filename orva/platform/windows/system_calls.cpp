@@ -75,4 +75,8 @@ int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to
 
 void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
 
+HANDLE get_std_handle(DWORD output) { return ::GetStdHandle(output); }
+BOOL get_console_mode(HANDLE console, DWORD* mode) { return ::GetConsoleMode(console, mode); }
+BOOL set_console_mode(HANDLE console, DWORD mode) { return ::SetConsoleMode(console, mode); }
+
 }  // namespace ORVA_NAMESPACE::platform::windows::calls

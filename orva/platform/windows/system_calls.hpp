@@ -50,4 +50,8 @@ int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to
 int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room);
 void output_debug_string(const char* text);
 
+HANDLE get_std_handle(DWORD output);
+BOOL get_console_mode(HANDLE console, DWORD* mode);
+BOOL set_console_mode(HANDLE console, DWORD mode);
+
 }  // namespace ORVA_NAMESPACE::platform::windows::calls
