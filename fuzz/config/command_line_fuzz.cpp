@@ -6,6 +6,7 @@
 #include <sstream>
 
 #include "fuzz/config/fuzz_input.hpp"
+#include "fuzz/require.hpp"
 #include "orva/config/commandline_item.hpp"
 #include "orva/config/enviroment_item.hpp"
 #include "tests/support/config_item.hpp"

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "fuzz/config/fuzz_input.hpp"
+#include "fuzz/require.hpp"
 #include "tests/support/config_item.hpp"
 
 namespace {

@@ -8,6 +8,7 @@
 #include <cstdint>
 
 #include "fuzz/config/fuzz_input.hpp"
+#include "fuzz/require.hpp"
 #include "orva/config/file_item.hpp"
 #include "tests/support/config_item.hpp"
 

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <cstdint>
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <string>
@@ -12,10 +11,6 @@
 #include <vector>
 
 namespace orva_fuzz {
-
-inline void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 inline std::string_view text_of(const std::uint8_t* data, std::size_t size) {
   return {reinterpret_cast<const char*>(data), size};

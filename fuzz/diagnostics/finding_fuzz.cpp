@@ -2,21 +2,18 @@
 /// lookups, and nothing of the source reaches a terminal that it would act on.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/diagnostics/write.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::diagnostics;
+using orva_fuzz::require;
 using ORVA_NAMESPACE::generic::argument;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 /// Whether all control characters are line feeds. U+0080 to U+009F begin with 0xC2 in UTF-8.
 bool is_harmless(std::string_view text) {

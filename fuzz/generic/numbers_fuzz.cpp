@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <sstream>
 #include <string>
@@ -12,6 +11,7 @@
 #include <type_traits>
 #include <vector>
 
+#include "fuzz/require.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/generic/convert/x_to_str.hpp"
@@ -21,15 +21,12 @@ namespace {
 
 namespace convert = ORVA_NAMESPACE::generic::convert;
 namespace exceptions = ORVA_NAMESPACE::exceptions;
+using orva_fuzz::require;
 using ORVA_NAMESPACE::strings::code_unit16;
 using ORVA_NAMESPACE::strings::code_unit32;
 using orva_test::read_result;
 using orva_test::reading;
 using radix = ORVA_NAMESPACE::types::radix_t;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 /// A buffer of the exact size, so that sanitizers detect a read outside it.
 template <typename Unit>

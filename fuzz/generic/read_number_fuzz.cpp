@@ -2,12 +2,12 @@
 /// read written and read again. The first byte selects the radix; the rest is the text.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <type_traits>
 
+#include "fuzz/require.hpp"
 #include "orva/diagnostics/number_findings.hpp"
 #include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/write_number.hpp"
@@ -19,10 +19,7 @@ namespace convert = ORVA_NAMESPACE::generic::convert;
 namespace strings = ORVA_NAMESPACE::strings;
 using convert::number_error;
 using convert::read_number_result;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 /// Reads from a buffer of the exact size, so that sanitizers detect a read outside it.
 template <typename Number, typename Unit>

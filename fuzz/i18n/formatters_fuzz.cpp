@@ -3,22 +3,19 @@
 #include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/i18n/formatters.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::i18n::_private;
+using orva_fuzz::require;
 using strings::ustring8;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 using scaling_formatter = decltype(&format_memory);
 

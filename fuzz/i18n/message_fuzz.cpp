@@ -5,11 +5,11 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.hpp"
 #include "orva/i18n/message.hpp"
 
 namespace {
@@ -17,10 +17,7 @@ namespace {
 using namespace ORVA_NAMESPACE;
 using generic::argument;
 using i18n::message_item;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using orva_fuzz::require;
 
 std::vector<message_item> read_items(std::string_view text) {
   std::vector<message_item> items;

@@ -1,19 +1,16 @@
 /// Reads any bytes as an XMC file, merges the result twice, and looks up all messages and languages.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 
+#include "fuzz/require.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 
 namespace {
 
+using orva_fuzz::require;
 using ORVA_NAMESPACE::i18n::_private::load_error;
 using ORVA_NAMESPACE::i18n::_private::xmc_file_loader;
 using ORVA_NAMESPACE::strings::ustring8;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 void look_at(const xmc_file_loader::catalog_map& catalogs, const xmc_file_loader& loader) {
   for (const auto& [name, catalog] : catalogs) {

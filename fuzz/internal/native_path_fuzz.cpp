@@ -1,11 +1,11 @@
 // Names as a file system may hold them, and 16-bit paths as a caller may hold them: what is reported comes
 // back, and what does not come back is not reported.
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/internal/paths/path_rules.hpp"
 #include "orva/internal/paths/path_text.hpp"
 #include "orva/strings/ustring.hpp"
@@ -16,9 +16,7 @@ namespace strings = ORVA_NAMESPACE::strings;
 
 namespace {
 
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 template <typename Ustring>
 Ustring from_utf8(const std::string& bytes) {

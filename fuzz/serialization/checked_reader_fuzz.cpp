@@ -5,12 +5,12 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <optional>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/serialization/checked_reader.hpp"
 
@@ -19,10 +19,7 @@ namespace {
 using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::serialization;
 using memory::pointers::rc_pointer;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 /// Every NaN is the same. The text form reads infinity and NaN, which the buffer takes for 0, and the
 /// smallest values, some of which the buffer's stream refuses.

@@ -2,19 +2,16 @@
 /// read again from what is written; what is not taken leaves the buffer alone.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/serialization/exact_flat_form.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 }  // namespace
 

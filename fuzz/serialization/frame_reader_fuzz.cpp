@@ -7,12 +7,12 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/serialization/frame.hpp"
 #include "tests/support/reference_frame.hpp"
 
@@ -20,10 +20,7 @@ namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
 using event = frame_reader::event;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 /// Sizes from 1 to 256, which a number of eight bits determines.
 class piece_sizes {

@@ -2,20 +2,17 @@
 /// the content and reads it again, copies it, and overlays it with itself.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <stdexcept>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/serialization/labeled_text_buffer.hpp"
 #include "tests/support/reference_serialization.hpp"
 
 namespace {
 
+using orva_fuzz::require;
 using ORVA_NAMESPACE::serialization::labeled_text_buffer;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 template <typename Read>
 bool throws(Read read) {

@@ -3,12 +3,12 @@
 /// data.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"
@@ -21,10 +21,7 @@ namespace {
 using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::serialization;
 using memory::pointers::rc_pointer;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 std::optional<std::string> nested(const serialize_buffer& buffer) {
   const rc_pointer<serialize_buffer> inner(buffer.read_buffer());

@@ -5,20 +5,17 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/orva.hpp"
 
 namespace {
 
 using namespace orva::strings;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
+using orva_fuzz::require;
 
 template <typename Unit, typename Convert>
 void for_each_piece(std::basic_string_view<Unit> text, std::size_t size, Convert convert) {

@@ -2,16 +2,17 @@
 /// converted one at a time, which reach no fast path, and UTF-8 with the slow second implementation.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/orva.hpp"
 #include "tests/support/reference_utf8_page.hpp"
 
 namespace {
 
 using namespace orva::strings;
+using orva_fuzz::require;
 
 constexpr code_page::encoding_type single_byte_types[] = {
     code_page::cp_1250,    code_page::cp_1251,    code_page::cp_1252,    code_page::cp_1253,
@@ -24,10 +25,6 @@ constexpr code_page::encoding_type double_byte_types[] = {code_page::cp_932, cod
                                                           code_page::cp_949, code_page::cp_950};
 constexpr code_page::encoding_type utf8_types[] = {code_page::utf8, code_page::ansi, code_page::oem,
                                                    code_page::oem_alternate};
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
 
 std::string encode_each(const code_page& page, const ustring16& text) {
   std::string bytes;

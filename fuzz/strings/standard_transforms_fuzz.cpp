@@ -2,27 +2,18 @@
 /// second implementation; then the conversion in pieces, and the way back.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 #include <string_view>
 
+#include "fuzz/require.hpp"
+#include "fuzz/strings/fuzzed_text.hpp"
 #include "orva/orva.hpp"
 #include "tests/support/standard_transforms_agree.hpp"
 
 namespace {
 
 using namespace orva::strings;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-template <typename Unit>
-basic_ustring<Unit> text_of(const std::uint8_t* data, std::size_t size) {
-  basic_ustring<Unit> text(size / sizeof(Unit), Unit{});
-  if (!text.empty()) std::memcpy(text.data(), data, text.size() * sizeof(Unit));
-  return text;
-}
+using orva_fuzz::require;
+using orva_fuzz::text_of;
 
 /// Converting in two pieces gives what converting at once does.
 template <typename Unit>

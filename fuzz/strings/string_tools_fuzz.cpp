@@ -3,10 +3,10 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/strings/case_mapping.hpp"
 #include "orva/strings/gh2.hpp"
 #include "orva/strings/replace.hpp"
@@ -16,10 +16,7 @@
 namespace {
 
 namespace strings = ORVA_NAMESPACE::strings;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 template <typename Unit>
 void check(std::string_view bytes, std::size_t from_size, std::size_t to_size, int max) {

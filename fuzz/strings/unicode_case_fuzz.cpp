@@ -2,9 +2,9 @@
 /// malformed parts stay, a comparison agrees with the folded texts, and the widths agree on the characters.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 
+#include "fuzz/require.hpp"
+#include "fuzz/strings/fuzzed_text.hpp"
 #include "orva/strings/standard_transforms.hpp"
 #include "orva/strings/unicode_case.hpp"
 #include "orva/strings/well_formed.hpp"
@@ -12,17 +12,8 @@
 namespace {
 
 using namespace ORVA_NAMESPACE::strings;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
-
-template <typename Unit>
-basic_ustring<Unit> text_of(const std::uint8_t* data, std::size_t size) {
-  basic_ustring<Unit> text(size / sizeof(Unit), Unit{});
-  if (!text.empty()) std::memcpy(text.data(), data, text.size() * sizeof(Unit));
-  return text;
-}
+using orva_fuzz::require;
+using orva_fuzz::text_of;
 
 template <typename Unit>
 void check(const basic_ustring<Unit>& text, case_rules rules) {

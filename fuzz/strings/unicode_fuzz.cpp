@@ -2,26 +2,17 @@
 /// second implementation.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <cstring>
 
+#include "fuzz/require.hpp"
+#include "fuzz/strings/fuzzed_text.hpp"
 #include "orva/orva.hpp"
 #include "tests/support/reference_unicode.hpp"
 
 namespace {
 
 using namespace orva::strings;
-
-void require(bool holds) {
-  if (!holds) std::abort();
-}
-
-template <typename Unit>
-basic_ustring<Unit> text_of(const std::uint8_t* data, std::size_t size) {
-  basic_ustring<Unit> text(size / sizeof(Unit), Unit{});
-  if (!text.empty()) std::memcpy(text.data(), data, text.size() * sizeof(Unit));
-  return text;
-}
+using orva_fuzz::require;
+using orva_fuzz::text_of;
 
 /// Reads character by character, and skips one unit where there is none.
 template <typename Unit>

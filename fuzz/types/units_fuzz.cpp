@@ -3,10 +3,10 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <initializer_list>
 
+#include "fuzz/require.hpp"
 #include "orva/generic/convert/units.hpp"
 #include "orva/types/color_t.hpp"
 
@@ -14,10 +14,7 @@ namespace {
 
 using namespace ORVA_NAMESPACE::types;
 using namespace ORVA_NAMESPACE::generic::convert;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
+using orva_fuzz::require;
 
 struct numbers {
   double floating;

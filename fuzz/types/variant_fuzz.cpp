@@ -3,22 +3,19 @@
 /// must lead back to the text that it was made from.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <sstream>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/types/variant.hpp"
 #include "tests/support/reference_conversion.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
+using orva_fuzz::require;
 using orva_test::wide;
 using types::variant;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 void check_integers(const variant& value, wide number) {
   require(value.as_int8() == orva_test::saturate(number, {8, true}));

@@ -1,10 +1,10 @@
 /// Sets and moves a date and a time by the input, compared with the slow reference.
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/system/date_time/date_time.hpp"
 #include "tests/support/reference_date_time.hpp"
@@ -12,14 +12,11 @@
 namespace {
 
 using namespace ORVA_NAMESPACE;
+using orva_fuzz::require;
 using orva_test::reference_date_time;
 using system::date_time::date_duration;
 using system::date_time::date_time_t;
 using system::date_time::milliseconds;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 /// Takes values from the input, and 0 after its end.
 class source {

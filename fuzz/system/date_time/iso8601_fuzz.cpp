@@ -4,22 +4,19 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
 #include <string_view>
 
+#include "fuzz/require.hpp"
 #include "orva/system/date_time/calendar.hpp"
 #include "tests/support/reference_iso8601.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::system::date_time;
+using orva_fuzz::require;
 using ORVA_NAMESPACE::system::date_time::time;  // not the function of the C library
 using orva_test::reference_iso8601_reader;
 using orva_test::reference_reading;
-
-void require(bool condition) {
-  if (!condition) std::abort();
-}
 
 template <typename Value>
 void require_same(const iso8601_result<Value>& result, const reference_reading& expected,
