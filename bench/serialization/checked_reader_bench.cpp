@@ -7,28 +7,20 @@
 #include <string>
 #include <utility>
 
-#include "bench/serialization/record.hpp"
+#include "bench/serialization/buffer_record.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
+using orva_bench::read;
 using orva_bench::record;
 using orva_bench::sample_records;
+using orva_bench::write;
 
 template <typename Form>
 Form sample_buffer() {
   Form buffer;
-  for (const record& each : sample_records()) {
-    buffer.append_int32(each.id);
-    buffer.append_int32(each.count);
-    buffer.append_int64(each.size);
-    buffer.append_uint32(each.flags);
-    buffer.append_double(each.price, 17);
-    buffer.append_double(each.weight, 17);
-    buffer.append_string(each.name);
-    buffer.append_string(each.path);
-    buffer.append_string(each.note);
-  }
+  for (const record& each : sample_records()) write(buffer, each);
   return buffer;
 }
 
@@ -39,15 +31,7 @@ void read_mute(benchmark::State& state) {
   for (auto _ : state) {
     buffer.reset_read();
     while (!buffer.at_end()) {
-      each.id = buffer.read_int32();
-      each.count = buffer.read_int32();
-      each.size = buffer.read_int64();
-      each.flags = buffer.read_uint32();
-      each.price = buffer.read_double();
-      each.weight = buffer.read_double();
-      each.name = buffer.read_string();
-      each.path = buffer.read_string();
-      each.note = buffer.read_string();
+      read(buffer, each);
       benchmark::DoNotOptimize(each);
     }
   }

@@ -7,43 +7,19 @@
 #include <string>
 #include <string_view>
 
-#include "bench/serialization/record.hpp"
+#include "bench/serialization/buffer_record.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"
 #include "orva/serialization/serialize_text_buf.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
+using orva_bench::read;
 using orva_bench::record;
 using orva_bench::sample_records;
+using orva_bench::write;
 
-// For any buffer. If the benchmark names the class, the compiler knows it; otherwise calls are virtual.
-
-template <typename Buffer>
-void write(Buffer& buffer, const record& each) {
-  buffer.append_int32(each.id);
-  buffer.append_int32(each.count);
-  buffer.append_int64(each.size);
-  buffer.append_uint32(each.flags);
-  buffer.append_double(each.price, 17);
-  buffer.append_double(each.weight, 17);
-  buffer.append_string(each.name);
-  buffer.append_string(each.path);
-  buffer.append_string(each.note);
-}
-
-template <typename Buffer>
-void read(Buffer& buffer, record& each) {
-  each.id = buffer.read_int32();
-  each.count = buffer.read_int32();
-  each.size = buffer.read_int64();
-  each.flags = buffer.read_uint32();
-  each.price = buffer.read_double();
-  each.weight = buffer.read_double();
-  each.name = buffer.read_string();
-  each.path = buffer.read_string();
-  each.note = buffer.read_string();
-}
+// If a benchmark names the class of a buffer, the compiler knows it; otherwise calls are virtual.
 
 template <typename Form, typename Seen>
 void write_records(benchmark::State& state) {

@@ -11,13 +11,17 @@
 #include <random>
 #include <utility>
 
+#include "bench/system/date_time/for_each_input.hpp"
+
 namespace {
 
 namespace date_time = ORVA_NAMESPACE::system::date_time;
 namespace chrono = std::chrono;
 using instant = chrono::sys_time<chrono::milliseconds>;
 
-constexpr std::size_t count = 1024;
+using orva_bench::for_each_input;
+
+constexpr std::size_t count = orva_bench::input_count;
 
 /// Random moments from 1600 on for some 900 years, and moves of up to 100 years either way.
 struct inputs {
@@ -46,19 +50,6 @@ inputs random_inputs() {
 const inputs& input() {
   static const inputs result = random_inputs();
   return result;
-}
-
-/// One item is one operation on one value.
-template <typename Operation>
-void for_each_input(benchmark::State& state, Operation operation) {
-  input();
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < count; ++i) {
-      auto result = operation(i);
-      benchmark::DoNotOptimize(result);
-    }
-  }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * count));
 }
 
 void add_days_orva(benchmark::State& state) {

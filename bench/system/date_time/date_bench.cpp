@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <random>
 
+#include "bench/system/date_time/for_each_input.hpp"
 #include "orva/system/date_time/date_time.hpp"
 
 namespace {
@@ -24,7 +25,9 @@ struct open_date : orva_date {
   using orva_date::pJulian_day_number;
 };
 
-constexpr std::size_t count = 1024;
+using orva_bench::for_each_input;
+
+constexpr std::size_t count = orva_bench::input_count;
 
 /// Random days from 1600 on for some 900 years, and moves of up to 100 years either way.
 struct inputs {
@@ -55,19 +58,6 @@ inputs random_inputs() {
 const inputs& input() {
   static const inputs result = random_inputs();
   return result;
-}
-
-/// One item is one operation on one date.
-template <typename Operation>
-void for_each_input(benchmark::State& state, Operation operation) {
-  input();
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < count; ++i) {
-      auto result = operation(i);
-      benchmark::DoNotOptimize(result);
-    }
-  }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * count));
 }
 
 void number_of_day_orva(benchmark::State& state) {

@@ -14,13 +14,16 @@
 #include <sstream>
 #include <string>
 
+#include "bench/system/date_time/for_each_input.hpp"
 #include "orva/system/date_time/calendar.hpp"
 
 namespace {
 
 namespace date_time = ORVA_NAMESPACE::system::date_time;
 
-constexpr std::size_t count = 1024;
+using orva_bench::for_each_input;
+
+constexpr std::size_t count = orva_bench::input_count;
 
 struct inputs {
   std::array<std::string, count> texts;  // 2024-02-29T08:30:00.123Z
@@ -42,19 +45,6 @@ inputs random_inputs() {
 const inputs& input() {
   static const inputs result = random_inputs();
   return result;
-}
-
-/// One item is one text.
-template <typename Operation>
-void for_each_input(benchmark::State& state, Operation operation) {
-  input();
-  for (auto _ : state) {
-    for (std::size_t i = 0; i < count; ++i) {
-      auto result = operation(i);
-      benchmark::DoNotOptimize(result);
-    }
-  }
-  state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * count));
 }
 
 void read_orva(benchmark::State& state) {
