@@ -1,38 +1,16 @@
-/// The allocations of delegates, counted by a replaced `operator new`.
+/// The allocations of delegates.
 #include <gtest/gtest.h>
 
 #include <array>
-#include <cstdlib>
-#include <new>
 #include <utility>
 
 #include "orva/functor/delegate.hpp"
-
-namespace {
-
-int allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-// If GCC inlines these, but not the function above, it takes that one for the standard's and warns.
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/support/counted_allocations.hpp"
 
 namespace {
 
 using number_delegate = ORVA_NAMESPACE::functor::delegate_t<int(int)>;
-
-template <typename Action>
-int allocations_of(Action action) {
-  const int before = allocations;
-  action();
-  return allocations - before;
-}
+using orva_test::allocations_of;
 
 TEST(delegate_allocation, one_for_a_callable_of_any_size) {
   const std::array<int, 100> large{};

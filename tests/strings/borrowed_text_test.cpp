@@ -1,9 +1,7 @@
 /// Text is borrowed: a call with a standard string, a view or a pointer allocates as often as one with the
-/// library's own string of that width. Replaces the allocation of the whole program to count.
+/// library's own string of that width.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <string>
 #include <string_view>
 #include <type_traits>
@@ -17,33 +15,13 @@
 #include "orva/strings/unicode.hpp"
 #include "orva/strings/wchar.hpp"
 #include "orva/system/path_argument.hpp"
-
-namespace {
-
-int allocations = 0;
-
-}  // namespace
-
-// Not inlined: GCC warns where it sees one of the functions and not its counterpart.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/support/counted_allocations.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::strings;
 using ORVA_NAMESPACE::system::path_argument;
-
-template <typename Action>
-int allocations_of(Action action) {
-  const int before = allocations;
-  action();
-  return allocations - before;
-}
+using orva_test::allocations_of;
 
 template <typename Unit>
 class borrowed_text : public testing::Test {

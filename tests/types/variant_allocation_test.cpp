@@ -1,46 +1,24 @@
-/// The allocations of variants and lists, counted by a replaced `operator new`.
+/// The allocations of variants and lists.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-#include <new>
 #include <utility>
 #include <vector>
 
 #include "orva/generic/varg_list.hpp"
 #include "orva/types/variant.hpp"
-
-namespace {
-
-int allocations = 0;
-
-}  // namespace
-
-void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-// If GCC inlines these, but not the function above, it takes that one for the standard's and warns.
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/support/counted_allocations.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using generic::argument;
 using generic::varg_list;
+using orva_test::allocations_of;
 using strings::ustring8;
 using types::nil;
 using types::variant;
 
 const char* const long_text = "a text that is too long for inline storage in a string";
-
-template <typename Action>
-int allocations_of(Action action) {
-  const int before = allocations;
-  action();
-  return allocations - before;
-}
 
 class allocation : public testing::Test {
  protected:

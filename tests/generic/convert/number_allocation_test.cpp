@@ -1,41 +1,19 @@
-/// Numbers are read and written without allocations, counted by a replaced `operator new`.
+/// Numbers are read and written without allocations.
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <limits>
-#include <new>
 #include <string>
 
 #include "orva/generic/convert/read_number.hpp"
 #include "orva/generic/convert/write_number.hpp"
 #include "orva/types/variant.hpp"
-
-namespace {
-
-int allocations = 0;
-
-}  // namespace
-
-// Not inlined: GCC warns where it sees one of the functions and not its counterpart.
-[[gnu::noinline]] void* operator new(std::size_t size) {
-  ++allocations;
-  if (void* memory = std::malloc(size)) return memory;
-  throw std::bad_alloc();
-}
-[[gnu::noinline]] void operator delete(void* memory) noexcept { std::free(memory); }
-[[gnu::noinline]] void operator delete(void* memory, std::size_t) noexcept { std::free(memory); }
+#include "tests/support/counted_allocations.hpp"
 
 namespace {
 
 namespace convert = ORVA_NAMESPACE::generic::convert;
 namespace types = ORVA_NAMESPACE::types;
-
-template <typename Action>
-int allocations_of(Action action) {
-  const int before = allocations;
-  action();
-  return allocations - before;
-}
+using orva_test::allocations_of;
 
 template <typename Number>
 int allocations_of_reading(const std::string& text, unsigned int radix = 10) {
