@@ -12,23 +12,18 @@
 #include <string>
 #include <vector>
 
+#include "tests/support/date_time_text.hpp"
+
 namespace {
 
 using namespace ORVA_NAMESPACE::system::date_time;
 using ORVA_NAMESPACE::system::date_time::time;  // not the function of the C library
+using orva_test::text;
 namespace chrono = std::chrono;
 
 constexpr long long least = std::numeric_limits<long long>::min();
 constexpr long long greatest = std::numeric_limits<long long>::max();
 
-std::string text(const date& d) {
-  return std::to_string(d.day()) + '.' + std::to_string(d.month()) + '.' + std::to_string(d.year());
-}
-std::string text(const time& t) {
-  return std::to_string(t.hour()) + ':' + std::to_string(t.minute()) + ':' + std::to_string(t.second()) +
-         '.' + std::to_string(t.millisecond());
-}
-std::string text(const date_time_t& t) { return text(t.date()) + ' ' + text(t.time()); }
 std::string text(const time_and_days& t) { return text(t.time) + " and " + std::to_string(t.days); }
 
 template <typename Value>

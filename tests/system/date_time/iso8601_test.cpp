@@ -10,21 +10,15 @@
 #include <string_view>
 
 #include "orva/system/date_time/calendar.hpp"
+#include "tests/support/date_time_text.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::system::date_time;
 namespace diagnostics = ORVA_NAMESPACE::diagnostics;
 using ORVA_NAMESPACE::system::date_time::time;  // not the function of the C library
+using orva_test::text;
 
-std::string text(const date& d) {
-  return std::to_string(d.day()) + '.' + std::to_string(d.month()) + '.' + std::to_string(d.year());
-}
-std::string text(const time& t) {
-  return std::to_string(t.hour()) + ':' + std::to_string(t.minute()) + ':' + std::to_string(t.second()) +
-         '.' + std::to_string(t.millisecond());
-}
-std::string text(const date_time_t& t) { return text(t.date()) + ' ' + text(t.time()); }
 std::string text(const timestamp& t) { return text(t.utc) + ' ' + std::to_string(t.offset); }
 
 template <typename Value>
@@ -51,6 +45,12 @@ void expect_error(const iso8601_result<Value>& result, iso8601_error error, std:
   EXPECT_FALSE(result.is_rounded);
   EXPECT_FALSE(result.is_leap_second);
 }
+
+struct wrong_text {
+  std::string_view text;
+  iso8601_error error;
+  std::size_t position;
+};
 
 TEST(iso8601, documentation_example) {
   EXPECT_EQ(text(read_date("2024-02-29").value), "29.2.2024");
@@ -98,11 +98,7 @@ TEST(iso8601, stops_where_the_form_ends) {
 TEST(iso8601, wrong_dates_are_reported_at_their_position) {
   using enum iso8601_error;
   using namespace std::string_view_literals;
-  const struct {
-    std::string_view text;
-    iso8601_error error;
-    std::size_t position;
-  } rows[] = {
+  const wrong_text rows[] = {
       {"", ends_early, 0},
       {"2", ends_early, 1},
       {"2024-", ends_early, 5},
@@ -149,11 +145,7 @@ TEST(iso8601, wrong_dates_are_reported_at_their_position) {
 
 TEST(iso8601, wrong_times_are_reported_at_their_position) {
   using enum iso8601_error;
-  const struct {
-    std::string_view text;
-    iso8601_error error;
-    std::size_t position;
-  } rows[] = {
+  const wrong_text rows[] = {
       {"", ends_early, 0},          {"08:30", ends_early, 5},        {"08:30:", ends_early, 6},
       {"08:30:00.", ends_early, 9}, {"8:30:00", no_digit, 1},        {"-8:30:00", no_digit, 0},
       {"083000", no_separator, 2},  {"08.30.00", no_separator, 2},   {"08:30Z", no_separator, 5},
@@ -174,11 +166,7 @@ TEST(iso8601, wrong_times_are_reported_at_their_position) {
 
 TEST(iso8601, wrong_timestamps_are_reported_at_their_position) {
   using enum iso8601_error;
-  const struct {
-    std::string_view text;
-    iso8601_error error;
-    std::size_t position;
-  } rows[] = {
+  const wrong_text rows[] = {
       {"2024-05-17", ends_early, 10},
       {"2024-05-17T08:30:00", ends_early, 19},
       {"2024-05-17T08:30:00.5", ends_early, 21},
