@@ -36,6 +36,7 @@ void require_bounds(const loss_list<decoding_loss>& losses, std::string_view byt
   for (const auto& loss : losses.first) {
     require(!loss.bytes.empty() && loss.result_place < text_size);
     require(bytes.substr(static_cast<std::size_t>(loss.place)).starts_with(loss.bytes));
+    require(sentence(orva::diagnostics::describe(loss)).ends_with('.'));
   }
   require(losses.first.size() == std::min<std::uint64_t>(losses.count, max_losses));
 }
@@ -62,6 +63,7 @@ void check_encoding(const code_page& page, std::basic_string_view<Unit> text, st
     require(std::string_view(whole.bytes)
                 .substr(static_cast<std::size_t>(loss.result_place))
                 .starts_with(loss.written));
+    require(sentence(orva::diagnostics::describe(loss)).ends_with('.'));
   }
 }
 

@@ -87,6 +87,18 @@ TEST(number_findings, text_of_any_width_is_shown_and_placed) {
             "a.txt:1:1: error: The number -129 is too small; the limit is -128. [number.too_small]");
 }
 
+TEST(number_findings, the_inputs_of_the_page_of_codes_give_their_code) {
+  for (const char* const text : {"abc", " 42", ""})
+    EXPECT_EQ(describe(read_number<int>(text), text).code, "number.no_number");
+  for (const char* const text : {"12abc", "1.5", "1,234"})
+    EXPECT_EQ(describe(read_number<int>(text), text).code, "number.rest");
+  EXPECT_EQ(describe(read_number<signed char>("300"), "300").code, "number.too_large");
+  EXPECT_EQ(describe(read_number<double>("-1e400"), "-1e400").code, "number.too_large");
+  EXPECT_EQ(describe(read_number<unsigned>("-5"), "-5").code, "number.too_small");
+  EXPECT_EQ(describe(read_number<double>("1e-400"), "1e-400").code, "number.too_small");
+  EXPECT_EQ(describe(read_number<int>("12", 37), "12").code, "number.bad_radix");
+}
+
 TEST(number_findings, each_error_has_a_code_of_its_own) {
   std::set<std::string> codes;
   const auto last = static_cast<int>(number_error::bad_radix);

@@ -192,6 +192,20 @@ TEST(text_findings, a_code_page_that_is_not_valid_is_reported_without_a_place) {
   EXPECT_EQ(nothing.code, "");
 }
 
+TEST(text_findings, the_inputs_of_the_page_of_codes_give_their_code) {
+  const auto decoded = [](code_page::encoding_type page, std::string_view bytes) {
+    return std::string(describe(decode_checked(page, bytes).losses.first.at(0)).code);
+  };
+  const auto encoded = [](std::string_view text) {
+    return std::string(describe(encode_checked(code_page::cp_1252, text).losses.first.at(0)).code);
+  };
+  EXPECT_EQ(encoded("\xC4\x80"), "code_page.best_fit");
+  EXPECT_EQ(encoded("a\x80z"), "code_page.malformed");
+  EXPECT_EQ(encoded("\xD0\x96"), "code_page.missing");
+  EXPECT_EQ(decoded(code_page::cp_932, "\x82"), "code_page.cut");
+  EXPECT_EQ(decoded(code_page::cp_1252, "\x81"), "code_page.undefined");
+}
+
 TEST(text_findings, an_unknown_label_is_named) {
   ASSERT_FALSE(find_code_page("klingon"));
   EXPECT_EQ(in_words(unknown_code_page("klingon", {3, 12}, "page.html")),

@@ -16,6 +16,8 @@
 #include <type_traits>
 #include <vector>
 
+#include "orva/serialization/exact_flat_form.hpp"
+#include "orva/serialization/labeled_text_buffer.hpp"
 #include "tests/support/comma_locale.hpp"
 #include "tests/support/random_engine.hpp"
 
@@ -98,6 +100,29 @@ TEST(checked_reader, failure_is_described_in_words) {
   EXPECT_EQ(in_words({read_error::bad_label, 0, 0}),
             "a.bin: error: The label at offset 0 is empty, is not trimmed, or is there twice. "
             "[data.bad_label]");
+}
+
+TEST(checked_reader, the_inputs_of_the_page_of_codes_give_their_code) {
+  const auto text = [](std::string_view shown, auto read) {
+    const std::string data = bytes(shown);
+    checked_reader in(data, form::text);
+    EXPECT_FALSE(read(in)) << shown;
+    return std::string(describe(in.failure()).code);
+  };
+  EXPECT_EQ(text("12abc~", std::mem_fn(&checked_reader::read_int32)), "data.bad_number");
+  EXPECT_EQ(text("007~", std::mem_fn(&checked_reader::read_int32)), "data.bad_number");
+  EXPECT_EQ(text("1,5~", std::mem_fn(&checked_reader::read_double)), "data.bad_number");
+  EXPECT_EQ(text("2~abc~", std::mem_fn(&checked_reader::read_string)), "data.no_separator");
+  EXPECT_EQ(text("300~", std::mem_fn(&checked_reader::read_uint8)), "data.out_of_range");
+  const std::string_view two_bytes("\x05\x00", 2);
+  checked_reader cut(two_bytes, form::binary);
+  EXPECT_FALSE(cut.read_uint32());
+  EXPECT_EQ(describe(cut.failure()).code, "data.ended");
+  checked_reader left(two_bytes, form::binary);
+  EXPECT_TRUE(left.read_int8() && !left.finish());
+  EXPECT_EQ(describe(left.failure()).code, "data.left");
+  labeled_text_buffer buffer;
+  EXPECT_EQ(describe(read_exact_flat_form(bytes("0~~1~x~"), buffer)).code, "data.bad_label");
 }
 
 TEST(checked_reader, every_error_has_a_code_of_its_own) {
