@@ -1,0 +1,140 @@
+#include "orva/config/internal/value_places.hpp"
+
+#include <algorithm>
+#include <utility>
+
+#include "orva/config/internal/config_file_scanner.hpp"
+#include "orva/config/internal/lower_case_key.hpp"
+#include "orva/internal/text/well_formed_utf8.hpp"
+#include "orva/strings/byte_order_mark.hpp"
+
+namespace ORVA_NAMESPACE::config::_private {
+
+namespace {
+
+/// All segments of a key, in lower case and separated by dots.
+std::string joined_segments(std::string_view key) {
+  std::string joined(key);
+  copy_lower_case(key, joined.data());
+  std::replace_if(joined.begin(), joined.end(), is_separator, '.');
+  return joined;
+}
+
+/// A key that finds the node of these segments. One dot at the end of a key is ignored.
+std::string key_of(std::string segments) {
+  if (segments.ends_with('.')) segments += '.';
+  return segments;
+}
+
+/// The line and the column of offsets that grow, as `diagnostics::place_of` has them, in one pass.
+class place_cursor {
+ public:
+  explicit place_cursor(std::string_view text) : text_(text) {
+    const auto mark = strings::byte_order_mark_in(strings::unicode_encoding::utf8);
+    if (text.starts_with(mark)) position_ = mark.size();
+  }
+
+  diagnostics::place advance_to(std::size_t offset) {
+    while (position_ < offset) {
+      const std::size_t next = position_ + internal::text::decode_well_formed(text_.substr(position_)).units;
+      if (next > offset) break;
+      const bool ends_line = text_[position_] == '\n';
+      place_.line += ends_line ? 1 : 0;
+      place_.column = ends_line ? 1 : place_.column + 1;
+      position_ = next;
+    }
+    return place_;
+  }
+
+ private:
+  std::string_view text_;
+  std::size_t position_ = 0;
+  diagnostics::place place_{1, 1};
+};
+
+/// Collects the values as `config_file_reader` stores them.
+class place_collector {
+ public:
+  place_collector(std::string_view text, std::vector<value_place>& all) : cursor_(text), all_(all) {}
+
+  void begin_section(strings::ustring8& name) {
+    section_.swap(name);
+    section_segments_ = joined_segments(section_);
+  }
+
+  void add_value(scanned_part& part) {
+    scanned_value& value = part.values.front();
+    if (value.text.empty()) return;
+    const auto key_place = cursor_.advance_to(part.begin);
+    const auto value_place = cursor_.advance_to(value.begin);
+    all_.push_back({key_of(node_segments(part.name)), key_place, value_place, std::move(value.text)});
+  }
+
+  void add_array(scanned_part& part) {
+    const auto key_place = cursor_.advance_to(part.begin);
+    const bool is_stored = !part.values.back().text.empty();
+    if (!is_stored) part.values.pop_back();
+    for (scanned_value& value : part.values)
+      elements_.push_back({{}, key_place, cursor_.advance_to(value.begin), std::move(value.text)});
+    if (is_stored) store_array(part.name, key_place);
+  }
+
+ private:
+  void store_array(const strings::ustring8& key, const diagnostics::place& key_place) {
+    all_.push_back({key_of(node_segments(key)), key_place, elements_.front().value, {}, true});
+    // Other than the array, its elements are below the whole key.
+    const std::string prefix = in_section(joined_segments(key)) + '.';
+    for (std::size_t i = 0; i < elements_.size(); ++i) {
+      elements_[i].name = prefix + std::to_string(i);
+      all_.push_back(std::move(elements_[i]));
+    }
+    elements_.clear();
+  }
+
+  /// As `config_file_reader` finds the node: an array without a name is the section's own node.
+  std::string node_segments(const strings::ustring8& key) const {
+    return key.empty() && !section_.empty() ? section_segments_ : in_section(canonical_key(key));
+  }
+
+  std::string in_section(const std::string& segments) const {
+    return section_.empty() ? segments : section_segments_ + '.' + segments;
+  }
+
+  place_cursor cursor_;
+  std::vector<value_place>& all_;
+  strings::ustring8 section_;
+  std::string section_segments_;
+  /// As in `config_file_reader`, also the elements of an array before that was not stored.
+  std::vector<value_place> elements_;
+};
+
+}  // namespace
+
+std::string canonical_key(std::string_view key) {
+  if (!key.empty() && is_separator(key.back())) key.remove_suffix(1);
+  return joined_segments(key);
+}
+
+value_places::value_places(std::string_view text) {
+  place_collector collector(text, all_);
+  config_file_scanner scanner(text);
+  scanned_part part;
+  while (scanner.next(part)) {
+    if (part.kind == scanned_part::type::section) {
+      collector.begin_section(part.name);
+    } else if (part.kind == scanned_part::type::value) {
+      collector.add_value(part);
+    } else if (part.kind == scanned_part::type::array) {
+      collector.add_array(part);
+    }
+  }
+  last_.reserve(all_.size());
+  for (std::size_t i = 0; i < all_.size(); ++i) last_[canonical_key(all_[i].name)] = i;
+}
+
+const value_place* value_places::find(std::string_view key) const {
+  const auto found = last_.find(canonical_key(key));
+  return found != last_.end() ? &all_[found->second] : nullptr;
+}
+
+}  // namespace ORVA_NAMESPACE::config::_private
