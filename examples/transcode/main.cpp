@@ -64,17 +64,21 @@ std::string name_in_report(const transcode::options& options) {
 /// Copies all of `from` through `conversion` into `to`, if there is one.
 int copy(const transcode::options& options, transcode::input& from, transcode::output* to,
          transcode::conversion& conversion, transcode::progress_bar& bar) {
+  const auto stop = [&bar](exit_code code, const std::string& text) {
+    bar.clear();
+    return fail(code, text);
+  };
   std::string piece(piece_size, '\0');
   std::string result;
   std::uint64_t done = 0;
   for (bool at_end = false; !at_end; result.clear()) {
     const std::size_t size = from.read(piece);
-    if (was_interrupted != 0) return fail(interrupted, "interrupted");
-    if (from.failed()) return fail(file_failure, options.input + " cannot be read");
+    if (was_interrupted != 0) return stop(interrupted, "interrupted");
+    if (from.failed()) return stop(file_failure, options.input + " cannot be read");
     at_end = size < piece.size();
     conversion.convert({piece.data(), size}, result);
     if (at_end) conversion.finish(result);
-    if (to != nullptr && !to->write(result)) return fail(file_failure, options.output + " cannot be written");
+    if (to != nullptr && !to->write(result)) return stop(file_failure, options.output + " cannot be written");
     bar.show(done += size);
   }
   return nothing_lost;

@@ -16,22 +16,18 @@
 #include "orva/strings/code_page_names.hpp"
 #include "orva/strings/page_decoder.hpp"
 #include "orva/strings/page_encoder.hpp"
-#include "tests/support/child_process.hpp"
+#include "tests/examples/transcode/run_transcode.hpp"
 #include "tests/support/temporary_directory.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using namespace std::string_literals;
+using orva_test::file_failure;
+using orva_test::interrupted;
+using orva_test::run;
+using orva_test::something_lost;
 using orva_test::temporary_directory;
-
-enum exit_code { nothing_lost = 0, something_lost = 1, file_failure = 3, interrupted = 4 };
-
-/// Runs a line of the shell, in which $transcode is the program. Its standard output is the result's.
-orva_test::child_result run(const std::string& line) {
-  return orva_test::run_child("/bin/sh", {"sh", "-c", line},
-                              {"transcode=" ORVA_TRANSCODE, "PATH=/usr/bin:/bin"});
-}
 
 /// What iconv makes of `bytes`; nothing where it refuses a part.
 std::string converted_by_iconv(const std::string& from, const std::string& to, std::string_view bytes) {
