@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <vector>
 
-#include "orva/diagnostics/internal/visible_text.hpp"
 #include "orva/diagnostics/write.hpp"
 #include "orva/internal/text/display_width.hpp"
+#include "orva/internal/text/visible_text.hpp"
 #include "orva/internal/text/well_formed_utf8.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics::_private {
@@ -22,7 +22,7 @@ std::vector<shown_character> characters_of(std::string_view line) {
   std::vector<shown_character> characters;
   while (!line.empty()) {
     const auto character = internal::text::decode_well_formed(line);
-    const bool visible = character.well_formed && !is_hidden(character.code_point);
+    const bool visible = character.well_formed && !internal::text::is_hidden(character.code_point);
     characters.push_back(
         {line.substr(0, character.units), visible ? internal::text::display_width(character.code_point) : 1});
     line.remove_prefix(character.units);
@@ -71,7 +71,8 @@ excerpt excerpt_around(std::string_view line, std::size_t column) {
   excerpt result;
   if (shown.begin > 0) result.text = cut;
   result.caret = result.text.size() + width_of(characters, shown.begin, caret);
-  for (std::size_t i = shown.begin; i < shown.end; ++i) append_visible(result.text, characters[i].text);
+  for (std::size_t i = shown.begin; i < shown.end; ++i)
+    internal::text::append_visible(result.text, characters[i].text);
   if (shown.end < characters.size()) result.text += cut;
   return result;
 }

@@ -4,8 +4,8 @@
 
 #include "orva/diagnostics/internal/argument_text.hpp"
 #include "orva/diagnostics/internal/not_kept.hpp"
-#include "orva/diagnostics/internal/visible_text.hpp"
 #include "orva/diagnostics/write.hpp"
+#include "orva/internal/text/visible_text.hpp"
 #include "orva/internal/text/well_formed_utf8.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
@@ -27,7 +27,7 @@ void append_string(std::string& output, std::string_view text) {
   while (!text.empty()) {
     const auto character = internal::text::decode_well_formed(text);
     if (character.code_point == '"' || character.code_point == '\\') output += '\\';
-    if (_private::is_control(character.code_point)) {
+    if (internal::text::is_control(character.code_point)) {
       append_control(output, character.code_point);
     } else {
       output += character.well_formed ? text.substr(0, character.units) : replacement;

@@ -4,8 +4,8 @@
 
 #include "orva/diagnostics/internal/not_kept.hpp"
 #include "orva/diagnostics/internal/source_excerpt.hpp"
-#include "orva/diagnostics/internal/visible_text.hpp"
 #include "orva/diagnostics/write.hpp"
+#include "orva/internal/text/visible_text.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
 
@@ -29,7 +29,7 @@ class text_writer {
   explicit text_writer(bool colour) : colour_(colour) {}
 
   void add(std::string_view trusted) { text_ += trusted; }
-  void add_visible(std::string_view text) { _private::append_visible(text_, text); }
+  void add_visible(std::string_view text) { internal::text::append_visible(text_, text); }
   void begin(std::string_view colour) {
     if (colour_) text_ += colour;
   }

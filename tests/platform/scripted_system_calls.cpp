@@ -163,4 +163,8 @@ int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin,
 
 int isatty(int file) { return script().isatty ? script().isatty(file) : ::isatty(file); }
 
+int get_window_size(int file, winsize* size) {
+  return script().get_window_size ? script().get_window_size(file, size) : ::ioctl(file, TIOCGWINSZ, size);
+}
+
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

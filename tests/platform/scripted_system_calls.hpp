@@ -19,6 +19,7 @@ struct call_script {
   std::function<int(const char*, const char*)> rename_without_replacing;
   std::function<dirent*(DIR*)> readdir;
   std::function<int(int)> isatty;
+  std::function<int(int, winsize*)> get_window_size;
 
   int sleeps = 0;
   int open_files = 0;

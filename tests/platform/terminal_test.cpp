@@ -1,4 +1,4 @@
-// Whether an output shows colours, for each answer of the system and each value of TERM.
+// Whether an output shows colours, for each answer of the system and each value of TERM, and how wide it is.
 #include "orva/platform/terminal.hpp"
 
 #include <gtest/gtest.h>
@@ -6,15 +6,19 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <iostream>
 #include <optional>
+#include <sstream>
 #include <string>
 
 #include "tests/platform/scripted_system_calls.hpp"
 
 namespace {
 
+using ORVA_NAMESPACE::platform::output_of;
 using ORVA_NAMESPACE::platform::process_output;
 using ORVA_NAMESPACE::platform::shows_colour;
+using ORVA_NAMESPACE::platform::terminal_columns;
 using orva_test::scripted_calls;
 
 /// TERM for one test; its end puts the old value back. A null pointer is no TERM.
@@ -73,6 +77,36 @@ TEST_F(shows_colour_test, leaves_errno_as_it_was) {
   errno = EDOM;
   EXPECT_FALSE(shows_colour(process_output::error));
   EXPECT_EQ(errno, EDOM);
+}
+
+TEST(terminal_columns, are_those_of_the_output_that_is_meant) {
+  const scripted_calls calls;
+  calls->get_window_size = [](int file, winsize* size) {
+    size->ws_col = file == STDOUT_FILENO ? 132 : 40;
+    return 0;
+  };
+  EXPECT_EQ(terminal_columns(process_output::standard), 132u);
+  EXPECT_EQ(terminal_columns(process_output::error), 40u);
+}
+
+TEST(terminal_columns, are_0_where_there_is_no_terminal) {
+  const scripted_calls calls;
+  calls->get_window_size = [](int, winsize* size) {
+    size->ws_col = 7;
+    errno = ENOTTY;
+    return -1;
+  };
+  errno = EDOM;
+  EXPECT_EQ(terminal_columns(process_output::standard), 0u);
+  EXPECT_EQ(errno, EDOM);
+}
+
+TEST(output_of, knows_the_streams_of_the_process) {
+  EXPECT_EQ(output_of(std::cout), process_output::standard);
+  EXPECT_EQ(output_of(std::cerr), process_output::error);
+  EXPECT_EQ(output_of(std::clog), process_output::error);
+  EXPECT_EQ(output_of(std::ostringstream()), std::nullopt);
+  EXPECT_EQ(output_of(std::ostream(nullptr)), std::nullopt);
 }
 
 }  // namespace

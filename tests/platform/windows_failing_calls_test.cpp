@@ -266,4 +266,17 @@ TEST(shows_colour, is_false_for_a_console_that_refuses_the_mode) {
   EXPECT_FALSE(platform::shows_colour(platform::process_output::standard));
 }
 
+TEST(terminal_columns, are_those_of_the_window_of_the_console) {
+  const scripted_calls calls;
+  DWORD mode = 0;
+  script_console(calls, mode);
+  calls->get_console_screen_buffer_info = [](HANDLE console, CONSOLE_SCREEN_BUFFER_INFO* info) {
+    if (console == INVALID_HANDLE_VALUE) return fail_with(ERROR_INVALID_HANDLE);
+    info->srWindow = {10, 0, 141, 24};
+    return TRUE;
+  };
+  EXPECT_EQ(platform::terminal_columns(platform::process_output::standard), 132u);
+  EXPECT_EQ(platform::terminal_columns(platform::process_output::error), 0u);
+}
+
 }  // namespace

@@ -146,4 +146,9 @@ BOOL set_console_mode(HANDLE console, DWORD mode) {
                                    : ::SetConsoleMode(console, mode);
 }
 
+BOOL get_console_screen_buffer_info(HANDLE console, CONSOLE_SCREEN_BUFFER_INFO* info) {
+  return script().get_console_screen_buffer_info ? script().get_console_screen_buffer_info(console, info)
+                                                 : ::GetConsoleScreenBufferInfo(console, info);
+}
+
 }  // namespace ORVA_NAMESPACE::platform::windows::calls

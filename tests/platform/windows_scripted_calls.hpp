@@ -23,6 +23,7 @@ struct call_script {
   std::function<HANDLE(DWORD)> get_std_handle;
   std::function<BOOL(HANDLE, DWORD*)> get_console_mode;
   std::function<BOOL(HANDLE, DWORD)> set_console_mode;
+  std::function<BOOL(HANDLE, CONSOLE_SCREEN_BUFFER_INFO*)> get_console_screen_buffer_info;
 
   int open_files = 0;
   int open_searches = 0;

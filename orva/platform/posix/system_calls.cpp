@@ -122,5 +122,6 @@ int closedir(DIR* directory) { return ::closedir(directory); }
 int madvise(void* begin, std::size_t size, int advice) { return ::madvise(begin, size, advice); }
 
 int isatty(int file) { return ::isatty(file); }
+int get_window_size(int file, winsize* size) { return ::ioctl(file, TIOCGWINSZ, size); }
 
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

@@ -6,6 +6,7 @@
 #pragma once
 
 #include <dirent.h>
+#include <sys/ioctl.h>
 #include <sys/stat.h>
 #include <sys/types.h>
 
@@ -62,5 +63,7 @@ int closedir(DIR* directory);
 int madvise(void* begin, std::size_t size, int advice);
 
 int isatty(int file);
+/// `ioctl` with `TIOCGWINSZ`.
+int get_window_size(int file, winsize* size);
 
 }  // namespace ORVA_NAMESPACE::platform::posix::calls

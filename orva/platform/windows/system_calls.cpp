@@ -78,5 +78,8 @@ void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
 HANDLE get_std_handle(DWORD output) { return ::GetStdHandle(output); }
 BOOL get_console_mode(HANDLE console, DWORD* mode) { return ::GetConsoleMode(console, mode); }
 BOOL set_console_mode(HANDLE console, DWORD mode) { return ::SetConsoleMode(console, mode); }
+BOOL get_console_screen_buffer_info(HANDLE console, CONSOLE_SCREEN_BUFFER_INFO* info) {
+  return ::GetConsoleScreenBufferInfo(console, info);
+}
 
 }  // namespace ORVA_NAMESPACE::platform::windows::calls

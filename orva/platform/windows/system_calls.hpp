@@ -53,5 +53,6 @@ void output_debug_string(const char* text);
 HANDLE get_std_handle(DWORD output);
 BOOL get_console_mode(HANDLE console, DWORD* mode);
 BOOL set_console_mode(HANDLE console, DWORD mode);
+BOOL get_console_screen_buffer_info(HANDLE console, CONSOLE_SCREEN_BUFFER_INFO* info);
 
 }  // namespace ORVA_NAMESPACE::platform::windows::calls

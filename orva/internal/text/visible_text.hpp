@@ -9,7 +9,7 @@
 
 #include "orva/version.hpp"
 
-namespace ORVA_NAMESPACE::diagnostics::_private {
+namespace ORVA_NAMESPACE::internal::text {
 
 /// Whether a character is a control character: up to U+001F, or from U+007F to U+009F.
 constexpr bool is_control(std::uint32_t code_point) {
@@ -22,4 +22,4 @@ bool is_hidden(std::uint32_t code_point) noexcept;
 /// Appends `text`, with U+FFFD in place of hidden characters and malformed parts, and a space for a tab.
 void append_visible(std::string& output, std::string_view text);
 
-}  // namespace ORVA_NAMESPACE::diagnostics::_private
+}  // namespace ORVA_NAMESPACE::internal::text

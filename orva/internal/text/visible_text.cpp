@@ -1,8 +1,8 @@
-#include "orva/diagnostics/internal/visible_text.hpp"
+#include "orva/internal/text/visible_text.hpp"
 
 #include "orva/internal/text/well_formed_utf8.hpp"
 
-namespace ORVA_NAMESPACE::diagnostics::_private {
+namespace ORVA_NAMESPACE::internal::text {
 
 bool is_hidden(std::uint32_t code_point) noexcept {
   const auto is_in = [code_point](std::uint32_t first, std::uint32_t last) {
@@ -17,7 +17,7 @@ bool is_hidden(std::uint32_t code_point) noexcept {
 
 void append_visible(std::string& output, std::string_view text) {
   while (!text.empty()) {
-    const internal::text::decoded_character character = internal::text::decode_well_formed(text);
+    const decoded_character character = decode_well_formed(text);
     if (character.code_point == '\t') {
       output += ' ';
     } else if (!character.well_formed || is_hidden(character.code_point)) {
@@ -29,4 +29,4 @@ void append_visible(std::string& output, std::string_view text) {
   }
 }
 
-}  // namespace ORVA_NAMESPACE::diagnostics::_private
+}  // namespace ORVA_NAMESPACE::internal::text
