@@ -5,6 +5,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/config/commandline_item.hpp"
 #include "orva/config/config_dispatch.hpp"
+#include "orva/config/config_document.hpp"
 #include "orva/config/config_manager.hpp"
 #include "orva/config/config_token.hpp"
 #include "orva/config/config_tree.hpp"

@@ -38,9 +38,10 @@ inline std::string value_text(int section, int key) {
 }
 
 /// The text of the file, in a form that all peers read alike.
-inline std::string file_text() {
+inline std::string file_text(bool with_comments = false) {
   std::string text;
   for (int section = 0; section < section_count; ++section) {
+    if (with_comments) text += joined("\n# The settings of section ", section, ".\n");
     text += joined("[", section_name(section), "]\n");
     for (int key = 0; key < keys_per_section; ++key) {
       text += joined(key_name(key), "=", value_text(section, key), "\n");
@@ -48,6 +49,8 @@ inline std::string file_text() {
   }
   return text;
 }
+
+inline std::string commented_file_text() { return file_text(true); }
 
 /// The path of the file, which exists while the program runs.
 inline const std::string& file_path() {

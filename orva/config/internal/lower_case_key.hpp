@@ -8,6 +8,7 @@
 /// Internal: not installed.
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <string>
@@ -56,6 +57,31 @@ class lower_case_key {
   std::string long_;
   std::string_view text_;
 };
+
+/// All segments of a key, in lower case and separated by dots.
+inline std::string joined_segments(std::string_view key) {
+  std::string joined(key.size(), '\0');
+  copy_lower_case(key, joined.data());
+  std::replace_if(joined.begin(), joined.end(), is_separator, '.');
+  return joined;
+}
+
+/// The key without the separator that may be at its end, and counts for nothing there.
+inline std::string_view without_last_separator(std::string_view key) {
+  return !key.empty() && is_separator(key.back()) ? key.substr(0, key.size() - 1) : key;
+}
+
+/// The one spelling of all keys that name the same node: in lower case, separated by dots, without the
+/// last separator.
+inline std::string canonical_key(std::string_view key) {
+  return joined_segments(without_last_separator(key));
+}
+
+/// A key that finds the node of these segments. One dot at the end of a key is ignored.
+inline std::string key_of(std::string segments) {
+  if (segments.ends_with('.')) segments += '.';
+  return segments;
+}
 
 /// Moves the first segment of `rest` to `segment`, and drops the separator after it. False if there was no
 /// separator: `segment` is then the last one, and `rest` is empty.

@@ -1,6 +1,5 @@
 #include "orva/config/internal/value_places.hpp"
 
-#include <algorithm>
 #include <utility>
 
 #include "orva/config/internal/config_file_scanner.hpp"
@@ -11,20 +10,6 @@
 namespace ORVA_NAMESPACE::config::_private {
 
 namespace {
-
-/// All segments of a key, in lower case and separated by dots.
-std::string joined_segments(std::string_view key) {
-  std::string joined(key);
-  copy_lower_case(key, joined.data());
-  std::replace_if(joined.begin(), joined.end(), is_separator, '.');
-  return joined;
-}
-
-/// A key that finds the node of these segments. One dot at the end of a key is ignored.
-std::string key_of(std::string segments) {
-  if (segments.ends_with('.')) segments += '.';
-  return segments;
-}
 
 /// The line and the column of offsets that grow, as `diagnostics::place_of` has them, in one pass.
 class place_cursor {
@@ -109,11 +94,6 @@ class place_collector {
 };
 
 }  // namespace
-
-std::string canonical_key(std::string_view key) {
-  if (!key.empty() && is_separator(key.back())) key.remove_suffix(1);
-  return joined_segments(key);
-}
 
 value_places::value_places(std::string_view text) {
   place_collector collector(text, all_);

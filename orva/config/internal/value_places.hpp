@@ -24,10 +24,6 @@
 
 namespace ORVA_NAMESPACE::config::_private {
 
-/// The one spelling of all keys that name the same node: in lower case, separated by dots, without the
-/// separator that may be at the end.
-std::string canonical_key(std::string_view key);
-
 /// A value that the text gives to a key.
 struct value_place {
   /// The key in lower case, separated by dots. `config_tree::get_node` finds the node by it.
