@@ -119,8 +119,8 @@ function(orva_fuzz_program name libraries)
 endfunction()
 
 # orva_fuzz_target(<name> [INTERNALS] SOURCES <files> [LIBRARIES <libraries>]): a libFuzzer program <name> if
-# ORVA_BUILD_FUZZERS is on, and in a build with tests <name>_replay, which runs the inputs in
-# fuzz/corpus/<name> and fuzz/regressions/<name>.
+# ORVA_BUILD_FUZZERS is on. A test runs the inputs in fuzz/corpus/<name> and fuzz/regressions/<name>, with that
+# program or, without libFuzzer, with <name>_replay.
 function(orva_fuzz_target name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "INTERNALS" "" "SOURCES;LIBRARIES")
   orva_choose_library(library "${arg_INTERNALS}")
@@ -130,10 +130,16 @@ function(orva_fuzz_target name)
     set(fuzzer -fsanitize=fuzzer)
     target_compile_options(${name} PRIVATE ${fuzzer})
     target_link_options(${name} PRIVATE ${fuzzer})
+    set(replay ${name} -runs=0)
+  elseif(ORVA_BUILD_TESTS)
+    orva_fuzz_program(${name}_replay "${libraries}" ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
+    set(replay ${name}_replay)
   endif()
   if(ORVA_BUILD_TESTS)
-    orva_fuzz_program(${name}_replay "${libraries}" ${arg_SOURCES} ${PROJECT_SOURCE_DIR}/fuzz/replay.cpp)
-    add_test(NAME fuzz.${name}.replay
-      COMMAND ${name}_replay ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name} ${PROJECT_SOURCE_DIR}/fuzz/regressions/${name})
+    file(GLOB inputs LIST_DIRECTORIES true ${PROJECT_SOURCE_DIR}/fuzz/corpus/${name} ${PROJECT_SOURCE_DIR}/fuzz/regressions/${name})
+    if(NOT inputs)
+      message(FATAL_ERROR "fuzz/corpus/${name} has no inputs")
+    endif()
+    add_test(NAME fuzz.${name}.replay COMMAND ${replay} ${inputs})
   endif()
 endfunction()
