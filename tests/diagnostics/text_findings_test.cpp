@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <set>
 #include <sstream>
 #include <string>
@@ -39,6 +41,9 @@ basic_ustring<Unit> units(std::initializer_list<std::uint32_t> values) {
   return text;
 }
 
+/// Losses count 64 bits, as a file may be larger than memory; an offset in a text does not.
+std::size_t offset(std::uint64_t place) { return static_cast<std::size_t>(place); }
+
 TEST(text_findings, documentation_example) {
   const std::string text = "tea\nmilk\ncoffee\x80";
   EXPECT_EQ(in_words(describe(*first_malformed(text), text, "menu.txt")),
@@ -47,7 +52,7 @@ TEST(text_findings, documentation_example) {
   const std::string menu = "a \xD0\x96";
   const auto encoded = encode_checked(code_page::cp_1252, menu);
   const auto& loss = encoded.losses.first.front();
-  EXPECT_EQ(in_words(describe(loss, line_index(menu).place_of(loss.place), "menu.txt")),
+  EXPECT_EQ(in_words(describe(loss, line_index(menu).place_of(offset(loss.place)), "menu.txt")),
             "menu.txt:1:3: error: The code page lacks U+0416, which is lost; ? is written. "
             "[code_page.missing]");
 }
@@ -124,7 +129,7 @@ TEST(text_findings, each_loss_of_an_encoder_has_its_sentence) {
   const line_index lines(text);
   std::string words;
   for (const auto& loss : encoded.losses.first)
-    words += in_words(describe(loss, lines.place_of(loss.place), "a.txt")) + '\n';
+    words += in_words(describe(loss, lines.place_of(offset(loss.place)), "a.txt")) + '\n';
   EXPECT_EQ(words,
             "a.txt:1:1: warning: The code page lacks U+0100; A, which resembles it, is written. "
             "[code_page.best_fit]\n"
@@ -147,7 +152,7 @@ TEST(text_findings, each_loss_of_a_decoder_has_its_sentence) {
   ASSERT_EQ(utf8.losses.count, 2u);
   const line_index lines(utf8.text);
   const auto words = [&](const decoding_loss& loss) {
-    return in_words(describe(loss, lines.place_of(loss.result_place), "a.txt"));
+    return in_words(describe(loss, lines.place_of(offset(loss.result_place)), "a.txt"));
   };
   EXPECT_EQ(words(utf8.losses.first[0]),
             "a.txt:2:1: error: The text is malformed at offset 1; U+FFFD stands for this part. "
