@@ -12,6 +12,7 @@
 #include "orva/config/declaration.hpp"
 #include "orva/config/duration_text.hpp"
 #include "orva/config/enviroment_item.hpp"
+#include "orva/config/explain.hpp"
 #include "orva/config/file_item.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/setting.hpp"
@@ -19,6 +20,7 @@
 #include "orva/config/size_text.hpp"
 #include "orva/config/std_config_dispatch.hpp"
 #include "orva/config/user_item.hpp"
+#include "orva/config/value_origin.hpp"
 // debug
 #include "orva/debug/assert.hpp"
 // diagnostics

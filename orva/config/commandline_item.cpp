@@ -6,11 +6,14 @@
 #include <utility>
 #include <vector>
 
+#include "orva/config/internal/argument_values.hpp"
+#include "orva/config/internal/lower_case_key.hpp"
 #include "orva/config/internal/unformatted_output.hpp"
 #include "orva/strings/split.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
+using _private::argument_value;
 using _private::write_unformatted;
 using generic::varg_list;
 using generic::abilities::create_dynamic;
@@ -33,14 +36,17 @@ bool is_option(std::string_view argument) { return argument.starts_with('-') || 
 /// argument before it.
 class commandline_item::reader {
  public:
-  explicit reader(commandline_item& item) : item_(item), arguments_(arguments_of(item.argc_, item.argv_)) {}
+  /// With `values` these are noted, too, and nothing is written on standard output.
+  explicit reader(commandline_item& item, std::vector<argument_value>* values = nullptr)
+      : item_(item), values_(values), arguments_(arguments_of(item.argc_, item.argv_)) {}
 
   void read() {
     while (next_ < arguments_.size()) {
       const std::string_view argument = arguments_[next_++];
+      option_ = next_;
       if (is_option(argument)) {
         read_option(argument);
-      } else {
+      } else if (values_ == nullptr) {
         write_unformatted(std::cout, "Warning! unknown key:");
         write_unformatted(std::cout, argument);
         write_unformatted(std::cout, "\nIgnoring key and continuing\n");
@@ -53,7 +59,7 @@ class commandline_item::reader {
     unsigned int position = 1;
     key_.clear();
     while (continues_key(item_.get_token(argument, position, token_))) key_ += token_.text;
-    if (token_.text == "$") return item_.set(key_, joined_text(argument, position), 0);
+    if (token_.text == "$") return store_one(types::variant(joined_text(argument, position)));
     if (token_.type == tok_types::T_END) return read_bare_option();
     read_attached_values(argument, position);
   }
@@ -91,7 +97,7 @@ class commandline_item::reader {
   /// An option with nothing attached: the words after it are its values. After the first value, words that
   /// begin with `/` are values, too.
   void read_bare_option() {
-    if (next_ == arguments_.size() || is_option(arguments_[next_])) return item_.set(key_, 1);
+    if (next_ == arguments_.size() || is_option(arguments_[next_])) return store_flag();
     varg_list values;
     do {
       values.push_back(types::variant(joined_text(arguments_[next_++], 0)));
@@ -116,13 +122,37 @@ class commandline_item::reader {
   }
 
   void store(const varg_list& values, bool is_array) {
-    if (is_array) return item_.set_array(key_, values, {});
-    item_.set(key_, values[0].value(), 0);
+    if (!is_array) return store_one(values[0].value());
+    item_.set_array(key_, values, {});
+    if (values_ == nullptr) return;
+    note(_private::canonical_key(key_), {}, true);
+    for (types::uint32 i = 0; i < values.size(); ++i)
+      note(_private::joined_segments(key_) + '.' + std::to_string(i), values[i].value().as_string());
+  }
+
+  void store_one(const types::variant& value) {
+    item_.set(key_, value, 0);
+    if (values_ != nullptr) note(_private::canonical_key(key_), value.as_string());
+  }
+
+  /// The key of a flag is read once more, as an expression.
+  void store_flag() {
+    item_.set(key_, 1);
+    if (values_ == nullptr) return;
+    const auto [key, value] = item_.make_key_value(key_, tok_types::T_EQ);
+    note(_private::canonical_key(key), value.as_string());
+  }
+
+  void note(std::string key, strings::ustring8 text, bool is_array = false) {
+    values_->push_back({std::move(key), option_, std::move(text), is_array});
   }
 
   commandline_item& item_;
+  std::vector<argument_value>* values_;
   std::vector<std::string_view> arguments_;
   std::size_t next_ = 0;
+  /// The number of the option that is being read, as in argv.
+  std::size_t option_ = 0;
   std::string key_;
   config_token token_;
 };
@@ -152,6 +182,18 @@ void commandline_item::load_program_name() {
   std::string raw;
   for (std::size_t i = 0; i + 1 < parts.size(); ++i) raw += parts[i];
   set("application.name.raw", raw, 0);
+}
+
+std::vector<_private::argument_value> _private::values_of_arguments(const commandline_item& item) {
+  std::vector<argument_value> values;
+  commandline_item scratch(item.argc_, item.argv_);
+  scratch.load_program_name();
+  for (const char* const key : {"application.name", "application.name.extention", "application.name.raw"})
+    if (const auto* const node = scratch.get_value(key))
+      if ((node->first & config_tree::NODE_VALUE_SET) != 0)
+        values.push_back({key, 0, node->second.as_string()});
+  commandline_item::reader(scratch, &values).read();
+  return values;
 }
 
 }  // namespace ORVA_NAMESPACE::config

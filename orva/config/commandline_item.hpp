@@ -31,10 +31,19 @@
 /// Edge cases: docs/edges.md#configuration
 #pragma once
 
+#include <vector>
+
 #include "orva/config/base_config_item.hpp"
 #include "orva/export.hpp"
 
 namespace ORVA_NAMESPACE::config {
+
+class commandline_item;
+
+namespace _private {
+struct argument_value;
+std::vector<argument_value> values_of_arguments(const commandline_item& item);
+}  // namespace _private
 
 class ORVA_API commandline_item : public base_config_item {
  public:
@@ -51,6 +60,7 @@ class ORVA_API commandline_item : public base_config_item {
   const char* const* get_argv() const { return argv_; }
 
  private:
+  friend std::vector<_private::argument_value> _private::values_of_arguments(const commandline_item&);
   class reader;
 
   void load_program_name();

@@ -54,6 +54,8 @@ class ORVA_API config_manager {
   ///     links in a circle          =>  the name in the link that closes the circle
   ///     a link to a missing key    =>  the default
   ///     a node without a value     =>  true
+  ///
+  /// `explain` says where the value comes from, and what it hides.
   types::variant get_value(std::string_view key, const types::variant& default_value = {}) const;
 
   /// Whether `get_value` finds anything but nil.
@@ -81,6 +83,8 @@ class ORVA_API config_manager {
   void dump(std::ostream& stream) const;
 
  private:
+  friend class explainer;  // asks the items as `get_value` does
+
   struct found_node {
     const base_config_item* item = nullptr;
     const base_config_item::node_type* node = nullptr;

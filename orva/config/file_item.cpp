@@ -6,7 +6,7 @@
 #include "orva/config/internal/config_file_reader.hpp"
 #include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/config_file_writer.hpp"
-#include "orva/exceptions/exception.hpp"
+#include "orva/config/internal/read_file.hpp"
 #include "orva/platform/file.hpp"
 #include "orva/platform/native_path.hpp"
 #include "orva/system/file_utility.hpp"
@@ -29,17 +29,6 @@ strings::ustring8 find_file(const item_list& items, std::string_view key, std::s
     if (can_be_opened(name)) return name;
   }
   return {};
-}
-
-/// False for a file that cannot be read, whatever the reason: configuration never fails.
-bool read_whole(const strings::ustring8& name, strings::ustring8& contents) {
-  try {
-    return system::load_file(name, contents) == 0;
-  } catch (const exceptions::exception&) {
-    return false;  // too large for a string
-  } catch (const std::runtime_error&) {
-    return false;  // its status cannot be asked for, as in a directory that may not be searched
-  }
 }
 
 void write_whole(const strings::ustring8& name, const strings::ustring8& contents) {
@@ -80,7 +69,7 @@ file_item* file_item::clone() const { return generic::abilities::create_dynamic<
 
 void file_item::load_file() {
   strings::ustring8 text;
-  if (filename_.empty() || !read_whole(filename_, text)) return;
+  if (filename_.empty() || !_private::read_file(filename_, text)) return;
   _private::config_file_reader(text, tree_).read();
 }
 

@@ -1,51 +1,26 @@
-#include <cstdint>
 #include <ostream>
 #include <string>
 
 #include "orva/diagnostics/internal/argument_text.hpp"
 #include "orva/diagnostics/internal/not_kept.hpp"
 #include "orva/diagnostics/write.hpp"
-#include "orva/internal/text/visible_text.hpp"
-#include "orva/internal/text/well_formed_utf8.hpp"
+#include "orva/internal/text/json_string.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
 
 namespace {
 
-/// Control characters above 0x1F are escaped too, since a terminal may act on them.
-void append_control(std::string& output, std::uint32_t code_point) {
-  constexpr std::string_view figures = "0123456789abcdef";
-  output += "\\u00";
-  output += figures[code_point >> 4];
-  output += figures[code_point & 15];
-}
-
-/// A string of JSON, as RFC 8259 defines it.
-void append_string(std::string& output, std::string_view text) {
-  constexpr std::string_view replacement = "\xEF\xBF\xBD";
-  output += '"';
-  while (!text.empty()) {
-    const auto character = internal::text::decode_well_formed(text);
-    if (character.code_point == '"' || character.code_point == '\\') output += '\\';
-    if (internal::text::is_control(character.code_point)) {
-      append_control(output, character.code_point);
-    } else {
-      output += character.well_formed ? text.substr(0, character.units) : replacement;
-    }
-    text.remove_prefix(character.units);
-  }
-  output += '"';
-}
+using internal::text::append_json_string;
 
 void append_name(std::string& output, std::string_view name) {
   if (output.back() != '{') output += ',';
-  append_string(output, name);
+  append_json_string(output, name);
   output += ':';
 }
 
 void append_member(std::string& output, std::string_view name, std::string_view text) {
   append_name(output, name);
-  append_string(output, text);
+  append_json_string(output, text);
 }
 
 void append_number(std::string& output, std::string_view name, std::size_t number) {
@@ -65,7 +40,7 @@ void append_value(std::string& output, const types::variant& value) {
       output += shown.text;
       return;
     case _private::argument_kind::text:
-      append_string(output, shown.text);
+      append_json_string(output, shown.text);
   }
 }
 
