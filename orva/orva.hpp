@@ -14,6 +14,7 @@
 #include "orva/config/enviroment_item.hpp"
 #include "orva/config/explain.hpp"
 #include "orva/config/file_item.hpp"
+#include "orva/config/format_document.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/setting.hpp"
 #include "orva/config/setting_type.hpp"
