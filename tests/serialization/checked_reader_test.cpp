@@ -20,22 +20,17 @@
 #include "orva/serialization/labeled_text_buffer.hpp"
 #include "tests/support/comma_locale.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/shown_separators.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::serialization;
 using form = checked_reader::form;
+using orva_test::bytes;
 using orva_test::comma_locale;
 using types::int32;
 using types::uint32;
-
-/// The byte 0x01 as the documentation shows it.
-std::string bytes(std::string_view shown) {
-  std::string text(shown);
-  for (char& unit : text) unit = unit == '~' ? '\x01' : unit;
-  return text;
-}
 
 TEST(checked_reader, documentation_example) {
   serialize_binary_buf stored;

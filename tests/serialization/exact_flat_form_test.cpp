@@ -13,6 +13,7 @@
 #include "orva/types/nil.hpp"
 #include "tests/support/comma_locale.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/shown_separators.hpp"
 #include "tests/support/wide_text.hpp"
 
 namespace {
@@ -23,17 +24,8 @@ using orva_test::comma_locale;
 using types::nil;
 using types::variant;
 using buffer = labeled_text_buffer;
-
-/// The byte 0x01 as the documentation shows it.
-std::string shown(std::string text) {
-  for (char& unit : text) unit = unit == '\x01' ? '~' : unit;
-  return text;
-}
-std::string bytes(std::string_view shown_text) {
-  std::string text(shown_text);
-  for (char& unit : text) unit = unit == '~' ? '\x01' : unit;
-  return text;
-}
+using orva_test::bytes;
+using orva_test::shown;
 
 TEST(exact_flat_form, documentation_example) {
   buffer circle;
@@ -147,7 +139,7 @@ TEST(exact_flat_form, text_may_belong_to_the_buffer) {
   EXPECT_EQ(shown(labeled.as_str()), sample);
 }
 
-TEST(exact_flat_form, every_truncation_between_labels_is_shorter_and_every_other_one_is_a_failure) {
+TEST(exact_flat_form, truncation_between_labels_is_read_and_every_other_one_is_a_failure) {
   buffer whole(bytes(sample));
   for (std::size_t length = 0; length < sample.size(); ++length) {
     const std::string text = bytes(sample.substr(0, length));

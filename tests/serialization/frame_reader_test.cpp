@@ -13,6 +13,7 @@
 
 #include "orva/serialization/frame_writer.hpp"
 #include "orva/serialization/serialize_binary_buf.hpp"
+#include "tests/support/random_bytes.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_frame.hpp"
 
@@ -20,14 +21,8 @@ namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
 using event = frame_reader::event;
+using orva_test::random_bytes;
 using orva_test::reference_crc32c;
-
-std::string random_bytes(std::size_t size) {
-  orva_test::random_engine random;
-  std::string bytes(size, '\0');
-  for (char& byte : bytes) byte = static_cast<char>(random());
-  return bytes;
-}
 
 /// A frame with several chunks.
 std::string frame_of(std::string_view content, std::size_t chunk = frame_writer::max_chunk_size) {

@@ -6,6 +6,7 @@
 
 #include "orva/exceptions/exception.hpp"
 #include "orva/serialization/labeled_text_buffer.hpp"
+#include "tests/support/random_bytes.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_frame.hpp"
 
@@ -30,8 +31,7 @@ TEST(frame, documentation_example) {
 TEST(frame, reads_what_it_has_written) {
   orva_test::random_engine random;
   for (const std::size_t size : {0U, 1U, 65535U, 65536U, 65537U, 131072U, 200'000U}) {
-    std::string content(size, '\0');
-    for (char& byte : content) byte = static_cast<char>(random());
+    const std::string content = orva_test::random_bytes(random, size);
     const auto version = static_cast<types::uint32>(random());
     const std::string frame = write_frame("x", version, content);
     const whole_frame read = read_frame(frame);
@@ -45,7 +45,7 @@ TEST(frame, reads_what_it_has_written) {
   }
 }
 
-TEST(frame, nothing_is_84_bytes) { EXPECT_EQ(write_frame("x", 0, "").size(), 84U); }
+TEST(frame, frame_without_content_has_84_bytes) { EXPECT_EQ(write_frame("x", 0, "").size(), 84U); }
 
 TEST(frame, data_after_the_end_is_a_failure) {
   const whole_frame read = read_frame(write_frame("x", 1, "abc") + '\0');

@@ -11,6 +11,7 @@
 
 #include "orva/exceptions/exception.hpp"
 #include "tests/support/hex.hpp"
+#include "tests/support/random_bytes.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_frame.hpp"
 
@@ -53,8 +54,7 @@ TEST(frame_writer, writes_these_bytes) {
 
 TEST(frame_writer, content_is_the_same_for_pieces_of_any_size) {
   orva_test::random_engine random;
-  std::string content(200'000, '\0');
-  for (char& byte : content) byte = static_cast<char>(random());
+  const std::string content = orva_test::random_bytes(random, 200'000);
   for (const std::size_t most : {1U, 7U, 1000U, 65535U, 65536U, 65537U, 200'000U}) {
     std::string output;
     frame_writer frame(output, "x", 0);

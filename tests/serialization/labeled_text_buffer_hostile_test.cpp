@@ -14,23 +14,16 @@
 #include "orva/types/nil.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_serialization.hpp"
+#include "tests/support/shown_separators.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using namespace ORVA_NAMESPACE::serialization;
+using orva_test::bytes;
 using orva_test::reference_labeled;
+using orva_test::shown;
 using types::variant;
-
-std::string shown(std::string text) {
-  for (char& unit : text) unit = unit == '\x01' ? '~' : unit;
-  return text;
-}
-std::string bytes(std::string_view shown_text) {
-  std::string text(shown_text);
-  for (char& unit : text) unit = unit == '~' ? '\x01' : unit;
-  return text;
-}
 
 template <typename Read>
 bool throws(Read read) {

@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "orva/types/nil.hpp"
+#include "tests/support/shown_separators.hpp"
 #include "tests/support/wide_text.hpp"
 
 namespace {
@@ -17,16 +18,8 @@ using namespace ORVA_NAMESPACE::serialization;
 using types::nil;
 using types::variant;
 using buffer = labeled_text_buffer;
-
-/// The byte 0x01 as the documentation shows it.
-std::string shown(std::string text) {
-  for (char& unit : text) unit = unit == '\x01' ? '~' : unit;
-  return text;
-}
-std::string bytes(std::string text) {
-  for (char& unit : text) unit = unit == '~' ? '\x01' : unit;
-  return text;
-}
+using orva_test::bytes;
+using orva_test::shown;
 
 template <typename Action>
 void expect_invalid_position(Action action) {

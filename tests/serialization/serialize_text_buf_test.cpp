@@ -14,23 +14,16 @@
 #include "orva/memory/pointers/rc_pointer.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_serialization.hpp"
+#include "tests/support/shown_separators.hpp"
 #include "tests/support/sign_of_nan.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::serialization;
 using ORVA_NAMESPACE::memory::pointers::rc_pointer;
+using orva_test::bytes;
 using orva_test::reference_text_reader;
-
-/// The byte 0x01 as the documentation shows it.
-std::string shown(std::string text) {
-  for (char& unit : text) unit = unit == '\x01' ? '~' : unit;
-  return text;
-}
-std::string bytes(std::string text) {
-  for (char& unit : text) unit = unit == '~' ? '\x01' : unit;
-  return text;
-}
+using orva_test::shown;
 
 template <typename Append>
 std::string text_of(Append append) {

@@ -14,7 +14,9 @@
 
 #include "orva/generic/convert/read_number.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/random_floating.hpp"
 #include "tests/support/reference_read_number.hpp"
+#include "tests/support/short_texts.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
 namespace {
@@ -25,6 +27,7 @@ using convert::parse_number;
 using convert::read_number;
 using ORVA_NAMESPACE::strings::code_unit16;
 using ORVA_NAMESPACE::strings::code_unit32;
+using orva_test::random_value;
 
 /// Reads with the library from units without a terminator, so that sanitizers detect a read outside them.
 template <typename Floating, typename Unit>
@@ -161,19 +164,9 @@ TEST(read_floating, texts_as_the_reference) {
 }
 
 TEST(read_floating, every_short_text_as_the_reference) {
-  constexpr std::string_view alphabet = "-+0.19eExpinfa ";
-  std::string text;
-  for (std::size_t length = 0; length <= 4; ++length) {
-    std::size_t texts = 1;
-    for (std::size_t i = 0; i < length; ++i) texts *= alphabet.size();
-    for (std::size_t n = 0; n < texts; ++n) {
-      text.clear();
-      for (std::size_t i = 0, rest = n; i < length; ++i, rest /= alphabet.size()) {
-        text.push_back(alphabet[rest % alphabet.size()]);
-      }
-      for (const unsigned int base : {0U, 10U, 16U}) {
-        if (!as_reference<double>(text, base)) FAIL() << '"' << text << "\" in radix " << base;
-      }
+  for (const std::string& text : orva_test::short_texts("-+0.19eExpinfa ", 4)) {
+    for (const unsigned int base : {0U, 10U, 16U}) {
+      if (!as_reference<double>(text, base)) FAIL() << '"' << text << "\" in radix " << base;
     }
   }
 }
@@ -307,15 +300,6 @@ std::string decremented(std::string text) {
   }
   --text[i];
   return text;
-}
-
-template <typename Floating>
-Floating random_value(orva_test::random_engine& random) {
-  using limits = std::numeric_limits<Floating>;
-  const auto mantissa = static_cast<Floating>(random.bits64() >> (64 - std::min(limits::digits, 64)));
-  const int least = limits::min_exponent - limits::digits;
-  const auto range = static_cast<std::uint64_t>(limits::max_exponent - limits::digits - least);
-  return std::ldexp(mantissa, least + static_cast<int>(random() % range));
 }
 
 template <typename Floating>

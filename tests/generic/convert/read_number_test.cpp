@@ -15,6 +15,7 @@
 #include "orva/strings/ustring.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_read_number.hpp"
+#include "tests/support/short_texts.hpp"
 
 namespace {
 
@@ -281,20 +282,10 @@ TYPED_TEST(read_integer_type, long_texts_are_read_to_their_end) {
 }
 
 TEST(read_number, every_short_text_as_the_reference) {
-  constexpr std::string_view alphabet = "-+ 0127afxXbB.";
-  std::string text;
-  for (std::size_t length = 0; length <= 4; ++length) {
-    std::size_t texts = 1;
-    for (std::size_t i = 0; i < length; ++i) texts *= alphabet.size();
-    for (std::size_t n = 0; n < texts; ++n) {
-      text.clear();
-      for (std::size_t i = 0, rest = n; i < length; ++i, rest /= alphabet.size()) {
-        text.push_back(alphabet[rest % alphabet.size()]);
-      }
-      for (const unsigned int base : {0U, 2U, 8U, 10U, 16U, 36U}) {
-        if (!as_reference<signed char>(text, base) || !as_reference<unsigned int>(text, base)) {
-          FAIL() << '"' << text << "\" in radix " << base;
-        }
+  for (const std::string& text : orva_test::short_texts("-+ 0127afxXbB.", 4)) {
+    for (const unsigned int base : {0U, 2U, 8U, 10U, 16U, 36U}) {
+      if (!as_reference<signed char>(text, base) || !as_reference<unsigned int>(text, base)) {
+        FAIL() << '"' << text << "\" in radix " << base;
       }
     }
   }

@@ -14,6 +14,7 @@
 #include "orva/generic/convert/str_to_x.hpp"
 #include "orva/strings/ustring.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/short_texts.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
 namespace {
@@ -166,18 +167,8 @@ TEST(str_to_floating, odd_texts_read_as_by_a_stream) {
 }
 
 TEST(str_to_floating, every_short_text_as_by_a_stream) {
-  constexpr std::string_view alphabet = " +-01.eExn,";
-  std::string text;
-  for (std::size_t length = 1; length <= 4; ++length) {
-    std::size_t texts = 1;
-    for (std::size_t i = 0; i < length; ++i) texts *= alphabet.size();
-    for (std::size_t n = 0; n < texts; ++n) {
-      text.clear();
-      for (std::size_t i = 0, rest = n; i < length; ++i, rest /= alphabet.size()) {
-        text.push_back(alphabet[rest % alphabet.size()]);
-      }
-      if (!same(convert::str_to_double(text), from_stream<double>(text))) FAIL() << text;
-    }
+  for (const std::string& text : orva_test::short_texts(" +-01.eExn,", 4)) {
+    if (!same(convert::str_to_double(text), from_stream<double>(text))) FAIL() << text;
   }
 }
 

@@ -18,6 +18,7 @@
 
 #include "orva/generic/convert/read_number.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/random_floating.hpp"
 #include "tests/support/single_byte_locale.hpp"
 
 namespace {
@@ -30,6 +31,7 @@ using convert::write_number;
 using convert::write_number_error;
 using ORVA_NAMESPACE::strings::code_unit16;
 using ORVA_NAMESPACE::strings::code_unit32;
+using orva_test::random_value;
 
 template <typename Unit, typename Number>
 std::basic_string<Unit> text_of(Number value, unsigned int base = 10) {
@@ -166,15 +168,6 @@ template <typename Floating>
 class write_floating_type : public testing::Test {};
 using floatings = testing::Types<float, double, long double>;
 TYPED_TEST_SUITE(write_floating_type, floatings);
-
-template <typename Floating>
-Floating random_value(orva_test::random_engine& random) {
-  using limits = std::numeric_limits<Floating>;
-  const auto mantissa = static_cast<Floating>(random.bits64() >> (64 - std::min(limits::digits, 64)));
-  const int least = limits::min_exponent - limits::digits;
-  const auto range = static_cast<std::uint64_t>(limits::max_exponent - limits::digits - least);
-  return std::ldexp(mantissa, least + static_cast<int>(random() % range));
-}
 
 template <typename Floating>
 testing::AssertionResult reads_back(Floating value) {

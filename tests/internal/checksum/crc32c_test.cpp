@@ -7,20 +7,15 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/random_bytes.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/reference_crc32c.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE::internal;
+using orva_test::random_bytes;
 using orva_test::reference_crc32c;
-
-std::string random_bytes(std::size_t size) {
-  orva_test::random_engine random;
-  std::string bytes(size, '\0');
-  for (char& byte : bytes) byte = static_cast<char>(random());
-  return bytes;
-}
 
 void expect_checksum(std::string_view bytes, std::uint32_t expected) {
   EXPECT_EQ(crc32c(0, bytes), expected);
