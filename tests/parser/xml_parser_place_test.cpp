@@ -50,7 +50,7 @@ TEST(xml_parser_place, end_of_the_text_in_an_open_element_has_the_end_and_the_el
   });
 }
 
-TEST(xml_parser_place, construct_that_the_text_cuts_off_has_its_begin_or_its_name) {
+TEST(xml_parser_place, construct_that_the_text_cuts_off_has_its_beginning_or_its_name) {
   expect({
       {"<?xml?><a>", "<!-- c -- ", error::unexpected_eof, "a"},
       {"<?xml?><a/>", "<!--", error::unexpected_eof},
@@ -112,7 +112,7 @@ TEST(xml_parser_place, attribute_has_the_place_where_it_is_wrong) {
   });
 }
 
-TEST(xml_parser_place, range_counts_from_its_begin) {
+TEST(xml_parser_place, range_counts_from_its_beginning) {
   const std::string text = "xx<?xml?><a></b>xx";
   const auto result = xml_parser().parse(text.begin() + 2, text.end() - 2);
   EXPECT_EQ(result.offset, 12u);

@@ -71,7 +71,7 @@ TEST(xml_stream_parser_place, unexpected_character_has_its_place) {
   });
 }
 
-TEST(xml_stream_parser_place, text_outside_a_record_has_its_begin) {
+TEST(xml_stream_parser_place, text_outside_a_record_has_its_beginning) {
   expect({
       {"<r>\n ", "text &lt; more<a/></r>", xml_stream_parser::unexpected_character, "t", "r"},
       {"<r>", "&lt; more<a/></r>", xml_stream_parser::unexpected_character, "&", "r"},
@@ -89,7 +89,7 @@ TEST(xml_stream_parser_place, attribute_has_the_place_where_it_is_wrong) {
   });
 }
 
-TEST(xml_stream_parser_place, token_that_the_file_cuts_off_has_its_begin) {
+TEST(xml_stream_parser_place, token_that_the_file_cuts_off_has_its_beginning) {
   expect({
       {"<r><a ", "b='1", xml_stream_parser::incomplete, "", "a"},
       {"<r><a>", "</a", xml_stream_parser::incomplete, "", "a"},

@@ -115,7 +115,7 @@ TEST(xml_writer, white_space_between_two_texts_is_as_in_one) {
   EXPECT_EQ(texts(" ", " "), "<r>&#32; ");
 }
 
-TEST(xml_writer, white_space_at_the_begin_of_a_run_after_markup_is_a_reference) {
+TEST(xml_writer, white_space_at_the_beginning_of_a_run_after_markup_is_a_reference) {
   EXPECT_EQ(written_in_root([](xml_writer& writer) {
               must(writer.text("a"));
               must(writer.comment("c"));

@@ -171,7 +171,7 @@ TEST(find_code_page, anything_else_is_not_found) {
   }
 }
 
-TEST(find_code_page, no_byte_in_front_or_after_leaves_a_label_one) {
+TEST(find_code_page, label_with_another_byte_is_found_only_if_that_is_a_blank_around_it) {
   for (unsigned value = 0; value < 256; ++value) {
     const char byte = static_cast<char>(value);
     const bool is_blank = std::string_view(" \t\n\f\r").find(byte) != std::string_view::npos;

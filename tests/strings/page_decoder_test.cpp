@@ -115,7 +115,7 @@ const std::map<code_page::encoding_type, std::string> undefined_bytes = {
 
 bool is_double_byte(code_page::encoding_type type) { return type >= 932 && type <= 950; }
 
-TEST_P(decode_checked_of_page, every_byte_reads_as_it_does_alone_and_the_undefined_ones_are_listed) {
+TEST_P(decode_checked_of_page, every_byte_reads_as_it_does_unchecked_and_the_undefined_ones_are_listed) {
   if (GetParam() == code_page::utf8) return;
   for (unsigned value = 1; value < 0x100; ++value) {
     const std::string byte(1, static_cast<char>(value));
@@ -159,7 +159,7 @@ TEST_P(decode_checked_of_page, pair_is_listed_where_no_character_has_it) {
   }
 }
 
-TEST_P(decode_checked_of_page, lossless_text_of_one_character_encodes_back) {
+TEST_P(decode_checked_of_page, lossless_text_comes_back_when_it_is_encoded) {
   if (GetParam() == code_page::utf8) return;
   for (unsigned pair = 1; pair < 0x10000; ++pair) {
     const std::string bytes = pair < 0x100
@@ -167,10 +167,9 @@ TEST_P(decode_checked_of_page, lossless_text_of_one_character_encodes_back) {
                                   : std::string{static_cast<char>(pair / 256), static_cast<char>(pair)};
     const auto result = decode_checked<code_unit16>(page_, bytes);
     if (!result.is_lossless()) continue;
-    const auto again = decode_checked<code_unit16>(page_, page_.encode(result.text));
-    if (result.text.find(code_unit16{}) == ustring16::npos) {
-      ASSERT_EQ(again.text, result.text) << pair;
-    }
+    // The unchecked functions end at a zero.
+    if (result.text.find(code_unit16{}) != ustring16::npos) continue;
+    ASSERT_EQ(page_.as_utf16(page_.encode(result.text)), result.text) << pair;
   }
 }
 

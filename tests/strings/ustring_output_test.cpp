@@ -43,7 +43,7 @@ TEST(ustring_output, documentation_example) {
   EXPECT_EQ(streamed(utf32(U"gr\u00FC\u00DF")), "gr\xC3\xBC\xC3\x9F");
 }
 
-TEST(ustring_output, every_code_point_of_utf32) {
+TEST(ustring_output, every_code_point_of_utf32_is_written_in_utf8) {
   ustring32 text;
   std::string expected;
   for (unsigned long code_point = 0; code_point < 0x110800; ++code_point) {
@@ -55,7 +55,7 @@ TEST(ustring_output, every_code_point_of_utf32) {
   EXPECT_TRUE(streamed(text) == expected);
 }
 
-TEST(ustring_output, every_code_point_of_utf16) {
+TEST(ustring_output, every_code_point_of_utf16_is_written_in_utf8) {
   ustring16 text;
   std::string expected;
   for (unsigned long code_point = 0; code_point < 0x110000; ++code_point) {
@@ -93,7 +93,7 @@ TEST(ustring_output, each_lone_surrogate_is_one_replacement_character) {
             "a");
 }
 
-TEST(ustring_output, random_units_are_well_formed) {
+TEST(ustring_output, random_surrogates_are_paired_or_replaced) {
   orva_test::random_engine random;
   ustring16 text;
   for (int i = 0; i < 20'000; ++i) text.push_back(static_cast<code_unit16>(0xD700 + random() % 0xA00));
