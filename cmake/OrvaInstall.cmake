@@ -18,7 +18,10 @@ endforeach()
 
 # The messages of the library in the languages of its users; the package gives programs the folder.
 set(messages_dir ${CMAKE_INSTALL_DATADIR}/orva/messages)
-install(FILES ${PROJECT_SOURCE_DIR}/orva/diagnostics/messages/diagnostics.xmc DESTINATION ${messages_dir})
+install(FILES
+  ${PROJECT_SOURCE_DIR}/orva/config/messages/config.xmc
+  ${PROJECT_SOURCE_DIR}/orva/diagnostics/messages/diagnostics.xmc
+  DESTINATION ${messages_dir})
 
 install(EXPORT orva NAMESPACE orva:: FILE orva-targets.cmake DESTINATION ${package_dir})
 configure_package_config_file(

@@ -15,11 +15,13 @@
 #include "orva/config/explain.hpp"
 #include "orva/config/file_item.hpp"
 #include "orva/config/format_document.hpp"
+#include "orva/config/help_text.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/setting.hpp"
 #include "orva/config/setting_type.hpp"
 #include "orva/config/size_text.hpp"
 #include "orva/config/std_config_dispatch.hpp"
+#include "orva/config/text_lookup.hpp"
 #include "orva/config/user_item.hpp"
 #include "orva/config/value_origin.hpp"
 // debug
@@ -65,6 +67,7 @@
 #include "orva/i18n/message.hpp"
 #include "orva/i18n/message_catalogs.hpp"
 #include "orva/i18n/path_list.hpp"
+#include "orva/i18n/translate.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 // memory
 #include "orva/memory/pointers/rc_pointer.hpp"
