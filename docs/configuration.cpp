@@ -2,6 +2,7 @@
 #include <fstream>
 #include <iostream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "orva/orva.hpp"
@@ -58,5 +59,18 @@ int main() {
   // All values, by source.
   settings.get_config_item("command line")->unload();
   std::cout << settings;
+
+  // A document edits the file and keeps all else: comments, order, blanks. It says what a file cannot hold.
+  write_file();
+  config::config_document document;
+  if (document.load(file_name) != config::config_document::load_error::none) return 1;
+  for (const auto& [key, value] : {std::pair("window.width", "1280"), std::pair("window.name", "a \"b\"")}) {
+    const auto result = document.set(key, value);
+    if (result.error != config::config_document::error::none) {
+      std::cout << describe(result, key, file_name) << '\n';
+    }
+  }
+  const auto saved_document = document.save();
+  std::cout << describe(saved_document) << document.text();
   std::remove(file_name);
 }

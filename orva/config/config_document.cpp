@@ -1,5 +1,6 @@
 #include "orva/config/config_document.hpp"
 
+#include <cstdint>
 #include <utility>
 
 #include "orva/config/internal/document_editor.hpp"
@@ -7,6 +8,10 @@
 #include "orva/config/internal/document_lookup.hpp"
 #include "orva/config/internal/document_text.hpp"
 #include "orva/config/internal/lower_case_key.hpp"
+#include "orva/platform/file.hpp"
+#include "orva/platform/file_operations.hpp"
+#include "orva/platform/native_path.hpp"
+#include "orva/platform/symbolic_link.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
@@ -20,6 +25,17 @@ std::string_view without_mark(std::string_view line) {
   line.remove_prefix(line.starts_with('#') ? 1 : 2);
   if (line.starts_with(' ')) line.remove_prefix(1);
   return line;
+}
+
+config_document::load_error read_file(const platform::native_string& path, std::string& text) {
+  using enum config_document::load_error;
+  const platform::followed_path followed = platform::follow_links(path);
+  if (followed.system_error != 0) return unreadable;
+  if (!platform::status(followed.path).exists) return no_file;
+  platform::input_file file(followed.path);
+  if (!file.is_open() || file.size() > std::int64_t{config_document::max_size}) return unreadable;
+  text.resize(static_cast<std::size_t>(file.size()));
+  return file.read(0, text.data(), text.size()) == text.size() ? none : unreadable;
 }
 
 std::string_view code_of(config_document::error code) {
@@ -55,14 +71,27 @@ config_document::config_document() : config_document(std::string()) {}
 config_document::config_document(std::string text)
     : text_(std::make_unique<document_text>(std::move(text))) {}
 config_document::config_document(const config_document& other)
-    : text_(std::make_unique<document_text>(*other.text_)) {}
+    : text_(std::make_unique<document_text>(*other.text_)), path_(other.path_) {}
 config_document::config_document(config_document&& other) noexcept = default;
 config_document& config_document::operator=(const config_document& other) {
-  if (this != &other) text_ = std::make_unique<document_text>(*other.text_);
-  return *this;
+  return *this = config_document(other);
 }
 config_document& config_document::operator=(config_document&& other) noexcept = default;
 config_document::~config_document() = default;
+
+config_document::load_error config_document::load(const system::path_argument& path) {
+  path_ = path.view();
+  std::string text;
+  const load_error failure = read_file(platform::to_native(path_), text);
+  if (failure == load_error::none) text_ = std::make_unique<document_text>(std::move(text));
+  return failure;
+}
+
+system::replace_file_result config_document::save() const { return save(path_); }
+
+system::replace_file_result config_document::save(const system::path_argument& path) const {
+  return system::replace_file(path, text());
+}
 
 const std::string& config_document::text() const noexcept { return text_->text(); }
 
@@ -132,6 +161,19 @@ diagnostics::finding describe(const config_document::result& result, std::string
           name,
           {result.line, 0},
           {generic::argument("key", strings::ustring8(key))}};
+}
+
+diagnostics::finding describe(config_document::load_error error, std::string_view file) {
+  const strings::ustring8 name(file);
+  switch (error) {
+    case config_document::load_error::none:
+      break;
+    case config_document::load_error::no_file:
+      return {diagnostics::severity::error, "config.file_missing", name, {}, {}};
+    case config_document::load_error::unreadable:
+      return {diagnostics::severity::error, "config.file_unreadable", name, {}, {}};
+  }
+  return {diagnostics::severity::note, {}, name, {}, {}};
 }
 
 }  // namespace ORVA_NAMESPACE::config

@@ -7,6 +7,10 @@
 ///     document.text()                             =>  "# Size on screen\n[window]\nwidth = 800   # pixels\n"
 ///                                                     "title = \"Free space\"\n"
 ///
+///     must(document.load("viewer.cfg"));          // the same with a file
+///     must(document.set("window.width", "800"));
+///     must(document.save());                      // the old file or the new one, whatever happens
+///
 /// The format is that of `file_item`, and the values are those that `file_item` reads. An edit changes only
 /// the lines of its key. It reads the text around them again, and is refused if any other key would change:
 /// a text that was edited reads as before, but for the edit. Reading and writing without an edit keeps each
@@ -43,8 +47,9 @@
 ///                                            =>  nothing is added after it: `unclosed`
 ///
 /// Each call takes time in proportion to the size of the text, `set` of a small part of it; memory is in
-/// proportion to the text. One object belongs to one thread at a time while it is changed. A copy is
-/// independent. A document that was moved from may only be assigned to and destroyed.
+/// proportion to the text. Only `std::bad_alloc` is thrown. One object belongs to one thread at a time while
+/// it is changed. A copy is independent. A document that was moved from may only be assigned to and
+/// destroyed.
 #pragma once
 
 #include <cstddef>
@@ -56,7 +61,10 @@
 
 #include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
+#include "orva/strings/code_unit.hpp"
 #include "orva/strings/ustring.hpp"
+#include "orva/system/path_argument.hpp"
+#include "orva/system/replace_file.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
@@ -86,10 +94,17 @@ class ORVA_API config_document {
   /// What every edit returns: whether it was refused, and why.
   struct result {
     config_document::error error = config_document::error::none;
-    /// The line of the key that could not be edited, from 1. 0 if the file does not have it.
+    /// The line of the key that could not be edited, or of what is not closed, from 1. 0 if there is none.
     std::size_t line = 0;
 
     bool operator==(const result&) const = default;
+  };
+
+  /// Why a file was not read.
+  enum class load_error {
+    none = 0,
+    no_file,     ///< the path names something that can be reached
+    unreadable,  ///< that is a regular file of `max_size` bytes at most, which the process may read
   };
 
   /// A line that stores a key.
@@ -111,6 +126,14 @@ class ORVA_API config_document {
   config_document& operator=(const config_document& other);
   config_document& operator=(config_document&& other) noexcept;
   ~config_document();
+
+  /// Replaces the text by that of a file, which may be behind symbolic links. A failure leaves it unchanged.
+  /// The path is kept for `save`, also if there is no file.
+  [[nodiscard]] load_error load(const system::path_argument& path);
+  /// Writes the text to the file that was loaded, by `system::replace_file`. A document without a file has
+  /// the empty path, which is refused.
+  [[nodiscard]] system::replace_file_result save() const;
+  [[nodiscard]] system::replace_file_result save(const system::path_argument& path) const;
 
   /// The text with all edits.
   [[nodiscard]] const std::string& text() const noexcept;
@@ -139,6 +162,7 @@ class ORVA_API config_document {
 
  private:
   std::unique_ptr<_private::document_text> text_;
+  strings::wide_string path_;
 };
 
 /// A result in words, with its line. `file` is the name that the user knows, and only passed on. Without an
@@ -149,5 +173,9 @@ class ORVA_API config_document {
 ///             [config.edit_bad_value]
 [[nodiscard]] ORVA_API diagnostics::finding describe(const config_document::result& result,
                                                      std::string_view key, std::string_view file = {});
+
+/// The same for a file that was not read. For a failure of `save`: `system::describe`.
+[[nodiscard]] ORVA_API diagnostics::finding describe(config_document::load_error error,
+                                                     std::string_view file);
 
 }  // namespace ORVA_NAMESPACE::config

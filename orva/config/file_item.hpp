@@ -20,7 +20,8 @@
 /// Lines end with LF or CRLF. A CR alone is text. Values are `ustring8` with the bytes of the file. A byte
 /// order mark is part of the first key. docs/configuration.md describes the format.
 ///
-/// `save` is not the inverse of `load`: it writes only keys that are in a section, and no comments.
+/// `save` is not the inverse of `load`: it writes only keys that are in a section, and no comments. Its
+/// speaking sibling is `config_document`, which edits a file without loss.
 ///
 /// Edge cases: docs/edges.md#configuration
 #pragma once

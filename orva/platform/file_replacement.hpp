@@ -44,7 +44,4 @@ replacement_outcome replace_file(const native_string& path, std::string_view con
 /// The same for a path whose last component is no link.
 replacement_outcome replace_plain_file(const native_string& path, std::string_view contents);
 
-/// The number by which the system says that links form a circle.
-extern const int too_many_links;
-
 }  // namespace ORVA_NAMESPACE::platform

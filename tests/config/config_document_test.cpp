@@ -2,20 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include <ostream>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "orva/diagnostics/finding.hpp"
+#include "tests/support/temporary_directory.hpp"
 
 namespace {
 
 using ORVA_NAMESPACE::config::config_document;
 using ORVA_NAMESPACE::strings::ustring8;
 using error = config_document::error;
+using load_error = config_document::load_error;
 using elements = std::vector<ustring8>;
 
 const char* name_of(error code) {
@@ -62,6 +65,68 @@ TEST(config_document, documentation_example) {
   EXPECT_EQ(document.text(),
             "# Size on screen\n[window]\nwidth = 800   # pixels\n"
             "title = \"Free space\"\n");
+}
+
+void must(config_document::load_error failure) { EXPECT_EQ(failure, config_document::load_error::none); }
+void must(const ORVA_NAMESPACE::system::replace_file_result& result) {
+  EXPECT_EQ(result.code, ORVA_NAMESPACE::system::replace_file_result::error::none);
+}
+
+TEST(config_document, documentation_example_with_a_file) {
+  const orva_test::temporary_directory directory;
+  const std::string path = directory.write("viewer.cfg", "# Size on screen\r\n[window]\r\nwidth = 640\r\n");
+  config_document document;
+  must(document.load(path));
+  must(document.set("window.width", "800"));
+  must(document.save());
+  EXPECT_EQ(directory.read("viewer.cfg"), "# Size on screen\r\n[window]\r\nwidth = 800\r\n");
+}
+
+TEST(config_document, file_that_does_not_exist_is_made_by_save) {
+  const orva_test::temporary_directory directory;
+  const std::string path = directory.file("new.cfg");
+  config_document document;
+  EXPECT_EQ(document.load(path), load_error::no_file);
+  EXPECT_EQ(describe(load_error::no_file, "new.cfg").code, "config.file_missing");
+  must(document.set("a", "1"));
+  must(document.save());
+  EXPECT_EQ(directory.read("new.cfg"), "a = 1\n");
+  config_document copy(document);
+  must(copy.set("a", "2"));
+  must(copy.save());
+  EXPECT_EQ(directory.read("new.cfg"), "a = 2\n");
+  must(document.save(directory.file("other.cfg")));
+  EXPECT_EQ(directory.read("other.cfg"), "a = 1\n");
+}
+
+TEST(config_document, failed_load_keeps_the_text) {
+  const orva_test::temporary_directory directory;
+  config_document document("a = 1\n");
+  EXPECT_EQ(document.load(directory.name()), load_error::unreadable);
+  EXPECT_EQ(describe(load_error::unreadable, "x").code, "config.file_unreadable");
+  EXPECT_EQ(document.load(directory.file("none/none.cfg")), load_error::no_file);
+  EXPECT_EQ(document.load(std::string("\0", 1)), load_error::no_file);
+  EXPECT_EQ(document.load(""), load_error::no_file);
+  EXPECT_EQ(document.text(), "a = 1\n");
+  EXPECT_EQ(document.save().code, ORVA_NAMESPACE::system::replace_file_result::error::bad_path);
+  EXPECT_EQ(describe(load_error::none, "x").code, "");
+}
+
+TEST(config_document, file_behind_links_is_read_and_saved_and_the_links_stay) {
+  const orva_test::temporary_directory directory;
+  directory.write("data/real.cfg", "a = 1\n");
+  std::error_code refused;
+  std::filesystem::create_symlink("data/real.cfg", directory.path() / "link.cfg", refused);
+  if (refused) GTEST_SKIP() << "no links can be made here: " << refused.message();
+  std::filesystem::create_symlink("link.cfg", directory.path() / "first.cfg");
+  std::filesystem::create_symlink("circle.cfg", directory.path() / "circle.cfg");
+  config_document document;
+  must(document.load(directory.path() / "first.cfg"));
+  must(document.set("a", "2"));
+  must(document.save());
+  EXPECT_EQ(directory.read("data/real.cfg"), "a = 2\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(directory.path() / "first.cfg"));
+  EXPECT_EQ(document.load(directory.file("circle.cfg")), load_error::unreadable);
 }
 
 TEST(config_document, findings_name_the_key_and_its_line) {
@@ -339,6 +404,12 @@ TEST(config_document, nothing_is_added_after_text_that_is_open) {
   EXPECT_EQ(set("a = 1\nx", "b", "1"), "a = 1\nb = 1\nx");
   EXPECT_EQ(set("a = \"1\nb = 2\n", "a", "x"), "unclosed");
   EXPECT_EQ(removed("a = \"1\nb = 2\n", "a"), "unclosed");
+}
+
+TEST(config_document, result_has_the_line_of_what_is_open) {
+  config_document document("a = 1\n\nb\n");
+  EXPECT_EQ(document.set("s.b", "1"), (config_document::result{error::unclosed, 3}));
+  EXPECT_EQ(document.add_section("s"), (config_document::result{error::unclosed, 3}));
 }
 
 // Comments.

@@ -51,6 +51,10 @@ std::string separator_of(std::string_view text, const std::vector<scanned_value>
   return ", ";
 }
 
+std::optional<std::size_t> part_before(const placement& place) {
+  return place.part > 0 ? std::optional(place.part - 1) : std::nullopt;
+}
+
 }  // namespace
 
 document_editor::document_editor(document_text& document, std::string_view key)
@@ -232,8 +236,8 @@ document_editor::result document_editor::insert(stored_value stored, std::string
   lines += stored.is_array ? "[]" : "";
   lines += place.assignment;
   lines += joined(stored.texts, 0, ", ", false);
-  return apply({inserted_lines(text(), place, lines)}, {{}, place.part, std::move(stored)}, std::nullopt,
-               error::unclosed);
+  return apply({inserted_lines(text(), place, lines)}, {{}, place.part, std::move(stored)},
+               part_before(place), error::unclosed);
 }
 
 document_editor::result document_editor::set_comment(std::string_view comment) {
@@ -284,11 +288,11 @@ document_editor::result document_editor::add_section() {
     return part.kind == scanned_part::type::section && part.path == path_;
   };
   if (std::any_of(parts.begin(), parts.end(), is_same)) return {};
-  if (ends_open(document_)) return refused(error::unclosed);
   placement place = placement_at_end(document_);
+  if (ends_open(document_)) return refused(error::unclosed, part_before(place));
   place.needs_section = true;
   const std::string header = '[' + spelled_name(spelling_) + ']';
-  return apply({inserted_lines(text(), place, header)}, {{}, place.part, std::nullopt}, std::nullopt,
+  return apply({inserted_lines(text(), place, header)}, {{}, place.part, std::nullopt}, part_before(place),
                error::unclosed);
 }
 

@@ -13,6 +13,7 @@
 #include "orva/platform/posix/c_path.hpp"
 #include "orva/platform/posix/descriptor.hpp"
 #include "orva/platform/posix/write_all.hpp"
+#include "orva/platform/symbolic_link.hpp"
 
 namespace ORVA_NAMESPACE::platform {
 

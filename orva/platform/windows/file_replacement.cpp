@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "orva/platform/clock.hpp"
+#include "orva/platform/symbolic_link.hpp"
 #include "orva/platform/windows/open_file.hpp"
 #include "orva/platform/windows/write_all.hpp"
 
