@@ -401,6 +401,7 @@ TEST(config_document, nothing_is_added_after_text_that_is_open) {
     EXPECT_EQ(set(text, "s.b", "1"), "unclosed") << text;
     EXPECT_EQ(with_section(text, "t"), "unclosed") << text;
   }
+  EXPECT_EQ(set("x\n", "b", "1", "a comment with ="), "unclosed");
   EXPECT_EQ(set("a = 1\nx", "b", "1"), "a = 1\nb = 1\nx");
   EXPECT_EQ(set("a = \"1\nb = 2\n", "a", "x"), "unclosed");
   EXPECT_EQ(removed("a = \"1\nb = 2\n", "a"), "unclosed");

@@ -218,6 +218,8 @@ document_editor::error document_editor::replace_comment(std::size_t index, std::
 document_editor::result document_editor::insert(stored_value stored, std::string_view comment) {
   if (!is_writable_name()) return refused(error::bad_key);
   const placement place = placement_of(document_, path_);
+  const bool is_at_end = place.part == document_.parts().size();
+  if (is_at_end && ends_open(document_)) return refused(error::unclosed, part_before(place));
   if (stored.is_array && !array_is_alone(document_, path_, place.part, stored.texts.size())) {
     return refused(error::affects_other_keys);
   }
