@@ -19,20 +19,21 @@ setting::setting(std::string_view key, setting_type type)
   }
 }
 
-setting& setting::set_defaults(std::vector<variant> values) {
+setting& setting::set_defaults(const std::vector<variant>& values) {
   if (!type_.is_list() && values.size() != 1) {
     ORVA_RAISE(exceptions::invalid_argument_value, "Not one default: " + key_,
                ORVA_QUALIFIED("config::setting::by_default"));
   }
-  for (variant& value : values) {
-    auto [checked, error] = _private::check_value(type_, value);
+  std::vector<strings::ustring8> texts;
+  for (const variant& value : values) {
+    const auto [checked, error] = _private::check_value(type_, value);
     if (error != _private::value_error::none) {
       ORVA_RAISE(exceptions::invalid_argument_value, "The type does not take the default: " + key_,
                  ORVA_QUALIFIED("config::setting::by_default"));
     }
-    value = std::move(checked);
+    texts.push_back(_private::write_value(type_, checked));
   }
-  defaults_ = std::move(values);
+  defaults_ = std::move(texts);
   has_default_ = true;
   return *this;
 }
@@ -111,17 +112,11 @@ setting& setting::deprecated(std::string_view successor) {
 strings::ustring8 setting::default_text() const {
   strings::ustring8 text;
   if (is_secret_) return text;
-  for (const variant& value : defaults_) {
+  for (const strings::ustring8& value : defaults_) {
     if (!text.empty()) text += ", ";
-    text += _private::write_value(type_, value);
+    text += value;
   }
   return text;
-}
-
-std::vector<variant> setting::default_values() const {
-  std::vector<variant> values;
-  for (const variant& value : defaults_) values.push_back(_private::item_value(type_, value));
-  return values;
 }
 
 }  // namespace ORVA_NAMESPACE::config

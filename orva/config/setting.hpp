@@ -85,15 +85,15 @@ class ORVA_API setting {
   [[nodiscard]] bool has_default() const noexcept { return has_default_; }
   /// The default as a user would write it, the elements of a list separated by ", ". Empty for a secret.
   [[nodiscard]] strings::ustring8 default_text() const;
-  /// The values of the default, in the form in which a `config_manager` returns them.
-  [[nodiscard]] std::vector<types::variant> default_values() const;
+  /// The same for each value, also of a secret.
+  [[nodiscard]] const std::vector<strings::ustring8>& default_texts() const noexcept { return defaults_; }
 
  private:
-  setting& set_defaults(std::vector<types::variant> values);
+  setting& set_defaults(const std::vector<types::variant>& values);
 
   strings::ustring8 key_;
   setting_type type_;
-  std::vector<types::variant> defaults_;
+  std::vector<strings::ustring8> defaults_;
   strings::ustring8 long_option_;
   strings::ustring8 environment_;
   strings::ustring8 help_;

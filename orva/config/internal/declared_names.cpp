@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "orva/config/internal/lower_case_key.hpp"
+#include "orva/config/internal/value_places.hpp"
 #include "orva/internal/raise.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -29,6 +30,7 @@ declared_names::declared_names(const declaration& declared) {
   keys_.reserve(settings_.size());
   for (std::size_t number = 0; number < settings_.size(); ++number) index(number);
   for (const command_scope& scope : scopes_) {
+    add_allowed_sections(scope);
     check_negations(scope);
     check_positionals(scope);
   }
@@ -39,7 +41,7 @@ declared_names::declared_names(const declaration& declared) {
 }
 
 void declared_names::add_scopes(const declaration& declared) {
-  scopes_.push_back({&declared, "", none, {}, {}, {}, {}});
+  scopes_.push_back({&declared, "", "", not_found, {}, {}, {}, {}});
   for (std::size_t parent = 0; parent < scopes_.size(); ++parent) {
     const declaration& around = *scopes_[parent].declared;
     if (!around.commands().empty() && !around.positionals().empty()) {
@@ -49,10 +51,24 @@ void declared_names::add_scopes(const declaration& declared) {
       if (!scopes_[parent].commands.emplace(command.name, scopes_.size()).second) {
         raise_wrong("Two commands of one name", command.name);
       }
-      std::string prefix = scopes_[parent].prefix + lower_case(command.name) + '.';
-      scopes_.push_back({&command.settings, std::move(prefix), parent, {}, {}, {}, {}});
+      std::string names = scopes_[parent].names;
+      if (!names.empty()) names += '.';
+      names += command.name;
+      std::string prefix = lower_case(names) + '.';
+      scopes_.push_back({&command.settings, std::move(names), std::move(prefix), parent, {}, {}, {}, {}});
     }
   }
+}
+
+void declared_names::add_allowed_sections(const command_scope& scope) {
+  for (const auto& section : scope.declared->allowed_sections()) {
+    allowed_sections_.push_back(scope.prefix + lower_case(section) + '.');
+  }
+}
+
+bool declared_names::is_allowed(std::string_view key) const {
+  return std::any_of(allowed_sections_.begin(), allowed_sections_.end(),
+                     [key](const std::string& section) { return key.starts_with(section); });
 }
 
 void declared_names::add_settings(std::size_t scope) {
@@ -134,35 +150,34 @@ void declared_names::check_sections() const {
 void declared_names::find_successor(declared_setting& deprecated) const {
   const std::string key = scopes_[deprecated.scope].prefix + lower_case(deprecated.described->successor());
   deprecated.successor = find_lower_case_key(key);
-  if (deprecated.successor == none) raise_wrong("A successor that is not declared", key);
+  if (deprecated.successor == not_found) raise_wrong("A successor that is not declared", key);
   const setting& successor = *settings_[deprecated.successor].described;
   if (!successor.successor().empty()) raise_wrong("A successor that is deprecated, too", key);
   if (successor.type() != deprecated.described->type()) raise_wrong("A successor of another type", key);
 }
 
 std::size_t declared_names::find_key(std::string_view key) const {
-  const lower_case_key in_lower_case(key);
-  return find_lower_case_key(in_lower_case.text());
+  return find_lower_case_key(canonical_key(key));
 }
 
 std::size_t declared_names::find_option(std::size_t scope, std::string_view long_option) const {
-  for (; scope != none; scope = scopes_[scope].parent) {
+  for (; scope != not_found; scope = scopes_[scope].parent) {
     const std::size_t found = found_in(scopes_[scope].long_options, long_option);
-    if (found != none) return found;
+    if (found != not_found) return found;
   }
-  return none;
+  return not_found;
 }
 
 std::size_t declared_names::find_option(std::size_t scope, char short_option) const {
-  for (; scope != none; scope = scopes_[scope].parent) {
+  for (; scope != not_found; scope = scopes_[scope].parent) {
     const std::size_t found = found_in(scopes_[scope].short_options, short_option);
-    if (found != none) return found;
+    if (found != not_found) return found;
   }
-  return none;
+  return not_found;
 }
 
 bool declared_names::is_around(std::size_t scope, std::size_t inner) const {
-  while (inner != scope && inner != none) inner = scopes_[inner].parent;
+  while (inner != scope && inner != not_found) inner = scopes_[inner].parent;
   return inner == scope;
 }
 

@@ -18,8 +18,8 @@
 
 namespace ORVA_NAMESPACE::config::_private {
 
-/// A number that no setting and no scope has.
-inline constexpr std::size_t none = static_cast<std::size_t>(-1);
+/// A number that no setting and no scope has: the result of a lookup that finds none.
+inline constexpr std::size_t not_found = static_cast<std::size_t>(-1);
 
 struct declared_setting {
   const setting* described;
@@ -27,13 +27,15 @@ struct declared_setting {
   std::string key;
   std::size_t scope;
   bool is_positional;
-  std::size_t successor = none;
+  std::size_t successor = not_found;
 };
 
 /// The names that count after a command, or before all commands: the scope with the number 0.
 struct command_scope {
   const declaration* declared;
-  /// The names of the commands, each with a dot after it.
+  /// The names of the commands, separated by dots.
+  std::string names;
+  /// The same in lower case, each with a dot after it.
   std::string prefix;
   std::size_t parent;
   std::unordered_map<std::string_view, std::size_t> long_options;
@@ -51,7 +53,7 @@ class declared_names {
   const std::vector<declared_setting>& settings() const noexcept { return settings_; }
   const std::vector<command_scope>& scopes() const noexcept { return scopes_; }
 
-  /// Of a key in any case.
+  /// Of a key in any case, and with any of the separators.
   std::size_t find_key(std::string_view key) const;
   /// Of a key in lower case.
   std::size_t find_lower_case_key(std::string_view key) const { return found_in(keys_, key); }
@@ -61,6 +63,9 @@ class declared_names {
   std::size_t find_option(std::size_t scope, std::string_view long_option) const;
   std::size_t find_option(std::size_t scope, char short_option) const;
 
+  /// Whether a key in lower case is in a section that the program allows.
+  bool is_allowed(std::string_view key) const;
+
   /// Whether `scope` is `inner`, or is around it.
   bool is_around(std::size_t scope, std::size_t inner) const;
 
@@ -68,9 +73,10 @@ class declared_names {
   template <typename Map>
   static std::size_t found_in(const Map& map, const typename Map::key_type& name) {
     const auto found = map.find(name);
-    return found != map.end() ? found->second : none;
+    return found != map.end() ? found->second : not_found;
   }
 
+  void add_allowed_sections(const command_scope& scope);
   void add_scopes(const declaration& declared);
   void add_settings(std::size_t scope);
   void add_setting(const setting& described, std::size_t scope, bool is_positional);
@@ -85,6 +91,8 @@ class declared_names {
   std::vector<command_scope> scopes_;
   std::unordered_map<std::string_view, std::size_t> keys_;
   std::unordered_map<std::string_view, std::size_t> variables_;
+  /// In lower case, each with a dot after it.
+  std::vector<std::string> allowed_sections_;
 };
 
 }  // namespace ORVA_NAMESPACE::config::_private

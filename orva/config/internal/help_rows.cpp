@@ -152,7 +152,7 @@ std::vector<help_section> help_rows::options(std::size_t scope) const {
 
 std::vector<help_row> help_rows::general_options(std::size_t scope) const {
   std::vector<help_row> rows;
-  for (std::size_t around = names_.scopes()[scope].parent; around != none;
+  for (std::size_t around = names_.scopes()[scope].parent; around != not_found;
        around = names_.scopes()[around].parent) {
     for (const std::size_t number : settings_of(around)) {
       if (has_option(*names_.settings()[number].described)) rows.push_back(row_of(number));
@@ -174,11 +174,11 @@ std::vector<help_row> help_rows::variables() const {
 /// A setting that has one of these options gets it instead.
 void help_rows::append_requests(std::vector<help_row>& rows, std::size_t scope) const {
   if (has_help_option(scope)) {
-    const bool is_short = names_.find_option(scope, 'h') == none;
+    const bool is_short = names_.find_option(scope, 'h') == not_found;
     rows.push_back({is_short ? "-h, --help" : "    --help", "", words_.word("help.show_help")});
   }
   const bool has_version = scope == 0 && !names_.scopes()[0].declared->version().empty();
-  if (has_version && names_.find_option(scope, "version") == none) {
+  if (has_version && names_.find_option(scope, "version") == not_found) {
     rows.push_back({"    --version", "", words_.word("help.show_version")});
   }
 }
@@ -245,7 +245,7 @@ std::vector<std::string> help_rows::facts_of(std::size_t number) const {
     add("help.key", {{"key", declared.key}});
   }
   if (type.is_list() && has_option(described) && !declared.is_positional) add("help.repeated");
-  if (declared.successor != none) {
+  if (declared.successor != not_found) {
     add("help.deprecated", {{"name", shown_name(names_.settings()[declared.successor])}});
   }
   return facts;

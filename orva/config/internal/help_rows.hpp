@@ -61,7 +61,7 @@ class help_rows {
   /// "viewer remote add".
   std::string names_up_to(std::size_t scope) const;
   /// Whether `--help` is not an option of the program's own.
-  bool has_help_option(std::size_t scope) const { return names_.find_option(scope, "help") == none; }
+  bool has_help_option(std::size_t scope) const { return names_.find_option(scope, "help") == not_found; }
 
  private:
   const std::vector<std::size_t>& settings_of(std::size_t scope) const { return of_scope_[scope]; }

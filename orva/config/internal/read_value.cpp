@@ -124,9 +124,4 @@ strings::ustring8 write_value(const setting_type& type, const variant& value) {
   }
 }
 
-variant item_value(const setting_type& type, const variant& value) {
-  if (type.kind() != value_kind::duration) return value;
-  return std::chrono::nanoseconds(value.as_int64());
-}
-
 }  // namespace ORVA_NAMESPACE::config::_private

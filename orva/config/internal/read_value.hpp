@@ -40,7 +40,4 @@ value_result check_value(const setting_type& type, const types::variant& value);
 /// A text from which `read_value` reads the same value.
 strings::ustring8 write_value(const setting_type& type, const types::variant& value);
 
-/// The value as the items of a manager hold it: durations are seconds, as in a `variant`.
-types::variant item_value(const setting_type& type, const types::variant& value);
-
 }  // namespace ORVA_NAMESPACE::config::_private

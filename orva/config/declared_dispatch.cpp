@@ -1,0 +1,110 @@
+#include "orva/config/declared_dispatch.hpp"
+
+#include <utility>
+#include <vector>
+
+#include "orva/config/file_item.hpp"
+#include "orva/config/internal/checked_settings.hpp"
+#include "orva/config/internal/settings_loader.hpp"
+#include "orva/config/user_item.hpp"
+
+namespace ORVA_NAMESPACE::config {
+
+using _private::checked_settings;
+using _private::declared_program;
+using _private::settings_loader;
+
+namespace {
+
+constexpr std::string_view file_key = "cfg_file";
+
+/// An item that the dispatch fills.
+class filled_item : public base_config_item {
+ public:
+  explicit filled_item(std::string_view id) { id_.assign(id); }
+  void unload() override { tree_.erase(); }
+  filled_item* clone() const override { return generic::abilities::create_dynamic<filled_item>(*this); }
+};
+
+/// The file that an item names, or empty text.
+strings::ustring8 named_file(const base_config_item& item) {
+  const auto* const node = item.get_value(file_key);
+  return node != nullptr ? node->second.as_string() : strings::ustring8();
+}
+
+/// The items in the order of `setup`.
+struct declared_items {
+  base_config_item* command_line = nullptr;
+  file_item* named = nullptr;
+  std::vector<file_item*> files;
+  base_config_item* environment = nullptr;
+  base_config_item* defaults = nullptr;
+
+  declared_items(const item_list& items, bool has_named_file, std::size_t file_count) {
+    auto next = items.begin();
+    command_line = (next++)->get();
+    if (has_named_file) named = static_cast<file_item*>((next++)->get());
+    for (std::size_t i = 0; i < file_count; ++i) files.push_back(static_cast<file_item*>((next++)->get()));
+    environment = (next++)->get();
+    defaults = next->get();
+  }
+};
+
+void load_named_file(const declared_items& sources, const item_list& items, settings_loader& loader) {
+  sources.named->load(items);
+  strings::ustring8 wanted = named_file(*sources.command_line);
+  if (wanted.empty()) wanted = named_file(*sources.environment);
+  if (!wanted.empty() && sources.named->get_filename() != wanted) loader.add_file_not_read(wanted);
+}
+
+}  // namespace
+
+declared_dispatch::declared_dispatch(declaration declared, int argc, const char* const* argv,
+                                     const char* const* envp, settings_options options)
+    : program_(std::make_shared<const declared_program>(std::move(declared))),
+      result_(std::make_shared<_private::load_result>()),
+      argc_(argc),
+      argv_(argv),
+      envp_(envp),
+      options_(std::move(options)) {}
+
+declared_dispatch::declared_dispatch(const declared_dispatch& other) = default;
+declared_dispatch& declared_dispatch::operator=(const declared_dispatch& other) = default;
+declared_dispatch::~declared_dispatch() = default;
+
+bool declared_dispatch::has_named_file() const {
+  const std::size_t number = program_->names.find_lower_case_key(file_key);
+  return number != _private::not_found && !program_->names.settings()[number].described->type().is_list();
+}
+
+void declared_dispatch::setup(item_list& items) const {
+  append(items, filled_item("command line"));
+  if (has_named_file()) append(items, file_item(""));
+  for (const strings::ustring8& file : options_.files) append(items, file_item(file));
+  append(items, filled_item("enviroment"));
+  append(items, user_item());
+}
+
+void declared_dispatch::load(item_list& items) const {
+  const declared_items sources(items, has_named_file(), options_.files.size());
+  settings_loader loader(program_->names, options_);
+  loader.read_command_line(argc_, argv_, *sources.command_line);
+  loader.read_environment(envp_, *sources.environment);
+  loader.read_defaults(*sources.defaults);
+  if (sources.named != nullptr) load_named_file(sources, items, loader);
+  for (file_item* const file : sources.files) file->load();
+
+  loader.check_command_line();
+  if (sources.named != nullptr) loader.check_file(*sources.named);
+  for (file_item* const file : sources.files) loader.check_file(*file);
+  loader.check_environment();
+  result_->last = std::make_shared<const checked_settings>(loader.finish());
+}
+
+void declared_dispatch::unload(item_list& items) const { unload_each(items); }
+
+void declared_dispatch::save(item_list& items) const { save_each(items); }
+
+declared_dispatch* declared_dispatch::clone() const { return new declared_dispatch(*this); }
+
+}  // namespace ORVA_NAMESPACE::config
