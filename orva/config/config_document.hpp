@@ -32,8 +32,8 @@
 ///                  describe more than the key.
 ///     line ends    A new line ends as the line before it does; the first line as the one after it; LF in a
 ///                  text without line ends. A text whose last line has no line end stays so.
-///     byte order   `file_item` takes a byte order mark for a part of the first key. Here, too; it stays where
-///     mark         it is.
+///     byte order   `file_item` takes a byte order mark for a part of the first key, and so does this class. It
+///     mark         goes with that key only.
 ///
 /// What the format can hold: a value that is not empty, and in which a backslash comes before each quote. A
 /// key, likewise, without empty names; it does not end in "[]". Names may have blanks, `=` and `#`.
@@ -46,10 +46,9 @@
 ///     a text that ends in an open quote, section or key, or in an array after a comma
 ///                                            =>  nothing is added after it: `unclosed`
 ///
-/// Each call takes time in proportion to the size of the text, `set` of a small part of it; memory is in
-/// proportion to the text. Only `std::bad_alloc` is thrown. One object belongs to one thread at a time while
-/// it is changed. A copy is independent. A document that was moved from may only be assigned to and
-/// destroyed.
+/// Each call takes time and memory in proportion to the size of the text at most. Only `std::bad_alloc` is
+/// thrown. One object belongs to one thread at a time while it is changed. A copy is independent. A document
+/// that was moved from may only be assigned to and destroyed.
 #pragma once
 
 #include <cstddef>

@@ -160,25 +160,18 @@ std::vector<stored_value> document_text::expected(std::size_t first, std::size_t
   return result;
 }
 
-bool document_text::replace(const std::vector<replacement>& replacements, const intended_change& intended) {
-  const std::size_t begin = replacements.front().offset;
-  const std::size_t end = replacements.back().offset + replacements.back().length;
-  std::string text = replaced(text_, replacements);
+document_text::new_parts document_text::read_again(std::string_view text, std::size_t first,
+                                                   std::size_t old_end) const {
   const std::size_t growth = text.size() - text_.size();  // modulo 2^N
-
-  const auto touched = std::find_if(parts_.begin(), parts_.end(),
-                                    [&](const document_part& part) { return part.end >= begin; });
-  const auto first = static_cast<std::size_t>(touched - parts_.begin());
-  part_reader reader(text, first > 0 ? parts_[first - 1].end : 0, section_before(first),
-                     carried_before(first));
-  std::vector<document_part> fresh;
-  std::vector<stored_value> stored;
-  std::size_t next = first;
+  new_parts result;
+  result.next = first;
   std::string_view section = section_before(first);
+  part_reader reader(text, first > 0 ? parts_[first - 1].end : 0, section, carried_before(first));
   // Whether the old text reads on from the place of the reader, too, in the same state.
   const auto rejoins = [&] {
-    if (reader.position() < end + growth) return false;
+    if (reader.position() < old_end + growth) return false;
     const std::size_t old_position = reader.position() - growth;
+    std::size_t& next = result.next;
     for (; next < parts_.size() && parts_[next].begin < old_position; ++next) {
       if (parts_[next].kind == type::section) section = parts_[next].path;
     }
@@ -189,22 +182,41 @@ bool document_text::replace(const std::vector<replacement>& replacements, const 
   };
   while (!rejoins()) {
     if (!reader.next()) {
-      next = parts_.size();
+      result.next = parts_.size();
       break;
     }
-    fresh.push_back(reader.part());
-    if (reader.part().is_stored) stored.push_back(reader.stored());
+    result.parts.push_back(reader.part());
+    if (reader.part().is_stored) result.stored.push_back(reader.stored());
   }
-  if (stored != expected(first, next, intended)) return false;
+  return result;
+}
 
-  for (std::size_t i = next; i < parts_.size(); ++i) {
-    parts_[i].begin += static_cast<std::uint32_t>(growth);
-    parts_[i].end += static_cast<std::uint32_t>(growth);
-  }
-  const auto at = parts_.erase(touched, parts_.begin() + static_cast<std::ptrdiff_t>(next));
-  parts_.insert(at, std::make_move_iterator(fresh.begin()), std::make_move_iterator(fresh.end()));
+bool document_text::replace(const std::vector<replacement>& replacements, const intended_change& intended) {
+  const std::size_t begin = replacements.front().offset;
+  const std::size_t end = replacements.back().offset + replacements.back().length;
+  std::string text = replaced(text_, replacements);
+  const auto touched = std::find_if(parts_.begin(), parts_.end(),
+                                    [&](const document_part& part) { return part.end >= begin; });
+  const auto first = static_cast<std::size_t>(touched - parts_.begin());
+  new_parts changed = read_again(text, first, end);
+  if (changed.stored != expected(first, changed.next, intended)) return false;
+  exchange(first, std::move(changed), text.size() - text_.size());
   text_ = std::move(text);
   return true;
+}
+
+/// Whatever needs memory comes first: a failure leaves the document as it was.
+void document_text::exchange(std::size_t first, new_parts changed, std::size_t growth) {
+  const std::size_t size = parts_.size() - (changed.next - first) + changed.parts.size();
+  if (size > parts_.capacity()) parts_.reserve(std::max(size, 2 * parts_.capacity()));
+  const auto at = [&](std::size_t index) { return parts_.begin() + static_cast<std::ptrdiff_t>(index); };
+  std::for_each(at(changed.next), parts_.end(), [&](document_part& part) {
+    part.begin += static_cast<std::uint32_t>(growth);
+    part.end += static_cast<std::uint32_t>(growth);
+  });
+  parts_.erase(at(first), at(changed.next));
+  parts_.insert(at(first), std::make_move_iterator(changed.parts.begin()),
+                std::make_move_iterator(changed.parts.end()));
 }
 
 }  // namespace ORVA_NAMESPACE::config::_private

@@ -98,6 +98,16 @@ class document_text {
   bool replace(const std::vector<replacement>& replacements, const intended_change& intended);
 
  private:
+  /// Parts that were read again, and what they store. `next` is the index of the first old part that stays.
+  struct new_parts {
+    std::vector<document_part> parts;
+    std::vector<stored_value> stored;
+    std::size_t next = 0;
+  };
+
+  /// Reads the new text from the part `first` on, at least to what was at `old_end`.
+  new_parts read_again(std::string_view text, std::size_t first, std::size_t old_end) const;
+  void exchange(std::size_t first, new_parts changed, std::size_t growth);
   std::vector<stored_value> expected(std::size_t first, std::size_t last,
                                      const intended_change& intended) const;
   stored_value stored_by(std::size_t index) const;
