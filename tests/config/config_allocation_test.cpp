@@ -1,10 +1,12 @@
-// Building a list of items when memory runs out: each allocation fails in turn. The test replaces the
-// allocation of the whole program.
+// Building a list of items, and editing a document, when memory runs out: each allocation fails in turn. The
+// test replaces the allocation of the whole program.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
 #include <new>
+#include <string>
 
+#include "orva/config/config_document.hpp"
 #include "orva/config/config_manager.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/std_config_dispatch.hpp"
@@ -124,6 +126,37 @@ TEST_F(config_allocation, list_that_an_item_could_not_be_appended_to_is_unchange
     EXPECT_EQ(items.size(), 1u);
   }
   EXPECT_EQ(items.size(), 2u);
+}
+
+/// Fails each allocation of an edit in turn, until the edit is made.
+template <typename Edit>
+void expect_unchanged_until_made(Edit edit) {
+  const std::string text =
+      "# note\n[a_long_name_of_a_section]\n# a note on the first\nfirst = 1\n\nlist[] = 1, 2\n";
+  config_document document(text);
+  const auto entries = document.entries();
+  long allocations = 0;
+  for (; !succeeds_with(allocations, [&] { EXPECT_EQ(edit(document).error, config_document::error::none); });
+       ++allocations) {
+    EXPECT_EQ(document.text(), text);
+    EXPECT_EQ(document.entries(), entries);
+  }
+  EXPECT_GT(allocations, 5);
+  EXPECT_NE(document.text(), text);
+  EXPECT_EQ(document.entries(), config_document(document.text()).entries());
+}
+
+TEST_F(config_allocation, document_is_unchanged_by_an_edit_in_which_an_allocation_fails) {
+  const std::string section = "a_long_name_of_a_section.";
+  expect_unchanged_until_made(
+      [&](config_document& document) { return document.set(section + "first", "2"); });
+  expect_unchanged_until_made([&](config_document& document) { return document.set(section + "new", "2"); });
+  expect_unchanged_until_made([&](config_document& document) { return document.remove(section + "first"); });
+  expect_unchanged_until_made([&](config_document& document) {
+    return document.set_array(section + "list", {"1", "x", "3"});
+  });
+  expect_unchanged_until_made(
+      [&](config_document& document) { return document.add_section("another_section"); });
 }
 
 }  // namespace
