@@ -3,6 +3,7 @@
 
 // config
 #include "orva/config/base_config_item.hpp"
+#include "orva/config/check_file.hpp"
 #include "orva/config/commandline_item.hpp"
 #include "orva/config/config_dispatch.hpp"
 #include "orva/config/config_document.hpp"

@@ -17,6 +17,8 @@
 ///     a[] = x,\n\n y         =>  a: array of "x", "y"    after a comma, blank lines do not end an array
 ///     home = http://x        =>  home: "http:"           // begins a comment
 ///
+/// `check_file` (config/check_file.hpp) finds them in a file, with line and column.
+///
 /// Lines end with LF or CRLF. A CR alone is text. Values are `ustring8` with the bytes of the file. A byte
 /// order mark is part of the first key. docs/configuration.md describes the format.
 ///
