@@ -5,6 +5,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/config/check_file.hpp"
 #include "orva/config/commandline_item.hpp"
+#include "orva/config/completion_script.hpp"
 #include "orva/config/config_dispatch.hpp"
 #include "orva/config/config_document.hpp"
 #include "orva/config/config_manager.hpp"
