@@ -21,6 +21,7 @@
 #include "orva/config/format_document.hpp"
 #include "orva/config/help_text.hpp"
 #include "orva/config/linked_file_item.hpp"
+#include "orva/config/man_page.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/setting.hpp"
 #include "orva/config/setting_type.hpp"
