@@ -2,6 +2,8 @@
 // same with GLib's GKeyFile is in key_file_bench.cpp.
 #include <benchmark/benchmark.h>
 
+#include <filesystem>
+#include <fstream>
 #include <stdexcept>
 #include <string>
 
@@ -60,5 +62,22 @@ void edit_text_by_document(benchmark::State& state) {
   }
 }
 BENCHMARK(edit_text_by_document)->Unit(benchmark::kMicrosecond);
+
+/// The same in a file, which is synced to the disk before it takes the place of the old one.
+void edit_file_by_document(benchmark::State& state) {
+  const std::string path = config_bench::joined(config_bench::file_path(), ".document");
+  std::ofstream(path, std::ios::binary) << config_bench::commented_file_text();
+  int value = 0;
+  for (auto _ : state) {
+    config_document document;
+    if (document.load(path) != config_document::load_error::none) throw std::runtime_error("not loaded");
+    require(document.set(edited_key(), std::to_string(++value % 10)));
+    if (document.save().code != ORVA_NAMESPACE::system::replace_file_result::error::none) {
+      throw std::runtime_error("not saved");
+    }
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(edit_file_by_document)->Unit(benchmark::kMicrosecond);
 
 }  // namespace

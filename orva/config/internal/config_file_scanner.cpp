@@ -48,7 +48,6 @@ bool config_file_scanner::next(scanned_part& part) {
 
 void config_file_scanner::read(scanned_part& part) {
   part.name.clear();
-  part.values.clear();
   if (at_comment()) {
     part.kind = scanned_part::type::comment;
     return skip_comment(text_, position_);
@@ -99,7 +98,10 @@ void config_file_scanner::read_key(scanned_part& part) {
 /// A line end after a comma does not end an array, and neither do blank lines and comments there. The stops
 /// of a scalar have no comma.
 void config_file_scanner::read_values(scanned_part& part, const byte_set& stops) {
-  part.values.push_back({{}, position_, position_});
+  part.values.resize(1);
+  scanned_value& first = part.values.front();
+  first.text.clear();
+  first.begin = first.end = position_;
   bool may_end = true;
   for (;;) {
     const unsigned int start = position_;

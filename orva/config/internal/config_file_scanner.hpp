@@ -47,7 +47,8 @@ struct scanned_part {
   strings::ustring8 name;
   /// The end of the tokens of the name, which begin at `begin`. That of an array includes the "[]".
   unsigned int name_end = 0;
-  /// One of a value, all of an array. If the last one is empty, none is stored.
+  /// One of a value, all of an array; without a meaning for other parts. If the last one is empty, none is
+  /// stored. Reading many parts into one object keeps the memory of the first value.
   std::vector<scanned_value> values;
 
   bool has_values() const { return kind == type::value || kind == type::array; }

@@ -28,7 +28,7 @@ class part_reader {
   /// False at the end of the text.
   bool next() {
     if (!scanner_.next(scanned_)) return false;
-    part_ = {};
+    part_ = document_part();
     part_.kind = scanned_.kind;
     part_.is_open = scanned_.end > text_.size();
     part_.begin = scanned_.begin;
@@ -42,6 +42,7 @@ class part_reader {
   }
 
   const document_part& part() const { return part_; }
+  document_part take_part() { return std::move(part_); }
   std::size_t position() const { return part_.end; }
   const std::string& section() const { return section_; }
   const elements& carried() const { return carried_; }
@@ -57,10 +58,11 @@ class part_reader {
   void read_name() {
     part_.is_stored = !scanned_.values.back().text.empty();
     const bool is_header = part_.kind == type::array && scanned_.name.empty() && !section_.empty();
-    const std::string name = canonical_key(scanned_.name);
+    const std::string_view name = without_last_separator(scanned_.name);
+    part_.path.reserve(section_.size() + 1 + name.size());
     part_.path = section_;
     if (!section_.empty() && !is_header) part_.path += '.';
-    part_.path += name;
+    append_segments(name, part_.path);
     part_.has_nested_elements =
         part_.kind == type::array && (is_header || name.size() < scanned_.name.size());
   }
@@ -108,7 +110,7 @@ std::optional<std::size_t> element_number(std::string_view parent, std::string_v
 document_text::document_text(std::string text) : text_(std::move(text)) {
   if (text_.size() > config_document::max_size) return;
   part_reader reader(text_, 0, {}, {});
-  while (reader.next()) parts_.push_back(reader.part());
+  while (reader.next()) parts_.push_back(reader.take_part());
 }
 
 scanned_part document_text::scan(std::size_t index) const {

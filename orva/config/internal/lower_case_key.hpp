@@ -58,11 +58,19 @@ class lower_case_key {
   std::string_view text_;
 };
 
+/// Appends all segments of a key, in lower case and separated by dots.
+inline void append_segments(std::string_view key, std::string& path) {
+  const std::size_t length = path.size();
+  path.append(key);
+  char* const begin = path.data() + length;
+  copy_lower_case(key, begin);
+  std::replace_if(begin, begin + key.size(), is_separator, '.');
+}
+
 /// All segments of a key, in lower case and separated by dots.
 inline std::string joined_segments(std::string_view key) {
-  std::string joined(key.size(), '\0');
-  copy_lower_case(key, joined.data());
-  std::replace_if(joined.begin(), joined.end(), is_separator, '.');
+  std::string joined;
+  append_segments(key, joined);
   return joined;
 }
 
