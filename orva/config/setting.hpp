@@ -57,6 +57,7 @@ class ORVA_API setting {
   setting& help(std::string_view line);
   setting& group(std::string_view name);
   /// What the help shows for the value: `--threads COUNT`. Otherwise the help takes a word for the type.
+  /// `...` follows that of a positional list, unless the name has it: "FILE... KEY".
   setting& value_name(std::string_view name);
 
   /// Some source must have it.

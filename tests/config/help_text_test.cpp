@@ -148,6 +148,14 @@ TEST(a_row_of_help, shows_what_a_setting_takes_and_where_it_is_set) {
   EXPECT_EQ(row_of(setting("K", text()).value_name("NAME").required()), "    --K NAME  [required] [key: k]");
 }
 
+TEST(a_row_of_help, of_a_positional_list_shows_once_what_is_repeated) {
+  declaration tool("tool");
+  tool.add_positional(setting("names", list_of(text())).required().value_name("FILE... KEY"));
+  const ustring8 help = help_text(tool);
+  EXPECT_TRUE(help.starts_with("Usage: tool [OPTION]... FILE... KEY\n")) << help;
+  EXPECT_NE(help.find("\n  FILE... KEY  [required]\n"), help.npos) << help;
+}
+
 TEST(a_row_of_help, shows_how_a_flag_is_switched_off) {
   EXPECT_EQ(row_of(setting("k", flag()).by_default(true)), "    --[no-]k  [default: true]");
   EXPECT_EQ(row_of(setting("k", flag()).by_default(false)), "    --[no-]k");

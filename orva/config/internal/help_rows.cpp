@@ -10,6 +10,12 @@ namespace ORVA_NAMESPACE::config::_private {
 
 namespace {
 
+/// A name such as "FILE... KEY" says itself what is repeated.
+std::string repeated(std::string value, const setting_type& type) {
+  if (type.is_list() && value.find("...") == value.npos) value += "...";
+  return value;
+}
+
 /// The limits that `integer` and `number` give are those of a type of the language, and no news to a user.
 bool is_language_limit(std::int64_t limit) {
   using narrow = std::numeric_limits<std::int32_t>;
@@ -99,18 +105,9 @@ std::string shown_name(const declared_setting& declared) {
 }
 
 help_rows::help_rows(const declared_names& names, const help_words& words, shown_keys keys)
-    : names_(names),
-      words_(words),
-      keys_(keys),
-      of_scope_(names.scopes().size()),
-      command_of_(names.scopes().size()) {
+    : names_(names), words_(words), keys_(keys), of_scope_(names.scopes().size()) {
   for (std::size_t number = 0; number < names.settings().size(); ++number) {
     of_scope_[names.settings()[number].scope].push_back(number);
-  }
-  for (const command_scope& around : names.scopes()) {
-    for (const declared_command& command : around.declared->commands()) {
-      command_of_[around.commands.find(command.name)->second] = &command;
-    }
   }
 }
 
@@ -126,13 +123,11 @@ std::vector<help_row> help_rows::commands(std::size_t scope) const {
   std::vector<help_row> rows;
   const command_scope& around = names_.scopes()[scope];
   for (const declared_command& command : around.declared->commands()) {
-    rows.push_back({command.name, "", command_help(around.commands.find(command.name)->second)});
+    const std::size_t inner = around.commands.find(command.name)->second;
+    rows.push_back(
+        {command.name, "", words_.line(text_name("command", names_.scopes()[inner]), command.help)});
   }
   return rows;
-}
-
-std::string help_rows::command_help(std::size_t scope) const {
-  return words_.line(text_name("command", names_.scopes()[scope]), command_of_[scope]->help);
 }
 
 std::vector<help_section> help_rows::options(std::size_t scope) const {
@@ -200,7 +195,7 @@ help_row help_rows::row_of(std::size_t number) const {
   const declared_setting& declared = names_.settings()[number];
   const setting& described = *declared.described;
   const std::string value = value_of(number);
-  if (declared.is_positional) return {"", value + (described.type().is_list() ? "..." : ""), text_of(number)};
+  if (declared.is_positional) return {"", repeated(value, described.type()), text_of(number)};
   if (has_option(described)) return {names_of(described), is_flag(described) ? "" : value, text_of(number)};
   const bool is_list = described.type().is_list();
   return {declared.key + (is_list ? "[] =" : " ="), value + (is_list ? ", ..." : ""), text_of(number)};
@@ -284,7 +279,12 @@ std::vector<shown_example> help_rows::examples(std::size_t scope) const {
 
 std::string help_rows::names_up_to(std::size_t scope) const {
   std::vector<std::string_view> names;
-  for (; scope != 0; scope = names_.scopes()[scope].parent) names.push_back(command_of_[scope]->name);
+  for (; scope != 0; scope = names_.scopes()[scope].parent) {
+    const command_scope& around = names_.scopes()[names_.scopes()[scope].parent];
+    const auto command = std::find_if(around.commands.begin(), around.commands.end(),
+                                      [scope](const auto& each) { return each.second == scope; });
+    names.push_back(command->first);
+  }
   std::string text = one_line(names_.scopes()[0].declared->name());
   for (auto name = names.rbegin(); name != names.rend(); ++name) {
     if (!text.empty()) text += ' ';
@@ -305,8 +305,11 @@ std::string help_rows::usage(std::size_t scope) const {
   for (const std::size_t number : used.positionals) {
     const setting& described = *names_.settings()[number].described;
     const std::string value = value_of(number);
-    usage += described.is_required() ? ' ' + value : " [" + value + ']';
-    if (described.type().is_list()) usage += "...";
+    if (described.is_required()) {
+      usage += ' ' + repeated(value, described.type());
+    } else {
+      usage += " [" + value + ']' + (described.type().is_list() ? "..." : "");
+    }
   }
   return usage;
 }
