@@ -19,6 +19,7 @@
 #include "orva/config/format_document.hpp"
 #include "orva/config/help_text.hpp"
 #include "orva/config/module_config_dispatch.hpp"
+#include "orva/config/sample_file.hpp"
 #include "orva/config/setting.hpp"
 #include "orva/config/setting_type.hpp"
 #include "orva/config/settings.hpp"

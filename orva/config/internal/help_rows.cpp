@@ -220,10 +220,20 @@ std::string help_rows::value_of(std::size_t number) const {
   return words_.word(type_word(described.type().kind()));
 }
 
-std::string help_rows::text_of(std::size_t number) const {
+std::string help_rows::text_of(std::size_t number) const { return with_facts(number, facts_of(number)); }
+
+std::string help_rows::file_comment(std::size_t number, bool with_default) const {
+  const setting& described = *names_.settings()[number].described;
+  std::vector<std::string> facts = value_facts(described);
+  if (with_default) add_default(facts, described);
+  add_variable(facts, described);
+  return with_facts(number, facts);
+}
+
+std::string help_rows::with_facts(std::size_t number, const std::vector<std::string>& facts) const {
   const declared_setting& declared = names_.settings()[number];
   std::string text = words_.line("setting." + declared.key, declared.described->help());
-  for (const std::string& fact : facts_of(number)) {
+  for (const std::string& fact : facts) {
     if (!text.empty()) text += ' ';
     text += '[' + fact + ']';
   }
@@ -233,28 +243,42 @@ std::string help_rows::text_of(std::size_t number) const {
 std::vector<std::string> help_rows::facts_of(std::size_t number) const {
   const declared_setting& declared = names_.settings()[number];
   const setting& described = *declared.described;
-  const setting_type& type = described.type();
-  std::vector<std::string> facts;
-  const auto add = [&](std::string_view word, std::initializer_list<help_words::argument> arguments = {}) {
-    facts.push_back(words_.word(word, arguments));
-  };
-  if (described.is_required()) add("help.required");
-  if (type.kind() == value_kind::choice) add("help.one_of", {{"words", joined(type.choices())}});
-  if (std::string range = range_of(type); !range.empty()) facts.push_back(std::move(range));
-  const std::string default_text = one_line(described.default_text());
-  const bool is_plain_flag = is_flag(described) && default_text == "false";
-  if (!default_text.empty() && !is_plain_flag) add("help.default", {{"value", default_text}});
-  if (!described.environment().empty())
-    add("help.environment", {{"name", one_line(described.environment())}});
-  const bool shows_key = keys_ == shown_keys::all || declared.key != described.long_option();
-  if (!declared.is_positional && has_option(described) && shows_key) {
-    add("help.key", {{"key", declared.key}});
+  std::vector<std::string> facts = value_facts(described);
+  add_default(facts, described);
+  add_variable(facts, described);
+  if (!declared.is_positional && has_option(described)) {
+    const bool shows_key = keys_ == shown_keys::all || declared.key != described.long_option();
+    if (shows_key) facts.push_back(words_.word("help.key", {{"key", declared.key}}));
+    if (described.type().is_list()) facts.push_back(words_.word("help.repeated"));
   }
-  if (type.is_list() && has_option(described) && !declared.is_positional) add("help.repeated");
   if (declared.successor != not_found) {
-    add("help.deprecated", {{"name", shown_name(names_.settings()[declared.successor])}});
+    const std::string successor = shown_name(names_.settings()[declared.successor]);
+    facts.push_back(words_.word("help.deprecated", {{"name", successor}}));
   }
   return facts;
+}
+
+/// What values it may have.
+std::vector<std::string> help_rows::value_facts(const setting& described) const {
+  std::vector<std::string> facts;
+  const setting_type& type = described.type();
+  if (described.is_required()) facts.push_back(words_.word("help.required"));
+  if (type.kind() == value_kind::choice) {
+    facts.push_back(words_.word("help.one_of", {{"words", joined(type.choices())}}));
+  }
+  if (std::string range = range_of(type); !range.empty()) facts.push_back(std::move(range));
+  return facts;
+}
+
+void help_rows::add_default(std::vector<std::string>& facts, const setting& described) const {
+  const std::string text = one_line(described.default_text());
+  if (text.empty() || (is_flag(described) && text == "false")) return;
+  facts.push_back(words_.word("help.default", {{"value", text}}));
+}
+
+void help_rows::add_variable(std::vector<std::string>& facts, const setting& described) const {
+  if (described.environment().empty()) return;
+  facts.push_back(words_.word("help.environment", {{"name", one_line(described.environment())}}));
 }
 
 std::string help_rows::range_of(const setting_type& type) const {

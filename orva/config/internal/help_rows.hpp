@@ -51,6 +51,8 @@ class help_rows {
   std::vector<help_section> options(std::size_t scope) const;
   /// Those of the declarations around a command.
   std::vector<help_row> general_options(std::size_t scope) const;
+  /// What a file says about a setting, in one line.
+  std::string file_comment(std::size_t number, bool with_default) const;
   /// The variables of the environment.
   std::vector<help_row> variables() const;
 
@@ -69,7 +71,11 @@ class help_rows {
   std::string names_of(const setting& described) const;
   std::string value_of(std::size_t number) const;
   std::string text_of(std::size_t number) const;
+  std::string with_facts(std::size_t number, const std::vector<std::string>& facts) const;
   std::vector<std::string> facts_of(std::size_t number) const;
+  std::vector<std::string> value_facts(const setting& described) const;
+  void add_default(std::vector<std::string>& facts, const setting& described) const;
+  void add_variable(std::vector<std::string>& facts, const setting& described) const;
   std::string range_of(const setting_type& type) const;
   void append_requests(std::vector<help_row>& rows, std::size_t scope) const;
 
