@@ -7,7 +7,9 @@
 /// too:
 ///
 ///     class clock_item : public base_config_item, public origin_provider {
-///       value_origin origin_of(std::string_view key) const override { return {origin_kind::other, {}, "clock"}; }
+///       value_origin origin_of(std::string_view) const override {
+///         return {origin_kind::other, {}, "the clock", 0, {}};
+///       }
 #pragma once
 
 #include <cstddef>

@@ -1,5 +1,7 @@
 #include "orva/system/replace_file.hpp"
 
+#include <cstddef>
+
 #include "orva/platform/file_replacement.hpp"
 #include "orva/platform/native_path.hpp"
 
@@ -38,34 +40,22 @@ error error_of(platform::replacement_step failed) {
   return error::none;
 }
 
-std::string_view sentence(error code) {
-  switch (code) {
-    case error::none:
-      break;
-    case error::bad_path:
-      return "The path is empty or has a zero character";
-    case error::bad_link:
-      return "The symbolic link could not be followed";
-    case error::not_a_file:
-      return "The path does not name a file";
-    case error::read_only:
-      return "The file may not be changed";
-    case error::no_directory:
-      return "The directory of the file could not be opened";
-    case error::not_created:
-      return "A new file could not be created in the directory";
-    case error::not_written:
-      return "The new contents could not be written";
-    case error::owner_changes:
-      return "The owner and the access rights of the file could not be kept";
-    case error::not_synced:
-      return "The new contents could not be synced to the disk";
-    case error::not_renamed:
-      return "The old file could not be replaced";
-    case error::not_durable:
-      return "The file was replaced, but its directory could not be synced to the disk";
-  }
-  return {};
+std::string_view code_of(error code) {
+  constexpr std::string_view codes[] = {
+      "",
+      "file.bad_path",
+      "file.bad_link",
+      "file.not_a_file",
+      "file.read_only",
+      "file.no_directory",
+      "file.not_created",
+      "file.not_written",
+      "file.owner_changes",
+      "file.not_synced",
+      "file.not_renamed",
+      "file.not_durable",
+  };
+  return codes[static_cast<std::size_t>(code)];
 }
 
 }  // namespace
@@ -78,10 +68,17 @@ replace_file_result replace_file(const path_argument& path, std::string_view con
   return {error_of(outcome.failed), {outcome.system_error, std::system_category()}};
 }
 
+diagnostics::finding describe(const replace_file_result& result, std::string_view file) {
+  const strings::ustring8 name(file);
+  if (result.code == error::none) return {diagnostics::severity::note, {}, name, {}, {}};
+  const bool is_replaced = result.code == error::not_durable;
+  const auto level = is_replaced ? diagnostics::severity::warning : diagnostics::severity::error;
+  const strings::ustring8 reason(result.reason.message());
+  return {level, strings::ustring8(code_of(result.code)), name, {}, generic::argument("reason", reason)};
+}
+
 std::string describe(const replace_file_result& result) {
-  std::string text(sentence(result.code));
-  if (result.reason) text += ": " + result.reason.message();
-  return text;
+  return result.code == error::none ? std::string() : sentence(describe(result, {}));
 }
 
 }  // namespace ORVA_NAMESPACE::system

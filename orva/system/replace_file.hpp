@@ -32,6 +32,7 @@
 #include <string_view>
 #include <system_error>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/system/path_argument.hpp"
 
@@ -64,5 +65,9 @@ struct replace_file_result {
 
 /// A result in words: what could not be done, then the system's reason. Empty for `none`.
 [[nodiscard]] ORVA_API std::string describe(const replace_file_result& result);
+/// The same as a finding, whose code is "file." and the name of the error. `file` is the name that the user
+/// knows. Without an error it is a note without a code.
+[[nodiscard]] ORVA_API diagnostics::finding describe(const replace_file_result& result,
+                                                     std::string_view file);
 
 }  // namespace ORVA_NAMESPACE::system

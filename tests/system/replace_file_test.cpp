@@ -122,7 +122,7 @@ TEST(replace_file, empty_path_and_path_with_a_zero_unit_are_bad) {
   EXPECT_EQ(sys::replace_file("", "contents").code, error::bad_path);
   const auto result = sys::replace_file(path + '\0' + "more", "contents");
   EXPECT_EQ(result.code, error::bad_path);
-  EXPECT_EQ(describe(result), "The path is empty or has a zero character");
+  EXPECT_EQ(describe(result), "The path is empty or has a zero character.");
   EXPECT_EQ(directory.read("file"), "old");
   EXPECT_EQ(entries_of(directory), 1u);
 }
@@ -216,11 +216,21 @@ TEST(replace_file, other_names_of_the_file_keep_the_old_contents) {
   EXPECT_EQ(directory.read("other"), "old");
 }
 
+TEST(replace_file, failure_is_a_finding_with_the_reason_of_the_system) {
+  const temporary_directory directory;
+  const auto found = describe(sys::replace_file(directory.file("missing/file"), "contents"), "file");
+  EXPECT_EQ(found.code, "file.no_directory");
+  EXPECT_EQ(found.file, "file");
+  EXPECT_TRUE(sentence(found).starts_with("The directory of the file could not be opened: "));
+  EXPECT_EQ(sys::describe(sys::replace_file_result{}, "file").code, "");
+}
+
 TEST(replace_file, every_error_has_a_sentence_of_its_own) {
   std::string last;
   for (int code = 1; code <= static_cast<int>(error::not_durable); ++code) {
     const auto text = sys::describe({static_cast<error>(code), {}});
     EXPECT_FALSE(text.empty()) << code;
+    EXPECT_FALSE(text.starts_with("file.")) << text;
     EXPECT_NE(text, last);
     last = text;
   }
