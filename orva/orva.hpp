@@ -5,6 +5,7 @@
 #include "orva/config/base_config_item.hpp"
 #include "orva/config/check_file.hpp"
 #include "orva/config/commandline_item.hpp"
+#include "orva/config/completion_script.hpp"
 #include "orva/config/config_dispatch.hpp"
 #include "orva/config/config_document.hpp"
 #include "orva/config/config_manager.hpp"
@@ -15,9 +16,12 @@
 #include "orva/config/duration_text.hpp"
 #include "orva/config/enviroment_item.hpp"
 #include "orva/config/explain.hpp"
+#include "orva/config/file_findings.hpp"
 #include "orva/config/file_item.hpp"
 #include "orva/config/format_document.hpp"
 #include "orva/config/help_text.hpp"
+#include "orva/config/linked_file_item.hpp"
+#include "orva/config/man_page.hpp"
 #include "orva/config/module_config_dispatch.hpp"
 #include "orva/config/sample_file.hpp"
 #include "orva/config/setting.hpp"
@@ -29,6 +33,7 @@
 #include "orva/config/text_lookup.hpp"
 #include "orva/config/user_item.hpp"
 #include "orva/config/value_origin.hpp"
+#include "orva/config/watch.hpp"
 // debug
 #include "orva/debug/assert.hpp"
 // diagnostics

@@ -28,6 +28,11 @@
 #include "orva/strings/ustring.hpp"
 #include "orva/types/variant.hpp"
 
+namespace ORVA_NAMESPACE::diagnostics {
+class report;
+enum class severity;
+}  // namespace ORVA_NAMESPACE::diagnostics
+
 namespace ORVA_NAMESPACE::config {
 
 class ORVA_API config_manager {
@@ -83,7 +88,11 @@ class ORVA_API config_manager {
   void dump(std::ostream& stream) const;
 
  private:
-  friend class explainer;  // asks the items as `get_value` does
+  // These look at the items.
+  friend class explainer;
+  friend class watch;
+  friend ORVA_API void check_files(const config_manager& manager, diagnostics::report& findings,
+                                   diagnostics::severity level);
 
   struct found_node {
     const base_config_item* item = nullptr;

@@ -14,6 +14,7 @@
 #include "orva/config/internal/lower_case_key.hpp"
 #include "orva/config/internal/read_file.hpp"
 #include "orva/config/internal/value_places.hpp"
+#include "orva/config/linked_file_item.hpp"
 #include "orva/config/user_item.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -48,7 +49,10 @@ located_values values_of(const commandline_item& item) {
 located_values values_of(const file_item& item) {
   located_values values;
   strings::ustring8 text;
-  if (item.get_filename().empty() || !_private::read_file(item.get_filename(), text)) return values;
+  if (item.get_filename().empty()) return values;
+  const bool follows_links = dynamic_cast<const linked_file_item*>(&item) != nullptr;
+  const auto read = follows_links ? _private::read_linked_file : _private::read_file;
+  if (!read(item.get_filename(), text)) return values;
   const _private::value_places places(text);
   for (const _private::value_place& found : places.all())
     values[canonical_key(found.name)] = {found.text, found.is_array, {}, 0, found.value};

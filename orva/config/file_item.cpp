@@ -6,6 +6,7 @@
 #include "orva/config/internal/config_file_reader.hpp"
 #include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/config_file_writer.hpp"
+#include "orva/config/internal/named_files.hpp"
 #include "orva/config/internal/read_file.hpp"
 #include "orva/platform/file.hpp"
 #include "orva/platform/native_path.hpp"
@@ -19,15 +20,10 @@ bool can_be_opened(const strings::ustring8& name) {
   return platform::input_file(platform::to_native(system::path_argument(name).view())).is_open();
 }
 
-/// The name of the first file that can be opened among those that the items name by `key`, each with
-/// `ending`. Empty if there is none.
-strings::ustring8 find_file(const item_list& items, std::string_view key, std::string_view ending) {
-  for (const auto& item : items) {
-    const auto* const node = item->get_value(key);
-    if (node == nullptr) continue;
-    strings::ustring8 name = node->second.as_string() + ending;
-    if (can_be_opened(name)) return name;
-  }
+/// The first of the names whose file can be opened. Empty if there is none.
+strings::ustring8 first_file(const std::vector<strings::ustring8>& names, bool follows_links) {
+  for (const strings::ustring8& name : names)
+    if (can_be_opened(follows_links ? _private::linked_file(name) : name)) return name;
   return {};
 }
 
@@ -49,8 +45,10 @@ bool file_item::load() {
 }
 
 bool file_item::load(const item_list& items) {
-  strings::ustring8 found = find_file(items, "cfg_file", "");
-  if (found.empty() && filename_.empty()) found = find_file(items, "application.name.raw", ".cfg");
+  using namespace _private;
+  strings::ustring8 found = first_file(names_by(items, named_file_key, ""), follows_links_);
+  if (found.empty() && filename_.empty())
+    found = first_file(names_by(items, program_file_key, program_file_ending), follows_links_);
   if (!found.empty()) filename_ = std::move(found);
   load_file();
   return true;
@@ -69,7 +67,9 @@ file_item* file_item::clone() const { return generic::abilities::create_dynamic<
 
 void file_item::load_file() {
   strings::ustring8 text;
-  if (filename_.empty() || !_private::read_file(filename_, text)) return;
+  if (filename_.empty()) return;
+  const auto read = follows_links_ ? _private::read_linked_file : _private::read_file;
+  if (!read(filename_, text)) return;
   _private::config_file_reader(text, tree_).read();
 }
 

@@ -47,7 +47,8 @@ class ORVA_API file_item : public base_config_item {
 
   strings::ustring8 get_filename() const { return filename_; }
 
-  /// Adds the keys of the file, none if it does not exist or cannot be read. True.
+  /// Adds the keys of the file, none if it does not exist or cannot be read. True. `check_files` says which
+  /// files are not read, and `linked_file_item` reads through symbolic links.
   bool load() override;
   /// Looks for the file, stores its name and adds its keys. The file is the first of these:
   ///
@@ -77,7 +78,10 @@ class ORVA_API file_item : public base_config_item {
   void parse_comment(std::string_view text, unsigned int& position) const;
 
  private:
+  friend class linked_file_item;
+
   strings::ustring8 filename_;
+  bool follows_links_ = false;
 };
 
 }  // namespace ORVA_NAMESPACE::config

@@ -44,6 +44,9 @@ class input_file {
   std::int64_t size_ = 0;
 };
 
+/// Why `input_file` does not open a file, by the number of the system. 0: it does.
+int open_error(const native_string& path);
+
 /// Makes `contents` the whole file. False if the file cannot be opened; a write that fails later is not
 /// reported, and leaves what was written before it.
 bool write_file(const native_string& path, std::string_view contents);

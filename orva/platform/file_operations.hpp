@@ -4,6 +4,8 @@
 /// at that unit, it would name something else.
 #pragma once
 
+#include <cstdint>
+
 #include "orva/platform/native_path.hpp"
 
 namespace ORVA_NAMESPACE::platform {
@@ -19,6 +21,22 @@ struct file_status {
 };
 
 file_status status(const native_string& path);
+
+/// What tells one state of a file from another, symbolic links followed. Times are counted in the units of
+/// the system; a file system may record them in steps of up to two seconds.
+struct file_stamp {
+  bool exists = false;
+  std::uint64_t device = 0;
+  std::uint64_t file = 0;
+  std::uint64_t size = 0;
+  std::int64_t modified = 0;
+  /// The last change of the file or of what is recorded of it. 0 where the system has no such time.
+  std::int64_t changed = 0;
+
+  bool operator==(const file_stamp&) const = default;
+};
+
+file_stamp stamp_of(const native_string& path);
 
 /// True if this call made the directory: not if it was there, not if its parent is missing.
 bool make_directory(const native_string& path);

@@ -67,7 +67,9 @@ int let_writes_wait(int file) {
 
 void sleep_for_a_millisecond() { ++script().sleeps; }
 
-int stat(const char* path, struct stat* status) { return ::stat(path, status); }
+int stat(const char* path, struct stat* status) {
+  return script().stat ? script().stat(path, status) : ::stat(path, status);
+}
 
 int fstatat(int directory, const char* name, struct stat* status, int flags) {
   if (is_refused("fstatat")) return -1;

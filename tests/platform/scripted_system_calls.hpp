@@ -13,6 +13,7 @@ struct call_script {
   std::function<int(const char*)> refusal;
   std::function<int(const char*, int, mode_t)> open;
   std::function<int(int, struct stat*)> fstat;
+  std::function<int(const char*, struct stat*)> stat;
   std::function<int(int)> let_writes_wait;
   std::function<ssize_t(int, void*, std::size_t, off_t)> pread;
   std::function<ssize_t(int, const void*, std::size_t)> write;

@@ -105,9 +105,18 @@ std::string shown_name(const declared_setting& declared) {
 }
 
 help_rows::help_rows(const declared_names& names, const help_words& words, shown_keys keys)
-    : names_(names), words_(words), keys_(keys), of_scope_(names.scopes().size()) {
+    : names_(names),
+      words_(words),
+      keys_(keys),
+      of_scope_(names.scopes().size()),
+      command_of_(names.scopes().size()) {
   for (std::size_t number = 0; number < names.settings().size(); ++number) {
     of_scope_[names.settings()[number].scope].push_back(number);
+  }
+  for (const command_scope& around : names.scopes()) {
+    for (const declared_command& command : around.declared->commands()) {
+      command_of_[around.commands.find(command.name)->second] = &command;
+    }
   }
 }
 
@@ -123,11 +132,13 @@ std::vector<help_row> help_rows::commands(std::size_t scope) const {
   std::vector<help_row> rows;
   const command_scope& around = names_.scopes()[scope];
   for (const declared_command& command : around.declared->commands()) {
-    const std::size_t inner = around.commands.find(command.name)->second;
-    rows.push_back(
-        {command.name, "", words_.line(text_name("command", names_.scopes()[inner]), command.help)});
+    rows.push_back({command.name, "", command_help(around.commands.find(command.name)->second)});
   }
   return rows;
+}
+
+std::string help_rows::command_help(std::size_t scope) const {
+  return words_.line(text_name("command", names_.scopes()[scope]), command_of_[scope]->help);
 }
 
 std::vector<help_section> help_rows::options(std::size_t scope) const {
@@ -303,12 +314,7 @@ std::vector<shown_example> help_rows::examples(std::size_t scope) const {
 
 std::string help_rows::names_up_to(std::size_t scope) const {
   std::vector<std::string_view> names;
-  for (; scope != 0; scope = names_.scopes()[scope].parent) {
-    const command_scope& around = names_.scopes()[names_.scopes()[scope].parent];
-    const auto command = std::find_if(around.commands.begin(), around.commands.end(),
-                                      [scope](const auto& each) { return each.second == scope; });
-    names.push_back(command->first);
-  }
+  for (; scope != 0; scope = names_.scopes()[scope].parent) names.push_back(command_of_[scope]->name);
   std::string text = one_line(names_.scopes()[0].declared->name());
   for (auto name = names.rbegin(); name != names.rend(); ++name) {
     if (!text.empty()) text += ' ';

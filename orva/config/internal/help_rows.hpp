@@ -47,6 +47,7 @@ class help_rows {
 
   std::vector<help_row> arguments(std::size_t scope) const;
   std::vector<help_row> commands(std::size_t scope) const;
+  std::string command_help(std::size_t scope) const;
   /// Those without a group first, with `--help` and `--version`, then each group.
   std::vector<help_section> options(std::size_t scope) const;
   /// Those of the declarations around a command.
@@ -83,6 +84,8 @@ class help_rows {
   const help_words& words_;
   shown_keys keys_;
   std::vector<std::vector<std::size_t>> of_scope_;
+  /// None for scope 0.
+  std::vector<const declared_command*> command_of_;
 };
 
 /// The name under which texts of a scope are looked up: `kind`, and for a command its names after a dot.

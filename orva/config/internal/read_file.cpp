@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "orva/exceptions/exception.hpp"
+#include "orva/platform/symbolic_link.hpp"
 #include "orva/system/file_utility.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -15,6 +16,20 @@ bool read_file(const strings::ustring8& name, strings::ustring8& contents) {
   } catch (const std::runtime_error&) {
     return false;  // its status cannot be asked for, as in a directory that may not be searched
   }
+}
+
+strings::ustring8 linked_file(const strings::ustring8& name) {
+  const auto native = platform::to_native(system::path_argument(name).view());
+  if (native.find(platform::native_char{}) != native.npos) return name;
+  const auto followed = platform::follow_links(native);
+  if (followed.path == native || followed.system_error != 0) return name;
+  strings::ustring8 path;
+  platform::append_native(path, followed.path);
+  return path;
+}
+
+bool read_linked_file(const strings::ustring8& name, strings::ustring8& contents) {
+  return read_file(linked_file(name), contents);
 }
 
 }  // namespace ORVA_NAMESPACE::config::_private

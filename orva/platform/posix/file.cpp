@@ -78,6 +78,13 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
   return done;
 }
 
+int open_error(const native_string& path) {
+  const descriptor file = open_file(path, O_RDONLY);
+  if (file.get() < 0) return errno;
+  errno = EISDIR;
+  return size_of(file.get()) >= 0 ? 0 : errno;
+}
+
 bool write_file(const native_string& path, std::string_view contents) {
   const descriptor file = open_file(path, O_WRONLY | O_CREAT | O_TRUNC);
   if (file.get() < 0 || !prepare_for_writing(file.get())) return false;

@@ -17,6 +17,20 @@ file_status status(const native_string& path) {
   return posix::status_of_mode(found.st_mode);
 }
 
+file_stamp stamp_of(const native_string& path) {
+  struct stat found = {};
+  if (calls::stat(c_path(path), &found) != 0) return {};
+  const auto nanoseconds = [](const timespec& time) {
+    return static_cast<std::int64_t>(time.tv_sec) * 1'000'000'000 + time.tv_nsec;
+  };
+  return {true,
+          static_cast<std::uint64_t>(found.st_dev),
+          static_cast<std::uint64_t>(found.st_ino),
+          static_cast<std::uint64_t>(found.st_size),
+          nanoseconds(found.st_mtim),
+          nanoseconds(found.st_ctim)};
+}
+
 bool make_directory(const native_string& path) { return calls::mkdir(c_path(path), 0777) == 0; }
 
 void runtime_mkdir(const native_string& path) { make_directory(path); }

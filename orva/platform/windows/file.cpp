@@ -48,6 +48,12 @@ std::size_t input_file::read(std::int64_t offset, char* to, std::size_t count) {
   return done;
 }
 
+int open_error(const native_string& path) {
+  const open_file file(path, GENERIC_READ, OPEN_EXISTING);
+  if (!file.is_open()) return static_cast<int>(::GetLastError());
+  return file.is_plain() ? 0 : ERROR_BAD_FILE_TYPE;
+}
+
 bool write_file(const native_string& path, std::string_view contents) {
   // Emptied only when it is known to be a plain file.
   const open_file file(path, GENERIC_WRITE, OPEN_ALWAYS);
