@@ -145,7 +145,7 @@ TEST(finding, arguments_of_every_type_are_shown_exactly) {
       {1e300, "1e+300"},
       {"text", "text"},
       {u"w\u00E4", "w\xC3\xA4"},
-      {orva::strings::ustring32(U"w\u00E4"), "w\xC3\xA4"},
+      {orva::strings::utf8_to_utf32("w\xC3\xA4"), "w\xC3\xA4"},
       {false, "false"},
       {std::numeric_limits<double>::infinity(), "inf"},
       {orva::types::variant(), ""},
