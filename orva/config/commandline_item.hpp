@@ -28,6 +28,8 @@
 ///
 /// The item does not copy the arguments: they must outlive it and its copies.
 ///
+/// Speaking sibling: `settings`, which knows the options of the program.
+///
 /// Edge cases: docs/edges.md#configuration
 #pragma once
 

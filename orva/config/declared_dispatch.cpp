@@ -5,26 +5,19 @@
 
 #include "orva/config/file_item.hpp"
 #include "orva/config/internal/checked_settings.hpp"
+#include "orva/config/internal/declared_item.hpp"
 #include "orva/config/internal/settings_loader.hpp"
-#include "orva/config/user_item.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
 using _private::checked_settings;
+using _private::declared_item;
 using _private::declared_program;
 using _private::settings_loader;
 
 namespace {
 
 constexpr std::string_view file_key = "cfg_file";
-
-/// An item that the dispatch fills.
-class filled_item : public base_config_item {
- public:
-  explicit filled_item(std::string_view id) { id_.assign(id); }
-  void unload() override { tree_.erase(); }
-  filled_item* clone() const override { return generic::abilities::create_dynamic<filled_item>(*this); }
-};
 
 /// The file that an item names, or empty text.
 strings::ustring8 named_file(const base_config_item& item) {
@@ -34,19 +27,19 @@ strings::ustring8 named_file(const base_config_item& item) {
 
 /// The items in the order of `setup`.
 struct declared_items {
-  base_config_item* command_line = nullptr;
+  declared_item* command_line = nullptr;
   file_item* named = nullptr;
   std::vector<file_item*> files;
-  base_config_item* environment = nullptr;
-  base_config_item* defaults = nullptr;
+  declared_item* environment = nullptr;
+  declared_item* defaults = nullptr;
 
   declared_items(const item_list& items, bool has_named_file, std::size_t file_count) {
     auto next = items.begin();
-    command_line = (next++)->get();
+    command_line = static_cast<declared_item*>((next++)->get());
     if (has_named_file) named = static_cast<file_item*>((next++)->get());
     for (std::size_t i = 0; i < file_count; ++i) files.push_back(static_cast<file_item*>((next++)->get()));
-    environment = (next++)->get();
-    defaults = next->get();
+    environment = static_cast<declared_item*>((next++)->get());
+    defaults = static_cast<declared_item*>(next->get());
   }
 };
 
@@ -78,11 +71,11 @@ bool declared_dispatch::has_named_file() const {
 }
 
 void declared_dispatch::setup(item_list& items) const {
-  append(items, filled_item("command line"));
+  append(items, declared_item("command line", origin_kind::argument, program_));
   if (has_named_file()) append(items, file_item(""));
   for (const strings::ustring8& file : options_.files) append(items, file_item(file));
-  append(items, filled_item("enviroment"));
-  append(items, user_item());
+  append(items, declared_item("enviroment", origin_kind::variable, program_));
+  append(items, declared_item("user_item", origin_kind::none, program_));
 }
 
 void declared_dispatch::load(item_list& items) const {
@@ -98,6 +91,9 @@ void declared_dispatch::load(item_list& items) const {
   if (sources.named != nullptr) loader.check_file(*sources.named);
   for (file_item* const file : sources.files) loader.check_file(*file);
   loader.check_environment();
+  sources.command_line->keep_origins(std::move(loader.command_line()));
+  sources.environment->keep_origins(std::move(loader.environment()));
+  sources.defaults->keep_origins(std::move(loader.defaults()));
   result_->last = std::make_shared<const checked_settings>(loader.finish());
 }
 

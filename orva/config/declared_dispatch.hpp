@@ -21,6 +21,8 @@
 /// for a deprecated setting is stored for its successor, too, in the same item. `config::settings` has
 /// checked values and findings; a program that uses this class alone sees neither.
 ///
+/// `explain` has the number of each argument, the name of each variable, and the places in the files.
+///
 /// The arguments and the environment are not copied: they must outlive the manager. The declaration is
 /// copied.
 #pragma once

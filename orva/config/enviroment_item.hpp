@@ -11,6 +11,8 @@
 ///
 /// The item does not copy the block: it must outlive the item and its copies.
 ///
+/// Speaking sibling: `settings`, which reads the variables that the program declares.
+///
 /// Edge cases: docs/edges.md#configuration
 #pragma once
 

@@ -14,6 +14,8 @@
 /// They load in the same order. Therefore the command line can name the file, by `-cfg_file=name`, and the
 /// environment cannot. The arguments and the environment are not copied: they must outlive the manager.
 ///
+/// Speaking sibling: `settings`, and for a manager alone `declared_dispatch`.
+///
 /// Edge cases: docs/edges.md#configuration
 #pragma once
 

@@ -3,8 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <sstream>
 
 #include "orva/config/config_manager.hpp"
+#include "orva/config/explain.hpp"
 #include "tests/support/config_item.hpp"
 #include "tests/support/declared_program.hpp"
 #include "tests/support/temporary_directory.hpp"
@@ -73,6 +75,29 @@ TEST(a_declared_dispatch, follows_links_and_lets_the_program_set_values) {
   EXPECT_EQ(config.get_value("workers").as_int(), 8);
   config.get_config_item("command line")->set("threads", 16, 0);
   EXPECT_EQ(config.get_value("workers").as_int(), 16);
+}
+
+TEST(a_declared_dispatch, explains_its_values) {
+  const word_list words({"viewer", "--threads", "8", "--paths=x", "--paths=y"});
+  const word_list environment({"THREADS=4"});
+  config_manager config;
+  config.init(declared_dispatch(viewer(), words.size(), words.data(), environment.data()));
+  config.load();
+  std::ostringstream text;
+  write_text(text, explain(config, "threads"));
+  EXPECT_EQ(text.str(),
+            "key      source                 value  result\n"
+            "threads  argument 2: --threads  8      used\n"
+            "threads  variable THREADS       4      hidden\n"
+            "threads  default                4      hidden\n");
+  const auto paths = explain(config, "paths");
+  ASSERT_GE(paths.steps.size(), 2u);
+  EXPECT_EQ(paths.steps[0].origin.argument, 3u);
+  EXPECT_EQ(explain(config, "Paths/1").steps.at(0).origin.argument, 4u);
+  EXPECT_EQ(explain(config, "paths.2").steps.at(0).origin.kind, origin_kind::none);
+  config.get_config_item("command line")->set("threads", 9, 0);
+  EXPECT_EQ(explain(config, "threads").steps.at(0).origin.kind, origin_kind::program);
+  EXPECT_EQ(explain(config, "cache").steps.at(0).origin.kind, origin_kind::none);
 }
 
 TEST(a_declared_dispatch, loads_again_after_unloading) {

@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "orva/config/internal/lower_case_key.hpp"
-#include "orva/config/internal/value_places.hpp"
 #include "orva/internal/raise.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {

@@ -53,6 +53,9 @@ class given_settings {
   given_setting* find(std::size_t number) {
     return positions_[number] != not_found ? &given_[positions_[number]] : nullptr;
   }
+  const given_setting* find(std::size_t number) const {
+    return positions_[number] != not_found ? &given_[positions_[number]] : nullptr;
+  }
   given_setting& add(given_setting added) {
     positions_[added.number] = given_.size();
     return given_.emplace_back(std::move(added));

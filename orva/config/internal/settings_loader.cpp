@@ -57,7 +57,8 @@ settings_loader::settings_loader(const declared_names& names, settings_options o
       options_(with_platform(std::move(options))),
       findings_(names, result_.findings, options_.style == command_line_style::gnu ? "--" : "-"),
       command_line_(names.settings().size()),
-      environment_(names.settings().size()) {
+      environment_(names.settings().size()),
+      defaults_(names.settings().size()) {
   result_.settings.resize(names.settings().size());
 }
 
@@ -204,7 +205,9 @@ void settings_loader::read_defaults(base_config_item& item) {
     if (!described(number).has_default()) continue;
     std::vector<std::string> texts;
     for (const ustring8& text : described(number).default_texts()) texts.push_back(text);
-    store({number, {}, {}, {}, elements_of(std::move(texts), {}), described(number).type().is_list()}, item);
+    defaults_.add(
+        {number, {}, {}, {}, elements_of(std::move(texts), {}), described(number).type().is_list()});
+    store(*defaults_.find(number), item);
   }
 }
 

@@ -42,6 +42,11 @@ class settings_loader {
   /// Adds the defaults, and findings about what is missing.
   checked_settings finish();
 
+  /// What was read, after the checks.
+  given_settings& command_line() noexcept { return command_line_; }
+  given_settings& environment() noexcept { return environment_; }
+  given_settings& defaults() noexcept { return defaults_; }
+
  private:
   const setting& described(std::size_t number) const { return *names_.settings()[number].described; }
 
@@ -65,6 +70,7 @@ class settings_loader {
   std::vector<command_line_fault> faults_;
   given_settings command_line_;
   given_settings environment_;
+  given_settings defaults_;
 };
 
 }  // namespace ORVA_NAMESPACE::config::_private
