@@ -120,6 +120,7 @@ constexpr code_description codes[] = {
     {"config.unknown_command", "There is no command {command}."},
     {"config.unknown_key", "There is no setting {key}."},
     {"config.unknown_option", "There is no option {option}."},
+    {"config.unknown_section", "There is no section {section}."},
     {"config.value_cut", "The value ends before {mark}, which begins a comment."},
     {"config.zero_byte", "A byte is zero. The file has {count} of them."},
     {"data.bad_label", "The label at offset {offset} is empty, is not trimmed, or is there twice."},

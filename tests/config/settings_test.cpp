@@ -274,6 +274,13 @@ class settings_file {
   std::string path_;
 };
 
+texts without_file(texts lines, const std::string& file) {
+  for (std::string& line : lines) {
+    if (line.starts_with(file)) line.replace(0, file.size(), "FILE");
+  }
+  return lines;
+}
+
 TEST(a_file, gives_values_and_lists) {
   const settings_file file(
       "n = 5\n[window]\nwidth = 0x10\n[times]\nout = 1h 30m\n[lists]\na[] = 1, 2\nb = 1,2\nc = \"x,y\"\n");
@@ -291,29 +298,55 @@ TEST(a_file, gives_values_and_lists) {
   EXPECT_EQ(run.settings.get_list<std::string>("lists.c"), texts{"x,y"});
 }
 
-texts without_file(texts lines, const std::string& file) {
-  for (std::string& line : lines) {
-    if (line.starts_with(file)) line.replace(0, file.size(), "FILE");
-  }
-  return lines;
-}
-
 TEST(a_file, with_unknown_keys_is_warned_about) {
-  const settings_file file("thread = 4\nn = 1\n[x]\ny = 1\n[z]\na[] = 1,2,3\n");
-  const program_run run(with({setting("threads", integer()), setting("n", integer())}), {}, {},
-                        file.options());
-  EXPECT_EQ(run.sentences(), (texts{"There is no setting thread.", "Did you mean threads?",
-                                    "There is no setting x.y.", "There is no setting z.a."}));
-  EXPECT_EQ(run.settings.report().count(ORVA_NAMESPACE::diagnostics::severity::warning), 3u);
+  const settings_file file(
+      "thread = 4\nn = 1\nn.x = 1\n[window]\nwidht = 1\n[widnow]\ny = 1\nz = 1\n  [z]\na[] = 1,2,3\n");
+  const program_run run(
+      with({setting("threads", integer()), setting("n", integer()), setting("window.width", integer())}), {},
+      {}, file.options());
+  const auto codes = without_file(run.codes(), file.path());
+  EXPECT_EQ(codes, (texts{"FILE:1:1 warning config.unknown_key", "FILE:1:1 note config.nearest_name",
+                          "FILE:7:1 warning config.unknown_section", "FILE:7:1 note config.nearest_name",
+                          "FILE:10:1 warning config.unknown_section", "FILE:5:1 warning config.unknown_key",
+                          "FILE:5:1 note config.nearest_name", "FILE:3:1 warning config.unknown_key"}));
+  EXPECT_EQ(run.sentences(),
+            (texts{"There is no setting thread.", "Did you mean threads?", "There is no section widnow.",
+                   "Did you mean window?", "There is no section z.", "There is no setting window.widht.",
+                   "Did you mean window.width?", "There is no setting n.x."}));
   EXPECT_FALSE(run.settings.report().has_errors());
 }
 
+TEST(a_file, with_wrong_values_is_reported_with_their_places) {
+  const settings_file file("n = 4x\n[a]\nl[] = 1,\n      two,\n      3\nm[] = 1, 2\n");
+  const program_run run(
+      with({setting("n", integer()), setting("a.l", list_of(integer())), setting("a.m", integer())}), {}, {},
+      file.options());
+  EXPECT_EQ(without_file(run.codes(), file.path()),
+            (texts{"FILE:1:5 error config.not_an_integer", "FILE:4:7 error config.not_an_integer",
+                   "FILE:6:1 error config.no_list"}));
+}
+
 TEST(a_file, may_have_keys_in_allowed_sections) {
-  const settings_file file("[aliases]\na = 1\n[aliases.more]\nb[] = 1,2\n[aliasesx]\nc = 1\n");
+  const settings_file file(
+      "[aliases]\na = 1\n[aliases.more]\nb[] = 1,2\n[aliasesx]\nc = 1\n[x.free]\na = 1\n[x]\nb = 1\n");
   declaration declared("tool");
-  declared.allow_section("Aliases");
+  declared.allow_section("Aliases").allow_section("x.free");
+  declared.add(setting("aliases.a", integer()));
   const program_run run(declared, {}, {}, file.options());
-  EXPECT_EQ(run.sentences(), texts{"There is no setting aliasesx.c."});
+  EXPECT_EQ(run.sentences(),
+            (texts{"There is no section aliasesx.", "Did you mean aliases?", "There is no setting x.b."}));
+  EXPECT_EQ(run.settings.get<int>("aliases.a"), 1);
+}
+
+TEST(a_file, with_names_that_are_longer_than_its_text_is_read_in_time) {
+  std::string text = "[";
+  for (int i = 0; i < 100000; ++i) text += "a.";
+  text += "b]\n";
+  for (int i = 0; i < 20000; ++i) text += "k" + std::to_string(i) + "=1\n";
+  text += "[]\nn = x\n";
+  const settings_file file(text);
+  const program_run run(with({setting("n", integer())}), {}, {}, file.options());
+  EXPECT_EQ(run.sentences(), (texts{"There is no section a.", "n is no integer: \"x\"."}));
 }
 
 TEST(a_file, with_a_list_for_one_value_is_wrong) {

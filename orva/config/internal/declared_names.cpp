@@ -62,12 +62,20 @@ void declared_names::add_scopes(const declaration& declared) {
 void declared_names::add_allowed_sections(const command_scope& scope) {
   for (const auto& section : scope.declared->allowed_sections()) {
     allowed_sections_.push_back(scope.prefix + lower_case(section) + '.');
+    add_sections_of(scope.prefix + lower_case(section));
+  }
+}
+
+void declared_names::add_sections_of(std::string_view key) {
+  for (auto dot = key.find('.'); dot != key.npos; dot = key.find('.', dot + 1)) {
+    sections_.emplace(key.substr(0, dot));
   }
 }
 
 bool declared_names::is_allowed(std::string_view key) const {
-  return std::any_of(allowed_sections_.begin(), allowed_sections_.end(),
-                     [key](const std::string& section) { return key.starts_with(section); });
+  return std::any_of(allowed_sections_.begin(), allowed_sections_.end(), [key](const std::string& section) {
+    return key.starts_with(section) || key == std::string_view(section).substr(0, section.size() - 1);
+  });
 }
 
 void declared_names::add_settings(std::size_t scope) {
@@ -86,6 +94,7 @@ void declared_names::add_setting(const setting& described, std::size_t scope, bo
 void declared_names::index(std::size_t number) {
   const declared_setting& each = settings_[number];
   if (!keys_.emplace(each.key, number).second) raise_wrong("Two settings with one key", each.key);
+  add_sections_of(each.key);
   const std::string_view variable = each.described->environment();
   if (!variable.empty() && !variables_.emplace(variable, number).second) {
     raise_wrong("Two settings with one variable", variable);

@@ -12,6 +12,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 #include "orva/config/declaration.hpp"
@@ -63,8 +64,10 @@ class declared_names {
   std::size_t find_option(std::size_t scope, std::string_view long_option) const;
   std::size_t find_option(std::size_t scope, char short_option) const;
 
-  /// Whether a key in lower case is in a section that the program allows.
+  /// Whether a key in lower case is a section that the program allows, or is in one.
   bool is_allowed(std::string_view key) const;
+  /// The sections of declared keys and of allowed sections, in lower case: "window" of "window.width".
+  const std::unordered_set<std::string>& sections() const noexcept { return sections_; }
 
   /// Whether `scope` is `inner`, or is around it.
   bool is_around(std::size_t scope, std::size_t inner) const;
@@ -77,6 +80,7 @@ class declared_names {
   }
 
   void add_allowed_sections(const command_scope& scope);
+  void add_sections_of(std::string_view key);
   void add_scopes(const declaration& declared);
   void add_settings(std::size_t scope);
   void add_setting(const setting& described, std::size_t scope, bool is_positional);
@@ -93,6 +97,7 @@ class declared_names {
   std::unordered_map<std::string_view, std::size_t> variables_;
   /// In lower case, each with a dot after it.
   std::vector<std::string> allowed_sections_;
+  std::unordered_set<std::string> sections_;
 };
 
 }  // namespace ORVA_NAMESPACE::config::_private

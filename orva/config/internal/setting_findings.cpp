@@ -115,6 +115,14 @@ void setting_findings::add_unknown_key(const ustring8& file, place at, std::stri
   add_nearest(file, at, search, "");
 }
 
+void setting_findings::add_unknown_section(const ustring8& file, place at, std::string_view section) {
+  add(severity::warning, "config.unknown_section", file, at, {{"section", section}});
+  if (!may_search()) return;
+  nearest_name search(section);
+  for (const std::string& known : names_.sections()) search.consider(known);
+  add_nearest(file, at, search, "");
+}
+
 void setting_findings::add_missing_command(std::size_t scope) {
   std::vector<std::string_view> commands;
   for (const declared_command& each : names_.scopes()[scope].declared->commands())

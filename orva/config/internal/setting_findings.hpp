@@ -33,6 +33,7 @@ class setting_findings {
   void add_unknown_command(const strings::ustring8& file, diagnostics::place at, std::string_view command,
                            std::size_t scope);
   void add_unknown_key(const strings::ustring8& file, diagnostics::place at, std::string_view key);
+  void add_unknown_section(const strings::ustring8& file, diagnostics::place at, std::string_view section);
   void add_missing_command(std::size_t scope);
   /// What a user would write to set it.
   void add_required(std::size_t number);

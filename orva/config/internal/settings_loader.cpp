@@ -156,25 +156,43 @@ void settings_loader::check_environment() { check(environment_); }
 
 // Files.
 
+/// Looks only into sections that are declared, or may have declared keys: names in a file may be so deep that
+/// a list of all would be far longer than the file.
 void settings_loader::check_file(file_item& item) {
-  std::vector<base_config_item::value_entry> entries;
-  item.get_value_pair_array("", entries, true);
   given_settings file(names_.settings().size());
   file_places places(item.get_filename());
-  std::string array;  // the name of the last array, with a dot: the names of its elements begin so
-  for (const auto& [key, node] : entries) {
-    if (!array.empty() && key.starts_with(array)) continue;
-    if ((node.first & array_flags) == array_flags) array = key + '.';
-    if ((node.first & config_tree::NODE_VALUE_SET) == 0 || names_.is_allowed(key)) continue;
-    const std::size_t number = names_.find_lower_case_key(key);
-    if (number != not_found) {
-      add_file_entry(file, places, item, number, node);
-    } else {
-      findings_.add_unknown_key(places.file(), places.key(key), key);
+  std::vector<std::string> sections{""};
+  while (!sections.empty()) {
+    const std::string section = std::move(sections.back());
+    sections.pop_back();
+    std::vector<base_config_item::value_entry> entries;
+    item.get_value_pair_array(section, entries, false);
+    for (const auto& [name, node] : entries) {
+      std::string key = section.empty() ? std::string(name) : section + '.' + name;
+      if (check_entry(file, places, item, key, node)) sections.push_back(std::move(key));
     }
   }
   replace_deprecated(file, item);
   check(file);
+}
+
+bool settings_loader::check_entry(given_settings& file, file_places& places, const file_item& item,
+                                  const std::string& key, const base_config_item::node_type& node) {
+  const bool has_value = (node.first & config_tree::NODE_VALUE_SET) != 0;
+  const bool is_array = (node.first & array_flags) == array_flags;
+  const std::size_t number = names_.find_lower_case_key(key);
+  const bool is_section = names_.sections().contains(key);
+  if (number != not_found) {
+    if (has_value) add_file_entry(file, places, item, number, node);
+    return is_section || (!is_array && !described(number).type().is_list());
+  }
+  if (names_.is_allowed(key)) return is_section;
+  if (has_value) {
+    findings_.add_unknown_key(places.file(), places.key(key), key);
+  } else if (!is_section) {
+    findings_.add_unknown_section(places.file(), places.first_in(key), key);
+  }
+  return is_section && !is_array;
 }
 
 void settings_loader::add_file_entry(given_settings& file, file_places& places, const file_item& item,

@@ -53,6 +53,9 @@ class settings_loader {
   void add_command_line_value(const command_line_value& value);
   void add_command_line_faults();
   void add_variable(std::string_view name, std::string_view text);
+  /// Whether the keys below the key are to be checked, too.
+  bool check_entry(given_settings& file, file_places& places, const file_item& item, const std::string& key,
+                   const base_config_item::node_type& node);
   void add_file_entry(given_settings& file, file_places& places, const file_item& item, std::size_t number,
                       const base_config_item::node_type& node) const;
 
