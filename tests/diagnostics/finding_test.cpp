@@ -7,6 +7,7 @@
 #include <sstream>
 
 #include "orva/diagnostics/report.hpp"
+#include "orva/strings/unicode.hpp"
 
 namespace {
 
