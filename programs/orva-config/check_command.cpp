@@ -1,8 +1,10 @@
 #include <string>
+#include <utility>
 
 #include "commands.hpp"
 #include "files.hpp"
 #include "orva/config/check_file.hpp"
+#include "orva/config/file_findings.hpp"
 
 namespace orva_config {
 
@@ -15,11 +17,8 @@ report check_one(const std::string& name) {
   report found;
   const auto document = read_file(name, found);
   if (!document) return found;
-  if (is_link(name)) {
-    found.add(
-        program_finding(severity::warning, "symbolic_link", name,
-                        "The file is a symbolic link. Programs that do not follow links read nothing."));
-  }
+  // Most programs do not follow a link.
+  if (auto link = orva::config::check_readable(name, severity::warning)) found.add(std::move(*link));
   orva::config::check_text(document->text(), name, found);
   return found;
 }

@@ -9,7 +9,7 @@
 #include "orva/config/config_document.hpp"
 #include "orva/config/config_manager.hpp"
 #include "orva/config/explain.hpp"
-#include "orva/config/file_item.hpp"
+#include "orva/config/linked_file_item.hpp"
 
 namespace orva_config {
 
@@ -25,7 +25,7 @@ class files_dispatch : public config_dispatch {
   explicit files_dispatch(std::vector<std::string> names) : names_(std::move(names)) {}
 
   void setup(item_list& items) const override {
-    for (const std::string& name : names_) append(items, file_item(name));
+    for (const std::string& name : names_) append(items, linked_file_item(name));
   }
   /// No file is searched for: a key "cfg_file" in a file is a key like any other.
   void load(item_list& items) const override {
@@ -39,13 +39,13 @@ class files_dispatch : public config_dispatch {
   std::vector<std::string> names_;
 };
 
-/// Reports the files that cannot be read.
-std::vector<std::string> targets_of(const std::vector<std::string>& names, report& found) {
-  std::vector<std::string> targets;
+/// The names of the files that can be read; a finding for each of the others.
+std::vector<std::string> readable(const std::vector<std::string>& names, report& found) {
+  std::vector<std::string> result;
   for (const std::string& name : names) {
-    if (read_file(name, found)) targets.push_back(target_of(name));
+    if (read_file(name, found)) result.push_back(name);
   }
-  return targets;
+  return result;
 }
 
 bool is_defaulted(const explained_step& step) { return step.result == step_result::defaulted; }
@@ -63,7 +63,7 @@ exit_code explain(const settings& values, console& shown) {
 
   report found;
   config_manager manager;
-  manager.init(files_dispatch(targets_of(names, found)));
+  manager.init(files_dispatch(readable(names, found)));
   manager.load();
   const explanation explained = orva::config::explain(manager, key.name);
   if (is_defaulted(explained.steps.front())) {

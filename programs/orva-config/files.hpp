@@ -19,9 +19,4 @@ std::optional<orva::config::config_document> read_file(const std::string& name,
 [[nodiscard]] bool write_file(const std::string& name, std::string_view text,
                               orva::diagnostics::report& found);
 
-bool is_link(const std::string& name);
-
-/// The file that a symbolic link leads to, or the name itself.
-std::string target_of(const std::string& name);
-
 }  // namespace orva_config

@@ -9,12 +9,12 @@
 #include "files.hpp"
 #include "key_argument.hpp"
 #include "orva/config/config_document.hpp"
-#include "orva/config/file_item.hpp"
+#include "orva/config/linked_file_item.hpp"
 
 namespace orva_config {
 
 using orva::config::config_document;
-using orva::config::file_item;
+using orva::config::linked_file_item;
 using orva::config::settings;
 using orva::diagnostics::report;
 using orva::strings::ustring8;
@@ -37,14 +37,14 @@ std::optional<stored_value> find(const config_document& document, const std::str
   return std::nullopt;
 }
 
-stored_value find(const file_item& item, const std::string& path) {
+stored_value find(const linked_file_item& item, const std::string& path) {
   // A dot at the end of a key does not count, so that a path with an empty name there needs one more.
   const std::string key = path.empty() || path.back() == '.' ? path + '.' : path;
   const auto* const node = item.get_value(key);
   if (node == nullptr) return {false, {ustring8()}};  // the file has changed since
   if ((node->first & orva::config::config_tree::NODE_ARRAY) == 0) return {false, {node->second.as_string()}};
   stored_value array{true, {}};
-  std::vector<file_item::value_entry> elements;
+  std::vector<linked_file_item::value_entry> elements;
   item.get_array(key, elements);
   for (const auto& each : elements) array.texts.push_back(each.second.second.as_string());
   return array;
@@ -111,7 +111,7 @@ exit_code list(const settings& values, console& shown) {
   const auto name = values.get<std::string>("list.file");
   report found;
   if (const auto document = read_file(name, found)) {
-    file_item item{ustring8(target_of(name))};
+    linked_file_item item(name);
     item.load();
     for (const auto& each : last_entries(*document)) {
       const stored_value value = find(item, each.key);
