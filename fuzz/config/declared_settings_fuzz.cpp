@@ -115,6 +115,8 @@ class value_check {
     const std::optional<T> value = values_.find<T>(key);
     if (!value) return;
     require(is_right(*value));
+    // A flag that no source has is false.
+    if (!values_.manager().value_exist(key)) return;
     // The manager's text is that of the command line, of the file, of the variable or of the default.
     const std::string text = values_.manager().get_value(key).as_string();
     if (text.find('\0') != text.npos) return;
