@@ -42,16 +42,12 @@ class orva_config : public testing::Test {
                                          "PYTHONUTF8=1", "COLUMNS=80"};
     environment.insert(environment.end(), locale_.begin(), locale_.end());
     const auto child = orva_test::run_child(
-        "/bin/sh", {"sh", "-c", "exec 2>stderr; cd '" + directory_.name() + "'; " + line}, environment);
-    return {
-        child.code, child.output,
-        std::filesystem::exists(directory_.path() / "stderr") ? directory_.read("stderr") : std::string()};
+        "/bin/sh", {"sh", "-c", "cd '" + directory_.name() + "'; exec 2>stderr; " + line}, environment);
+    return {child.code, child.output, directory_.read("stderr")};
   }
 
   /// Runs the program with these words, as the shell reads them.
-  run_result run(const std::string& words) const {
-    return run_line("cd '" + directory_.name() + "'; exec \"$p\" " + words + " 2>stderr");
-  }
+  run_result run(const std::string& words) const { return run_line("exec \"$p\" " + words); }
 
   void expect_output(const std::string& words, const std::string& output) const {
     const run_result result = run(words);
@@ -86,8 +82,7 @@ class orva_config : public testing::Test {
 
 /// What python3 reads from lines of JSON, in Python's own notation.
 std::string through_python(const std::string& command) {
-  return "cd \"$PWD\"; " + command +
-         " | python3 -c 'import json, sys\nfor line in sys.stdin: print(json.loads(line))'";
+  return command + " | python3 -c 'import json, sys\nfor line in sys.stdin: print(json.loads(line))'";
 }
 
 TEST_F(orva_config, get_prints_a_value_and_the_elements_of_an_array) {
@@ -287,8 +282,7 @@ TEST_F(orva_config, output_that_cannot_be_written_ends_with_1) {
   expect_failure("list viewer.cfg >/dev/full", 1, error);
   expect_failure("--help >/dev/full", 1, error);
   // The reader is gone before the program writes.
-  const run_result piped =
-      run_line("{ sleep 0.3; \"$p\" list viewer.cfg 2>stderr; echo $? >code; } | true; cat code");
+  const run_result piped = run_line("{ sleep 0.3; \"$p\" list viewer.cfg; echo $? >code; } | true; cat code");
   EXPECT_EQ(piped.output, "1\n");
   EXPECT_THAT(piped.error, HasSubstr(error));
 }
