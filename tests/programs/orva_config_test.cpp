@@ -288,7 +288,8 @@ TEST_F(orva_config, output_that_cannot_be_written_ends_with_1) {
 }
 
 TEST_F(orva_config, file_that_cannot_be_replaced_is_reported) {
-  expect_failure("set /proc/self/comm a 1", 1, "/proc/self/comm: error: ");
+  expect_failure("set /proc/self/comm a 1", 1,
+                 "/proc/self/comm: error: A new file could not be created in the directory: ");
 }
 
 TEST_F(orva_config, help_of_the_program_and_of_each_command_has_its_texts) {
