@@ -176,4 +176,7 @@ diagnostics::finding describe(config_document::load_error error, std::string_vie
   return {diagnostics::severity::note, {}, name, {}, {}};
 }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr std::size_t config_document::max_size;
+
 }  // namespace ORVA_NAMESPACE::config

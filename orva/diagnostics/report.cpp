@@ -17,4 +17,7 @@ std::size_t report::count() const noexcept {
 
 std::size_t report::count(severity level) const noexcept { return counts_[static_cast<std::size_t>(level)]; }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr std::size_t report::default_max_findings;
+
 }  // namespace ORVA_NAMESPACE::diagnostics

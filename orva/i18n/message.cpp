@@ -171,4 +171,7 @@ void write_quoted(std::ostream& stream, const message_t& message) {
 
 }  // namespace _private
 
+// On Windows a program that refers to it by its address imports it.
+constexpr std::string_view message_item::invalid;
+
 }  // namespace ORVA_NAMESPACE::i18n

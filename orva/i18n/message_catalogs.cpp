@@ -153,4 +153,7 @@ const message_t& message_catalogs::message(const text_argument& catalog, const t
   return &found != &s_nil_catalog ? found.message(name) : s_nil_message;
 }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr types::uint32 message_catalogs::max_directories;
+
 }  // namespace ORVA_NAMESPACE::i18n

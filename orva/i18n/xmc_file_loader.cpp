@@ -188,4 +188,8 @@ bool xmc_file_loader::is_catalog_matched(const text_argument& name) const {
   return !is_cat_id_set() || catalog_id_ == name.get();
 }
 
+// On Windows a program that refers to them by their addresses imports them.
+constexpr types::uint32 xmc_file_loader::max_include_depth;
+constexpr types::uint32 xmc_file_loader::max_included_files;
+
 }  // namespace ORVA_NAMESPACE::i18n::_private

@@ -110,4 +110,7 @@ std::ostream& operator<<(std::ostream& stream, const xml_stream_parser::parse_er
   return _private::write_error(stream, name_of(error.type), error.offset, error.data, error.open_element);
 }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr int xml_stream_parser::smallest_file;
+
 }  // namespace ORVA_NAMESPACE::parser

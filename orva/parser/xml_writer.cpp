@@ -250,4 +250,7 @@ std::ostream& operator<<(std::ostream& stream, const xml_writer::result& done) {
   return stream << name << " at byte " << done.offset << ": " << rule;
 }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr std::size_t xml_writer::longest_indentation;
+
 }  // namespace ORVA_NAMESPACE::parser

@@ -88,4 +88,8 @@ bool frame_writer::finish() {
   return !has_late_content_ && (stream_ == nullptr || stream_->good());
 }
 
+// On Windows a program that refers to them by their addresses imports them.
+constexpr std::size_t frame_writer::max_name_size;
+constexpr std::size_t frame_writer::max_chunk_size;
+
 }  // namespace ORVA_NAMESPACE::serialization

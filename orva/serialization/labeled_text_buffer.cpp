@@ -191,4 +191,7 @@ labeled_text_buffer* labeled_text_buffer::create() const { return create_dynamic
 
 labeled_text_buffer* labeled_text_buffer::clone() const { return create_dynamic<labeled_text_buffer>(*this); }
 
+// On Windows a program that refers to it by its address imports it.
+constexpr std::size_t labeled_text_buffer::max_reread;
+
 }  // namespace ORVA_NAMESPACE::serialization

@@ -47,4 +47,8 @@ void stored_buffer::append_growing(std::string_view head, const std::string& byt
   data_.append(tail);
 }
 
+// On Windows a program that refers to them by their addresses imports them.
+constexpr types::uint32 stored_buffer::past_end;
+constexpr std::size_t stored_buffer::max_size;
+
 }  // namespace ORVA_NAMESPACE::serialization

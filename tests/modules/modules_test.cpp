@@ -5,8 +5,17 @@
 
 #include <string>
 
+#include "orva/config/config_document.hpp"
+#include "orva/diagnostics/report.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/functor/member_function.hpp"
+#include "orva/i18n/message_catalogs.hpp"
+#include "orva/i18n/xmc_file_loader.hpp"
+#include "orva/parser/xml_stream_parser.hpp"
+#include "orva/parser/xml_writer.hpp"
+#include "orva/serialization/frame_writer.hpp"
+#include "orva/serialization/labeled_text_buffer.hpp"
+#include "orva/serialization/serialize_text_buf.hpp"
 #include "other_module.hpp"
 
 namespace {
@@ -80,6 +89,23 @@ TEST(modules, share_one_assertion_hook) {
   other_module::assert_something();
   debug::set_assert_hook(types::nil);
   EXPECT_EQ(ear.heard, "1 > 2");
+}
+
+/// EXPECT_EQ takes the addresses of what it compares.
+TEST(modules, constants_of_exported_classes_have_addresses) {
+  EXPECT_EQ(config::config_document::max_size, 0x7FFFFFFFu);
+  EXPECT_EQ(diagnostics::report::default_max_findings, 1000u);
+  EXPECT_EQ(i18n::message_item::invalid, "?invalid?");
+  EXPECT_EQ(i18n::message_catalogs::max_directories, 10000u);
+  EXPECT_EQ(i18n::_private::xmc_file_loader::max_include_depth, 64u);
+  EXPECT_EQ(i18n::_private::xmc_file_loader::max_included_files, 10000u);
+  EXPECT_EQ(parser::xml_stream_parser::smallest_file, 50);
+  EXPECT_EQ(parser::xml_writer::longest_indentation, 256u);
+  EXPECT_EQ(serialization::frame_writer::max_name_size, 48u);
+  EXPECT_EQ(serialization::frame_writer::max_chunk_size, 65536u);
+  EXPECT_EQ(serialization::labeled_text_buffer::max_reread, 0x100000u);
+  EXPECT_EQ(serialization::serialize_text_buf::past_end, 0xFFFFFFFFu);
+  EXPECT_GE(serialization::serialize_text_buf::max_size, 0x7FFFFFFFu);
 }
 
 }  // namespace
