@@ -37,6 +37,16 @@ TEST(value_places, documentation_example) {
   EXPECT_EQ(places.find("window"), nullptr);
 }
 
+TEST(value_places, are_none_where_the_names_would_take_far_more_memory_than_the_text) {
+  const auto text = [](std::size_t section) {
+    std::string result = '[' + std::string(section, 's') + "]\n";
+    for (int i = 0; i < 10'000; ++i) result += "key" + std::to_string(i) + " = 1\n";
+    return result;
+  };
+  EXPECT_EQ(value_places(text(300)).all().size(), 10'000u);
+  EXPECT_EQ(value_places(text(100'000)).all().size(), 0u);
+}
+
 struct key_and_places {
   const char* text;
   const char* name;

@@ -1,18 +1,15 @@
 /// The places of the values of a file, found when the first one is asked for: a file without findings is read
 /// once, by its item.
 ///
-/// Internal: not installed. The places are those of the file now; there is none for what it does not have,
-/// and none in a file whose names would take far more memory than its text.
+/// Internal: not installed. The places are those of the file now; there is none for what it does not have.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 
-#include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/nearest_name.hpp"
 #include "orva/config/internal/read_file.hpp"
 #include "orva/config/internal/value_places.hpp"
@@ -53,29 +50,14 @@ class file_places {
   }
 
  private:
-  /// Each value has a name with that of its section in front.
-  static bool has_short_names(std::string_view text) {
-    config_file_scanner scanner(text);
-    scanned_part part;
-    std::size_t section = 0;
-    std::uint64_t sum = 0;
-    while (scanner.next(part)) {
-      if (part.kind == scanned_part::type::section) section = part.name.size();
-      sum += (section + part.name.size()) * part.values.size();
-    }
-    return sum / max_names_per_text <= text.size();
-  }
-
   const value_places& places() {
     if (!places_) {
       strings::ustring8 text;
-      if (!read_file(file_, text) || !has_short_names(text)) text.clear();
+      if (!read_file(file_, text)) text.clear();
       places_.emplace(text);
     }
     return *places_;
   }
-
-  static constexpr std::size_t max_names_per_text = 32;
 
   strings::ustring8 file_;
   std::size_t searches_left_ = max_searched_names;

@@ -1,5 +1,6 @@
 #include "orva/config/internal/value_places.hpp"
 
+#include <cstdint>
 #include <utility>
 
 #include "orva/config/internal/config_file_scanner.hpp"
@@ -10,6 +11,19 @@
 namespace ORVA_NAMESPACE::config::_private {
 
 namespace {
+
+/// Whether the names of all values, each with that of its section in front, are not far longer than the text.
+bool has_short_names(std::string_view text) {
+  config_file_scanner scanner(text);
+  scanned_part part;
+  std::size_t section = 0;
+  std::uint64_t sum = 0;
+  while (scanner.next(part)) {
+    if (part.kind == scanned_part::type::section) section = part.name.size();
+    sum += std::uint64_t{section + part.name.size()} * part.values.size();
+  }
+  return sum / value_places::max_names_per_text <= text.size();
+}
 
 /// The line and the column of offsets that grow, as `diagnostics::place_of` has them, in one pass.
 class place_cursor {
@@ -96,6 +110,7 @@ class place_collector {
 }  // namespace
 
 value_places::value_places(std::string_view text) {
+  if (!has_short_names(text)) return;
   place_collector collector(text, all_);
   config_file_scanner scanner(text);
   scanned_part part;

@@ -7,10 +7,11 @@
 ///     places.find("window")                 =>  null: a section has no value
 ///
 /// The keys and values are those that `file_item` reads from the text: `find` has a place for exactly the
-/// keys whose node has a value. Lines and columns are those of `diagnostics::place_of`.
+/// keys whose node has a value. Lines and columns are those of `diagnostics::place_of`. There are none for a
+/// text whose keys, each with the name of its section in front, are `max_names_per_text` times as long as the
+/// text: memory stays in proportion to it.
 ///
-/// Internal: not installed. Reads the text once. Takes memory in proportion to the keys; the text need not
-/// live on. Any number of threads may use one.
+/// Internal: not installed. Reads the text twice; it need not live on. Any number of threads may use one.
 #pragma once
 
 #include <cstddef>
@@ -39,6 +40,8 @@ struct value_place {
 
 class value_places {
  public:
+  static constexpr std::size_t max_names_per_text = 32;
+
   explicit value_places(std::string_view text);
 
   /// The last value that the text gives to the key, which is the one that counts, or null.
