@@ -55,6 +55,7 @@ int main() {
   file->save();
   std::ifstream saved(file_name);
   for (std::string line; std::getline(saved, line);) std::cout << line.substr(0, line.find('\r')) << '\n';
+  saved.close();
 
   // All values, by source.
   settings.get_config_item("command line")->unload();

@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 
 #include "orva/exceptions/exception.hpp"
@@ -67,6 +68,11 @@ TEST(decode_checked, documentation_example) {
   EXPECT_EQ(text, "\xE3\x81\x82\xE3\x81\x84\xE3\x83\xBB");
   ASSERT_EQ(decoder.losses().count, 1u);
   EXPECT_EQ(decoder.losses().first[0], (decoding_loss{loss_kind::cut, 4, "\x81", 6, 0x30FB}));
+}
+
+/// On Windows, malformed UTF-8 is converted by the system where no losses are wanted.
+bool is_left_to_the_system(code_page::encoding_type type) {
+  return type == code_page::utf8 && std::is_same_v<code_unit16, wchar_t>;
 }
 
 class decode_checked_of_page : public testing::TestWithParam<code_page::encoding_type> {
@@ -134,6 +140,7 @@ TEST_P(decode_checked_of_page, every_byte_reads_as_it_does_unchecked_and_the_und
 }
 
 TEST_P(decode_checked_of_page, every_pair_reads_as_it_does_unchecked) {
+  if (is_left_to_the_system(GetParam())) GTEST_SKIP();
   for (unsigned pair = 0x101; pair < 0x10000; ++pair) {
     if (pair % 0x100 == 0) continue;
     const char bytes[] = {static_cast<char>(pair / 0x100), static_cast<char>(pair % 0x100), '\0'};
@@ -174,6 +181,7 @@ TEST_P(decode_checked_of_page, lossless_text_comes_back_when_it_is_encoded) {
 }
 
 TEST_P(decode_checked_of_page, zeros_are_characters_and_separate_texts) {
+  if (is_left_to_the_system(GetParam())) GTEST_SKIP();
   orva_test::random_engine random;
   for (int round = 0; round < 200; ++round) {
     const std::string bytes = orva_test::random_page_bytes(random, page_, 6);
@@ -251,6 +259,7 @@ TEST_P(decode_checked_of_page, pieces_of_every_size_give_the_whole) {
 }
 
 TEST_P(decode_checked_of_page, every_shorter_end_is_that_of_the_text_unchecked) {
+  if (is_left_to_the_system(GetParam())) GTEST_SKIP();
   orva_test::random_engine random;
   std::string bytes = orva_test::random_page_bytes(random, page_, 6);
   std::erase(bytes, '\0');

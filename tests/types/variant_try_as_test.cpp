@@ -328,7 +328,10 @@ void expect_shortest_text(Floating stored) {
   const auto text = variant(stored).try_as<std::string>();
   ASSERT_TRUE(text.has_value());
   EXPECT_TRUE(equal_values(read_by_the_c_library<Floating>(*text), stored)) << *text;
-  EXPECT_LE(text->size(), shortest_length(stored)) << *text;
+  // C libraries differ in the sign of a NaN.
+  if (!std::isnan(stored)) {
+    EXPECT_LE(text->size(), shortest_length(stored)) << *text;
+  }
   for (const variant& written : in_every_class(*text)) expect_value(written, std::optional<Floating>(stored));
 }
 
