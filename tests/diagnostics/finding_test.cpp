@@ -145,7 +145,7 @@ TEST(finding, arguments_of_every_type_are_shown_exactly) {
       {3.141592653589793, "3.141592653589793"},
       {1e300, "1e+300"},
       {"text", "text"},
-      {u"w\u00E4", "w\xC3\xA4"},
+      {orva::strings::utf8_to_utf16("w\xC3\xA4"), "w\xC3\xA4"},
       {orva::strings::utf8_to_utf32("w\xC3\xA4"), "w\xC3\xA4"},
       {false, "false"},
       {std::numeric_limits<double>::infinity(), "inf"},
