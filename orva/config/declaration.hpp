@@ -102,6 +102,7 @@ class ORVA_API declaration {
   bool is_command_required_ = false;
 };
 
+/// A command of a program, with settings of its own.
 struct declared_command {
   strings::ustring8 name;
   /// One line.

@@ -67,6 +67,7 @@ struct explained_step {
   step_result result = step_result::used;
 };
 
+/// How the value of a key came about: the value, and the steps that led to it.
 struct explanation {
   strings::ustring8 key;
   types::variant value;

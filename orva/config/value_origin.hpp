@@ -48,6 +48,7 @@ struct value_origin {
 /// "default". For another kind the id of the source.
 [[nodiscard]] ORVA_API strings::ustring8 describe(const value_origin& origin);
 
+/// A base for items that are no class of the library and say where their values come from.
 class ORVA_API origin_provider {
  public:
   virtual ~origin_provider();

@@ -13,11 +13,12 @@ endif()
 set(exported_private
   "debug::_private::_+ASSERT_+\\("
   "debug::_private::_+CONTEXT__ASSERT_+\\("
+  "diagnostics::_private::describe_number\\("
   "generic::convert::_private::(read|write)_(signed|unsigned|integer|floating)[<(]"
   "strings::_private::((converted|compare_caseless|map_case)<|write_(utf8|quoted)\\()"
   "i18n::_private::format_(int|double|memory|metric|duration)\\("
   "i18n::_private::write(_quoted)?\\("
-  "system::date_time::_private::write\\("
+  "system::date_time::_private::(describe|write)\\("
   "types::_private::exact_value\\("
   "i18n::_private::(xmc_file_loader|load_error)")
 list(JOIN exported_private "|" exported_private)
