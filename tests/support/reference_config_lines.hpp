@@ -48,14 +48,20 @@ class reference_line_reader {
     return text;
   }
 
-  /// A name in quotes, or all up to `end`, which is passed.
-  std::string name_up_to(char end) {
+  /// A text in quotes, and what follows it up to `end`, which is passed. Blanks count only in quotes.
+  struct placed_name {
+    std::string quoted;
+    std::string plain;
+    std::string text() const { return quoted + plain; }
+  };
+  placed_name name_up_to(char end) {
     skip_blanks();
-    const std::string begin = is("\"") ? quoted() : "";
-    std::string rest;
-    while (!line_ended() && text_[at_] != end) rest += text_[at_++];
+    placed_name name;
+    if (is("\"")) name.quoted = quoted();
+    while (!line_ended() && text_[at_] != end) name.plain += text_[at_++];
     ++at_;
-    return begin + trimmed(rest);
+    name.plain = trimmed(name.plain);
+    return name;
   }
 
   /// A text in quotes, or all up to a comment, the line end or, in an array, a comma.
@@ -79,7 +85,7 @@ class reference_line_reader {
     skip_blanks();
     if (is("[")) {
       ++at_;
-      section_ = name_up_to(']');
+      section_ = name_up_to(']').text();
       if (!section_.empty()) section_ += '.';
     } else if (!comment() && !line_ended()) {
       read_key();
@@ -89,19 +95,19 @@ class reference_line_reader {
   }
 
   /// `[]` at the end, with blanks before and in it.
-  static bool removed_array_mark(std::string& key) {
-    if (key.empty() || key.back() != ']') return false;
-    const std::string rest = trimmed(key.substr(0, key.size() - 1));
+  static bool removed_array_mark(std::string& plain) {
+    if (plain.empty() || plain.back() != ']') return false;
+    const std::string rest = trimmed(plain.substr(0, plain.size() - 1));
     if (rest.empty() || rest.back() != '[') return false;
-    key = trimmed(rest.substr(0, rest.size() - 1));
+    plain = trimmed(rest.substr(0, rest.size() - 1));
     return true;
   }
 
   void read_key() {
-    std::string key = name_up_to('=');
-    if (!removed_array_mark(key)) {
+    placed_name key = name_up_to('=');
+    if (!removed_array_mark(key.plain)) {
       const std::string text = value(false);
-      if (!text.empty()) tree.set(section_ + key, text, 0);
+      if (!text.empty()) tree.set(section_ + key.text(), text, 0);
       return;
     }
     std::vector<std::string> elements{value(true)};
@@ -110,7 +116,7 @@ class reference_line_reader {
       go_to_element();
       elements.push_back(value(true));
     }
-    tree.set_array(section_ + key, elements);
+    tree.set_array(section_ + key.text(), elements);
   }
 
   /// Over line ends and comments.

@@ -26,6 +26,9 @@ bool continues_array_in_save(std::string_view name) {
          generic::convert::str_to_int32(name.data(), name.size(), types::radix_t::prefix, false) != 0;
 }
 
+/// `save` takes a section below an array for an element if it has such a name.
+bool is_element_in_save(std::string_view name) { return name == "0" || continues_array_in_save(name); }
+
 /// The part of a path before its last separator, and the part after it.
 std::pair<std::string_view, std::string_view> split_last(std::string_view path) {
   std::size_t at = path.size();
@@ -158,7 +161,12 @@ void key_register::finish() {
 void key_register::check_child(const child_map::const_iterator& child) {
   const node& at = nodes_[child->second];
   const node& parent = nodes_[at.parent];
-  if (at.holds == content::path) return;
+  if (at.holds == content::path) {
+    if (parent.holds == content::array && is_element_in_save(child->first.second)) {
+      found_.add(severity::note, "config.save_changes_name", at.offset, named(at.raw));
+    }
+    return;
+  }
   if (at.parent == 0) {
     keys_at_top_.add(at.offset);
   } else if (parent.element_count != 0 && is_element_name(child->first.second)) {
