@@ -77,6 +77,9 @@
 #include "orva/i18n/message.hpp"
 #include "orva/i18n/message_catalogs.hpp"
 #include "orva/i18n/path_list.hpp"
+#include "orva/i18n/plural.hpp"
+#include "orva/i18n/plural_number.hpp"
+#include "orva/i18n/plural_rules.hpp"
 #include "orva/i18n/translate.hpp"
 #include "orva/i18n/xmc_file_loader.hpp"
 // memory
