@@ -14,6 +14,8 @@ void write_catalogs() {
   <catalog name="app" lang="en">
     <msg name="disk_free">Free: <arg name="n" type="mem" precision="1"/> <arg name="n" type="mem_unit"/></msg>
     <msg name="quit">Quit</msg>
+    <msg name="files.one"><arg name="n" type="int"/> file</msg>
+    <msg name="files.other"><arg name="n" type="int"/> files</msg>
   </catalog>
   <catalog name="app" lang="de">
     <msg name="disk_free" meta="shown in the status bar">
@@ -37,6 +39,11 @@ int main() {
   args.push_back("n", 1500000);
   std::cout << catalogs.message("app", "disk_free").as_utf8(args) << '\n';
   std::cout << catalogs.message("app", "quit").as_utf8() << '\n';
+
+  // The form of a message that goes with a number, by the rules of its language.
+  for (const int files : {1, 3}) {
+    std::cout << i18n::plural(catalogs, "app", "files", files).as_utf8(generic::argument("n", files)) << '\n';
+  }
 
   // A message knows its language, and a catalog the languages of its messages.
   std::cout << catalogs.message("app", "quit")._orginal_locale() << '\n';

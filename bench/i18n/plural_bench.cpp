@@ -27,8 +27,8 @@ class catalog_folder {
     fs::create_directories(path_ / "C.UTF-8" / "LC_MESSAGES");
     std::ofstream(path_ / "app.xmc", std::ios::binary)
         << "<?xml version='1.0'?><xmc version='1.1'><catalog name='app' lang='en'>"
-           "<msg name='files.one'><arg name='n' type='integer'/> file</msg>"
-           "<msg name='files.other'><arg name='n' type='integer'/> files</msg></catalog></xmc>";
+           "<msg name='files.one'><arg name='n' type='int'/> file</msg>"
+           "<msg name='files.other'><arg name='n' type='int'/> files</msg></catalog></xmc>";
     const std::string header =
         "Content-Type: text/plain; charset=UTF-8\nPlural-Forms: nplurals=2; plural=(n != 1);\n";
     const mo_file compiled(

@@ -1,7 +1,7 @@
 /// `plural`: the form of a message that goes with a number.
 ///
-///     <msg name="files.one"><arg name="n" type="integer"/> file</msg>
-///     <msg name="files.other"><arg name="n" type="integer"/> files</msg>
+///     <msg name="files.one"><arg name="n" type="int"/> file</msg>
+///     <msg name="files.other"><arg name="n" type="int"/> files</msg>
 ///
 ///     plural(catalogs, "app", "files", 1).as_utf8(argument("n", 1))    =>  "1 file"
 ///     plural(catalogs, "app", "files", 5).as_utf8(argument("n", 5))    =>  "5 files"

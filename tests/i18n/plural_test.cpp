@@ -51,8 +51,8 @@ std::string shown(const message_catalogs& catalogs, const plural_number& number,
 TEST(plural, documentation_example) {
   const auto catalogs = catalogs_of()
                             .add("en",
-                                 "<msg name='files.one'><arg name='n' type='integer'/> file</msg>"
-                                 "<msg name='files.other'><arg name='n' type='integer'/> files</msg>")
+                                 "<msg name='files.one'><arg name='n' type='int'/> file</msg>"
+                                 "<msg name='files.other'><arg name='n' type='int'/> files</msg>")
                             .load("en");
   EXPECT_EQ(plural(catalogs, "app", "files", 1).as_utf8(argument("n", 1)), "1 file");
   EXPECT_EQ(plural(catalogs, "app", "files", 5).as_utf8(argument("n", 5)), "5 files");
