@@ -139,6 +139,7 @@
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
 #include "orva/system/path_argument.hpp"
+#include "orva/system/program_arguments.hpp"
 #include "orva/system/replace_file.hpp"
 // types
 #include "orva/types/absolute_unit.hpp"

@@ -4,7 +4,6 @@
 #include <exception>
 #include <iostream>
 #include <string>
-#include <vector>
 
 #include "commands.hpp"
 #include "console.hpp"
@@ -12,6 +11,7 @@
 #include "orva/config/help_text.hpp"
 #include "orva/config/settings.hpp"
 #include "orva/exceptions/exception.hpp"
+#include "orva/system/program_arguments.hpp"
 #include "this_system.hpp"
 
 using namespace orva_config;
@@ -20,12 +20,6 @@ using orva::config::settings;
 using orva::diagnostics::severity;
 
 namespace {
-
-std::vector<const char*> pointers_to(const std::vector<std::string>& words) {
-  std::vector<const char*> pointers;
-  for (const std::string& word : words) pointers.push_back(word.c_str());
-  return pointers;
-}
 
 /// The text of --help or --version.
 orva::strings::ustring8 information(const settings& values, const texts& words) {
@@ -65,9 +59,8 @@ void check_language(const std::string& language, const texts& words, console& sh
                                  "There are no texts in the language {language}.", std::move(arguments)));
 }
 
-exit_code run(const std::vector<std::string>& arguments) {
-  const auto argv = pointers_to(arguments);
-  const settings values(declared(), static_cast<int>(argv.size()), argv.data());
+exit_code run(const orva::system::program_arguments& arguments) {
+  const settings values(declared(), arguments.count(), arguments.values());
   const auto language = values.find<std::string>("language");
   const texts words(program_directory() / ORVA_CONFIG_SHARED, language.value_or(language_of_environment()));
   console shown(words, values.get<bool>("json"));
@@ -89,7 +82,7 @@ exit_code run(const std::vector<std::string>& arguments) {
 int main(int argc, char** argv) {
   prepare_streams();
   try {
-    return run(arguments(argc, argv));
+    return run({argc, argv});
   } catch (const std::exception& error) {
     std::cerr << "orva-config: " << error.what() << '\n';
   } catch (const orva::exceptions::exception& error) {

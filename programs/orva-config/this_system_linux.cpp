@@ -5,8 +5,6 @@
 
 namespace orva_config {
 
-std::vector<std::string> arguments(int argc, char** argv) { return {argv, argv + argc}; }
-
 std::filesystem::path program_directory() {
   std::error_code error;
   return std::filesystem::read_symlink("/proc/self/exe", error).parent_path();

@@ -1,4 +1,5 @@
-// What the file services, the code pages and the terminals do when a system call of Windows fails.
+// What the file services, the code pages, the terminals and the command line do when a system call of Windows
+// fails.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -15,6 +16,7 @@
 #include "orva/strings/code_page.hpp"
 #include "orva/system/file_utility.hpp"
 #include "orva/system/io.hpp"
+#include "orva/system/program_arguments.hpp"
 #include "orva/system/replace_file.hpp"
 #include "tests/platform/windows_scripted_calls.hpp"
 #include "tests/support/temporary_directory.hpp"
@@ -277,6 +279,36 @@ TEST(terminal_columns, are_those_of_the_window_of_the_console) {
   };
   EXPECT_EQ(platform::terminal_columns(platform::process_output::standard), 132u);
   EXPECT_EQ(platform::terminal_columns(platform::process_output::error), 0u);
+}
+
+std::vector<std::string> words_of(const sys::program_arguments& arguments) {
+  return {arguments.values(), arguments.values() + arguments.count()};
+}
+
+const char* const of_main[] = {"tool", "caf?.txt", nullptr};
+
+TEST(program_arguments, are_those_of_the_system_in_utf8) {
+  const scripted_calls calls;
+  calls->get_command_line = [] {
+    return L"\"C:\\a tool.exe\" caf\u00E9.txt \"\u6587 \U0001F600\" \"\" a\\\"b";
+  };
+  const sys::program_arguments arguments(2, of_main);
+  EXPECT_EQ(words_of(arguments), (std::vector<std::string>{"C:\\a tool.exe", "caf\xC3\xA9.txt",
+                                                           "\xE6\x96\x87 \xF0\x9F\x98\x80", "", "a\"b"}));
+  EXPECT_EQ(arguments.values()[arguments.count()], nullptr);
+  EXPECT_EQ(calls->open_command_lines, 0);
+}
+
+TEST(program_arguments, name_a_file_whose_name_is_no_text) {
+  const scripted_calls calls;
+  calls->get_command_line = [] { return L"tool \xD800"; };
+  EXPECT_EQ(words_of(sys::program_arguments(2, of_main)), (std::vector<std::string>{"tool", "\xED\xA0\x80"}));
+}
+
+TEST(program_arguments, are_those_of_main_if_the_system_refuses) {
+  const scripted_calls calls;
+  calls->command_line_to_argv = [](const wchar_t*, int*) -> wchar_t** { return nullptr; };
+  EXPECT_EQ(words_of(sys::program_arguments(2, of_main)), (std::vector<std::string>{"tool", "caf?.txt"}));
 }
 
 }  // namespace

@@ -132,6 +132,21 @@ int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to
 
 void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
 
+const wchar_t* get_command_line() {
+  return script().get_command_line ? script().get_command_line() : ::GetCommandLineW();
+}
+
+wchar_t** command_line_to_argv(const wchar_t* line, int* count) {
+  if (script().command_line_to_argv) return script().command_line_to_argv(line, count);
+  ++script().open_command_lines;
+  return ::CommandLineToArgvW(line, count);
+}
+
+void local_free(void* memory) {
+  --script().open_command_lines;
+  ::LocalFree(memory);
+}
+
 HANDLE get_std_handle(DWORD output) {
   return script().get_std_handle ? script().get_std_handle(output) : ::GetStdHandle(output);
 }

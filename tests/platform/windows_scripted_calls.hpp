@@ -20,6 +20,8 @@ struct call_script {
   std::function<int(const wchar_t*, struct _stat64i32*)> stat;
   std::function<BOOL(HANDLE, WIN32_FIND_DATAW*)> find_next_file;
   std::function<int(int room)> convert;
+  std::function<const wchar_t*()> get_command_line;
+  std::function<wchar_t**(const wchar_t*, int*)> command_line_to_argv;
   std::function<HANDLE(DWORD)> get_std_handle;
   std::function<BOOL(HANDLE, DWORD*)> get_console_mode;
   std::function<BOOL(HANDLE, DWORD)> set_console_mode;
@@ -27,6 +29,7 @@ struct call_script {
 
   int open_files = 0;
   int open_searches = 0;
+  int open_command_lines = 0;
 };
 
 using scripted_calls = basic_scripted_calls<call_script>;

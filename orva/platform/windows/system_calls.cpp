@@ -1,6 +1,7 @@
 #include "orva/platform/windows/system_calls.hpp"
 
 #include <direct.h>
+#include <shellapi.h>
 #include <stdio.h>
 #include <wchar.h>
 
@@ -74,6 +75,10 @@ int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to
 }
 
 void output_debug_string(const char* text) { ::OutputDebugStringA(text); }
+
+const wchar_t* get_command_line() { return ::GetCommandLineW(); }
+wchar_t** command_line_to_argv(const wchar_t* line, int* count) { return ::CommandLineToArgvW(line, count); }
+void local_free(void* memory) { ::LocalFree(memory); }
 
 HANDLE get_std_handle(DWORD output) { return ::GetStdHandle(output); }
 BOOL get_console_mode(HANDLE console, DWORD* mode) { return ::GetConsoleMode(console, mode); }

@@ -50,6 +50,10 @@ int wide_char_to_multi_byte(UINT page, const wchar_t* units, int count, char* to
 int multi_byte_to_wide_char(UINT page, const char* bytes, int count, wchar_t* to, int room);
 void output_debug_string(const char* text);
 
+const wchar_t* get_command_line();
+wchar_t** command_line_to_argv(const wchar_t* line, int* count);
+void local_free(void* memory);
+
 HANDLE get_std_handle(DWORD output);
 BOOL get_console_mode(HANDLE console, DWORD* mode);
 BOOL set_console_mode(HANDLE console, DWORD mode);
