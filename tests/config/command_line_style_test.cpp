@@ -114,6 +114,8 @@ const style_row gnu_rows[] = {
     {{"--verbose="}, "verbose= !not_a_flag:--verbose"},
     {{"--no-verbose=yes"}, "!unexpected_value:--no-verbose"},
     {{"--no-name"}, "!unknown_option:--no-name"},
+    {{"--no-verbos"}, "!unknown_option:--no-verbos !nearest_name:--no-verbose"},
+    {{"-no-verbose"}, "!unknown_option:-no-verbose !nearest_name:--no-verbose"},
     {{"--verbose", "a.jpg"}, "first=a.jpg verbose=true"},
     {{"--verbose", "--no-verbose"}, "verbose=false !repeated:--verbose"},
     {{"-vv"}, "verbose=true"},
@@ -129,7 +131,11 @@ const style_row gnu_rows[] = {
     {{"-verbos"}, "verbose=true !unknown_option:-e"},
     {{"-wondow.width"}, "!unknown_option:-wondow.width !nearest_name:--window.width"},
     {{"-nverbose"}, "name=verbose"},
-    {{"-\xC3\xA4\xC3\xB6"}, "!unknown_option:-\xC3\xA4"},
+    {{"-cruder", "8"}, "first=8 !unknown_option:-cruder"},
+    {{"-ugly", "8"}, "first=8 !unknown_option:-u"},
+    {{"-quiet", "8"}, "first=8 !unknown_option:-q"},
+    {{"-\xC3\xA4"}, "!unknown_option:-\xC3\xA4"},
+    {{"-\xC3\xA4\xC3\xB6"}, "!unknown_option:-\xC3\xA4\xC3\xB6"},
     // Words.
     {{"a"}, "first=a"},
     {{"a", "b", "c"}, "files=[b|c] first=a"},
@@ -189,6 +195,8 @@ const style_row single_dash_rows[] = {
     {{"-name", "/verbose"}, "verbose=true !missing_value:-name"},
     {{"-sizes=1,2,3"}, "sizes=[1|2|3]"},
     {{"-sizes", "1", "2", "-verbose"}, "sizes=[1|2] verbose=true"},
+    {{"-names=a,b"}, "names=[a|b]"},
+    {{"-names=a, b", "-names:=c"}, "names=[a| b|c]"},
     {{"-names$a,b"}, "names=[a,b]"},
     {{"-names", "a", "b,c"}, "names=[a|b,c]"},
     {{"-verbose"}, "verbose=true"},
@@ -267,6 +275,18 @@ TEST(words, that_nothing_takes_are_reported) {
   declaration declared("tool");
   declared.add(setting("one", flag()));
   EXPECT_EQ(reading_of(program_run(declared, {"a", "b"})), "!unexpected_argument:a !unexpected_argument:b");
+}
+
+TEST(words, that_may_be_meant_for_an_unknown_option_are_no_surplus) {
+  declaration declared("tool");
+  declared.add(setting("one", flag()));
+  declared.add_positional(setting("file", text()).required());
+  EXPECT_EQ(reading_of(program_run(declared, {"--two", "5", "a"})), "file=5 !unknown_option:--two");
+  EXPECT_EQ(reading_of(program_run(declared, {"--two", "5", "a", "b"})),
+            "file=5 !unknown_option:--two !unexpected_argument:b");
+  EXPECT_EQ(reading_of(program_run(declared, {"a", "--two", "5"})), "file=a !unknown_option:--two");
+  EXPECT_EQ(reading_of(program_run(declared, {"a", "--two", "5", "b"})),
+            "file=a !unknown_option:--two !unexpected_argument:b");
 }
 
 declaration tool_with_commands() {

@@ -98,9 +98,15 @@ void command_line_parser::read_command(std::string_view word) {
 void command_line_parser::read_positional(std::string_view word) {
   const auto& positionals = scope_now().positionals;
   if (next_positional_ >= positionals.size()) {
-    if (!follows_unknown_) add_fault(fault::unexpected_argument, std::string(word));
+    // A word that was meant for an unknown option may have taken the place of this one.
+    if (follows_unknown_ || doubtful_words_ > 0) {
+      doubtful_words_ -= follows_unknown_ ? 0 : 1;
+    } else {
+      add_fault(fault::unexpected_argument, std::string(word));
+    }
     return;
   }
+  if (follows_unknown_) ++doubtful_words_;
   const std::size_t number = positionals[next_positional_];
   if (!described(number).type().is_list()) ++next_positional_;
   const std::string& value_name = described(number).value_name();
@@ -112,12 +118,17 @@ void command_line_parser::read_positional(std::string_view word) {
 void command_line_parser::read_long(const written_option& option) {
   const std::size_t number = names_.find_option(scope_, option.name);
   if (number != not_found) return read_found(number, option);
-  if (option.name.starts_with("no-")) {
-    const std::size_t negated = names_.find_option(scope_, option.name.substr(3));
-    if (negated != not_found && is_flag(negated)) return read_negation(negated, option);
-  }
+  const std::size_t negated = find_negated(option.name);
+  if (negated != not_found) return read_negation(negated, option);
   if (!option.has_attached && read_request(option.name)) return;
   add_unknown(with_dashes(option.dashes, option.name), !option.has_attached);
+}
+
+/// The flag that `no-flag` names.
+std::size_t command_line_parser::find_negated(std::string_view name) const {
+  if (!name.starts_with("no-")) return not_found;
+  const std::size_t number = names_.find_option(scope_, name.substr(3));
+  return number != not_found && is_flag(number) ? number : not_found;
 }
 
 bool command_line_parser::read_request(std::string_view name) {
@@ -137,17 +148,22 @@ void command_line_parser::read_short_options(std::string_view word) {
   }
 }
 
-/// Whether `-name` is a long option with one dash too few, or near to one. Short options could read it, too:
-/// `-output x` would set `-o` to "utput". It is taken for a row of flags only if each letter is one.
+/// Whether `-name` is a long option with one dash too few, or near to one, or has no letter that is an
+/// option. Short options could read it, too: `-output x` would set `-o` to "utput". It is taken for a row of
+/// flags only if each letter is one.
 bool command_line_parser::is_misspelt_long(std::string_view name) {
   if (name.size() < 3) return false;
+  const auto is_known = [this](char letter) {
+    return letter == 'h' || names_.find_option(scope_, letter) != not_found;
+  };
   const auto is_known_flag = [this](char letter) {
     const std::size_t number = names_.find_option(scope_, letter);
     return number != not_found && is_flag(number);
   };
   if (std::all_of(name.begin(), name.end(), is_known_flag)) return false;
-  if (names_.find_option(scope_, name) != not_found) return true;
-  if (names_.find_option(scope_, name[0]) != not_found) return false;
+  if (names_.find_option(scope_, name) != not_found || find_negated(name) != not_found) return true;
+  if (is_known(name[0])) return false;
+  if (std::none_of(name.begin(), name.end(), is_known)) return true;
   if (searches_left_ == 0) return false;
   --searches_left_;
   nearest_name search(name);

@@ -83,6 +83,7 @@ class command_line_parser {
   void read_positional(std::string_view word);
 
   void read_long(const written_option& option);
+  std::size_t find_negated(std::string_view name) const;
   void read_short_options(std::string_view word);
   bool is_misspelt_long(std::string_view name);
   void read_short(char name, std::string_view rest, bool& ends);
@@ -109,6 +110,8 @@ class command_line_parser {
   std::size_t next_positional_ = 0;
   bool has_ended_options_ = false;
   bool follows_unknown_ = false;
+  /// Positional arguments that follow an unknown option.
+  std::size_t doubtful_words_ = 0;
   /// So that a command line of nothing but mistakes costs no more than its length.
   std::size_t searches_left_ = max_searched_names;
   asked_for asked_ = asked_for::nothing;

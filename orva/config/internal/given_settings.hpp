@@ -70,8 +70,8 @@ class given_settings {
 /// where a comma may be part of an element. Blanks around an element do not count.
 std::vector<std::string> list_elements(const setting_type& type, std::string_view text);
 
-/// The same for a variable of the environment, which has no other way to hold several texts: `separator`
-/// separates paths, and a comma texts.
+/// The same for a source that has no other way to hold several texts, such as a variable of the environment:
+/// `separator` separates paths, and a comma texts.
 std::vector<std::string> variable_elements(const setting_type& type, std::string_view text, char separator);
 
 }  // namespace ORVA_NAMESPACE::config::_private

@@ -90,9 +90,15 @@ void setting_findings::add_unknown_option(const ustring8& file, place at, std::s
                                           std::size_t scope) {
   add(severity::error, "config.unknown_option", file, at, {{"option", option}});
   if (!may_search()) return;
-  nearest_name search(option.substr(std::min(option.find_first_not_of("-/"), option.size())));
+  const std::string_view name = option.substr(std::min(option.find_first_not_of("-/"), option.size()));
+  const bool may_be_negated = name.starts_with("no-");
+  nearest_name search(name);
   for (; scope != not_found; scope = names_.scopes()[scope].parent) {
-    for (const auto& [known, number] : names_.scopes()[scope].long_options) search.consider(known);
+    for (const auto& [known, number] : names_.scopes()[scope].long_options) {
+      search.consider(known);
+      const bool is_flag = names_.settings()[number].described->type().kind() == value_kind::flag;
+      if (may_be_negated && is_flag) search.consider("no-" + std::string(known));
+    }
   }
   search.consider("help");
   add_nearest(file, at, search, dashes_);

@@ -80,7 +80,11 @@ void settings_loader::add_command_line_value(const command_line_value& value) {
   const setting_type& type = described(value.setting).type();
   const place at = place_of_word(value.word);
   std::vector<std::string> texts{std::string(value.text)};
-  if (type.is_list() && !value.is_whole) texts = list_elements(type, value.text);
+  if (type.is_list() && !value.is_whole) {
+    // `-key=a,b` has two elements of any type; `-key$a,b` is for those with commas.
+    const bool splits_all = options_.style == command_line_style::single_dash;
+    texts = splits_all ? variable_elements(type, value.text, ',') : list_elements(type, value.text);
+  }
   auto elements = elements_of(std::move(texts), at, value.is_doubtful);
 
   given_setting* const before = command_line_.find(value.setting);
