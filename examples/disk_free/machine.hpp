@@ -33,6 +33,7 @@ machine this_machine();
 ///
 /// Lines that are empty or start with `#` are skipped. Returns false if the file cannot be read; `bad_line`
 /// is 0 then. Returns false if a line is wrong; `bad_line` is its number then.
+/// The name is in UTF-8.
 bool read_machine(const std::string& file, machine& result, int& bad_line);
 
 /// The directory of this program's file.

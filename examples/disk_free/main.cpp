@@ -1,12 +1,11 @@
 // disk_free: reports the free space on each file system, in the language of its user.
 //
-//     disk_free [-language TAG] [-path=PATH,...] [-form=short] [-messages=DIRECTORY] [-sizes=FILE]
-//               [-cfg_file=FILE] [-dump]
+//     disk_free [--language TAG] [--path PATH,...] [--form short] [--messages DIRECTORY] [--sizes FILE]
+//               [--cfg_file FILE] [--dump]
 //
 // See README.md beside this file.
 
 #include <algorithm>
-#include <cstdlib>
 #include <exception>
 #include <iostream>
 #include <string>
@@ -17,10 +16,13 @@
 #include "orva/orva.hpp"
 #include "settings.hpp"
 
+using orva::config::asked_for;
 using orva::generic::varg_list;
 using orva::i18n::message_catalogs;
 
 namespace {
+
+enum exit_code { all_is_well = 0, failure = 1, wrong_usage = 2 };
 
 constexpr char catalog[] = "disk_free";
 
@@ -87,7 +89,26 @@ std::string known_languages(const message_catalogs& catalogs) {
 
 int fail(const std::string& text) {
   std::cerr << text << '\n';
-  return EXIT_FAILURE;
+  return failure;
+}
+
+/// The text of --help or --version, in the user's language.
+orva::strings::ustring8 information(const orva::config::settings& values, const message_catalogs& catalogs) {
+  if (values.asks_for() == asked_for::version) return version_text(values.declared());
+  orva::config::help_options options;
+  options.width = orva::config::help_width(std::cout);
+  options.texts = [&](std::string_view name, std::string_view english) {
+    return orva::i18n::translate(name, english, catalogs, catalog);
+  };
+  return help_text(values.declared(), options);
+}
+
+/// Writes what is wrong with the settings, in the user's language.
+void write_findings(const orva::diagnostics::report& found, const message_catalogs& catalogs) {
+  orva::diagnostics::text_options options;
+  options.colour = orva::diagnostics::shows_colour(std::cerr);
+  options.sentence = [&](const auto& each) { return orva::i18n::describe(each, catalogs); };
+  write_text(std::cerr, found, options);
 }
 
 /// Removes the file systems that are not in `paths`, unless that is empty.
@@ -98,15 +119,11 @@ void select_paths(disk_free::machine& machine, const std::vector<std::string>& p
   });
 }
 
-int run(const disk_free::settings& settings) {
-  // A language that the user set must be there. That of the environment may fall back to English.
-  const std::string language = settings.language();
-  message_catalogs catalogs;
-  const auto loaded = catalogs.load(settings.messages(), language);
-  if (loaded != message_catalogs::no_error) return fail(loaded.message());
-
+int report_disks(const disk_free::settings& settings, const message_catalogs& catalogs) {
   const report report(catalogs);
   varg_list args;
+  // A language that the user set must be there. That of the environment may fall back to English.
+  const std::string language = settings.language();
   if (settings.sets_language() && !disk_free::speaks(catalogs, catalog, language)) {
     args.push_back("language", language);
     args.push_back("known", known_languages(catalogs));
@@ -126,17 +143,35 @@ int run(const disk_free::settings& settings) {
   select_paths(machine, settings.paths());
   if (machine.file_systems.empty()) return fail(report.text("no_disks", args));
   report.print(machine, settings.is_short());
-  return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+  return all_is_well;
+}
+
+int run(const disk_free::settings& settings) {
+  const orva::config::settings& values = settings.all();
+  message_catalogs catalogs;
+  const auto loaded = catalogs.load(settings.messages(), settings.language());
+  if (values.asks_for() != asked_for::nothing) {
+    std::cout << information(values, catalogs);
+    return all_is_well;
+  }
+  write_findings(values.report(), catalogs);
+  if (values.report().has_errors()) return wrong_usage;
+  if (settings.dump()) {
+    std::cout << values.manager();
+    return all_is_well;
+  }
+  if (loaded != message_catalogs::no_error) return fail(loaded.message());
+  return report_disks(settings, catalogs);
 }
 
 }  // namespace
 
 int main(int argc, char** argv, char** environment) {
   try {
-    const disk_free::settings settings(argc, argv, environment, disk_free::program_directory());
-    if (!settings.dump()) return run(settings);
-    std::cout << settings.all();
-    return std::cout.flush() ? EXIT_SUCCESS : EXIT_FAILURE;
+    const orva::system::program_arguments arguments(argc, argv);
+    const int code = run(disk_free::settings(arguments.count(), arguments.values(), environment,
+                                             disk_free::program_directory()));
+    return std::cout.flush() ? code : failure;
   } catch (const orva::exceptions::exception& failure) {
     return fail(failure.message());
   } catch (const std::exception& failure) {

@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -29,7 +30,7 @@ bool read_line(const std::string& text, machine& result) {
 
 bool read_machine(const std::string& file, machine& result, int& bad_line) {
   bad_line = 0;
-  std::ifstream lines(file);
+  std::ifstream lines(std::filesystem::path(std::u8string(file.begin(), file.end())));
   if (!lines) return false;
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {

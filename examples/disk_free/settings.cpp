@@ -1,6 +1,7 @@
 #include "settings.hpp"
 
 #include <algorithm>
+#include <cstdlib>
 #include <utility>
 
 namespace disk_free {
@@ -16,62 +17,81 @@ std::string utf8_of(const std::filesystem::path& path) {
   return {text.begin(), text.end()};
 }
 
-}  // namespace
-
-settings::settings(int argc, const char* const* argv, const char* const* environment,
-                   const std::filesystem::path& directory)
-    : directory_(utf8_of(directory)) {
-  config_.init(config::std_config_dispatch(argc, argv, environment, directory_ + "/disk_free.cfg", ""));
-  config_.load();
-  make_links();
-  link_language_to_environment();
-}
-
-/// The format has no notation for links, so each key in the section "links" becomes a link.
-void settings::make_links() {
-  std::vector<std::pair<ustring8, variant>> links;
-  config_.get_key_value_array("links", links, false);
-  const auto file = config_.get_config_item("standard file");
-  for (const auto& [key, target] : links) file->set(key, target, config::config_tree::NODE_LINK);
+/// "-language de" as well as "--language de".
+config::settings_options single_dash() {
+  config::settings_options options;
+  options.style = config::command_line_style::single_dash;
+  return options;
 }
 
 /// The environment has names of its own for the language. LANGUAGE is not used: it is a list.
-void settings::link_language_to_environment() {
-  const auto environment = config_.get_config_item("enviroment");
-  environment->set("language", "en", 0);
-  for (const char* const name : {"lang", "lc_messages", "lc_all"}) {
-    const auto* const value = environment->get_value(name);
-    if (value == nullptr || value->second.as_string().empty()) continue;
-    environment->set("language", name, config::config_tree::NODE_LINK);
+std::string language_of_environment() {
+  std::string language;
+  for (const char* const name : {"LC_ALL", "LC_MESSAGES", "LANG"}) {
+    const char* const value = std::getenv(name);
+    if (value == nullptr || *value == '\0') continue;
+    language = value;
+    break;
   }
-}
-
-std::string settings::language() const {
-  std::string language = text("language", "en");
-  if (sets_language()) return language;
   language.erase(std::min(language.find_first_of(".@"), language.size()));
   return language.empty() || language == "C" || language == "POSIX" ? "en" : language;
 }
 
-/// The first of command line and file that has the key. The environment is left out: its "path" is something
-/// else.
-const config::base_config_item* settings::item_with(const char* key) const {
-  for (const char* const id : {"command line", "standard file"}) {
-    const auto item = config_.get_config_item(id);
-    if (item->get_value(key) != nullptr) return item.get();
-  }
-  return nullptr;
+}  // namespace
+
+config::declaration declared(const std::filesystem::path& directory) {
+  using config::setting;
+  const std::string beside = utf8_of(directory);
+  config::declaration program("disk_free");
+  program.version(DISK_FREE_VERSION)
+      .description("Reports the free space on each file system, in your language.");
+  program.add(setting("language", config::text())
+                  .value_name("TAG")
+                  .help("Language tag, such as de or de_AT. Otherwise, the language of the environment."));
+  program.add(setting("path", config::list_of(config::text()))
+                  .value_name("PATH,...")
+                  .help("The file systems to show. Otherwise, all."));
+  program.add(setting("form", config::one_of({"full", "short"}))
+                  .by_default("full")
+                  .environment("FORM")
+                  .value_name("FORM")
+                  .help("Short leaves out the heading and the summary."));
+  program.add(setting("messages", config::file_path())
+                  .by_default(beside + "/messages")
+                  .environment("MESSAGES")
+                  .value_name("PATH")
+                  .help("A directory with the texts of the program, or a file."));
+  program.add(setting("sizes", config::file_path())
+                  .environment("SIZES")
+                  .value_name("FILE")
+                  .help("A file that describes another machine."));
+  program.add(setting("cfg_file", config::file_path())
+                  .by_default(beside + "/disk_free.cfg")
+                  .value_name("FILE")
+                  .help("A file with settings."));
+  program.add(setting("dump", config::flag()).help("Prints all settings, by source, and nothing else."));
+  program.allow_section("links");
+  program.allow_section("office");
+  return program;
 }
 
-std::vector<std::string> settings::paths() const {
-  const config::base_config_item* const item = item_with("path");
-  if (item == nullptr) return {};
-  std::vector<config::base_config_item::value_entry> elements;
-  item->get_array("path", elements);
-  if (elements.empty()) return {item->get_value("path")->second.as_string()};
-  std::vector<std::string> paths;
-  for (const auto& element : elements) paths.push_back(element.second.second.as_string());
-  return paths;
+settings::settings(int argc, const char* const* argv, const char* const* environment,
+                   const std::filesystem::path& directory)
+    : values_(declared(directory), argc, argv, environment, single_dash()) {
+  make_links();
+}
+
+/// The format has no notation for links, so each key in the section "links" becomes a link.
+void settings::make_links() {
+  const config::config_manager& manager = values_.manager();
+  std::vector<std::pair<ustring8, variant>> links;
+  manager.get_key_value_array("links", links, false);
+  const auto file = manager.get_config_item("standard file");
+  for (const auto& [key, target] : links) file->set(key, target, config::config_tree::NODE_LINK);
+}
+
+std::string settings::language() const {
+  return sets_language() ? text("language") : language_of_environment();
 }
 
 }  // namespace disk_free

@@ -9,10 +9,12 @@
 
 namespace disk_free {
 
+/// The settings that there are. `directory` is the program's directory, with its settings file and messages.
+orva::config::declaration declared(const std::filesystem::path& directory);
+
 class settings {
  public:
-  /// `directory` is the program's directory, with its settings file and messages. The arrays must live as
-  /// long as this object.
+  /// The arrays must live as long as this object.
   settings(int argc, const char* const* argv, const char* const* environment,
            const std::filesystem::path& directory);
 
@@ -23,31 +25,28 @@ class settings {
   ///     LANG=C, or none   =>  "en"
   std::string language() const;
   /// Whether the command line or the file sets a language. It must be there then.
-  bool sets_language() const { return item_with("language") != nullptr; }
+  bool sets_language() const { return all().manager().value_exist("language"); }
 
   /// "messages": a directory or a file.
-  std::string messages() const { return text("messages", directory_ + "/messages"); }
+  std::string messages() const { return text("messages"); }
   /// "sizes": the file that describes a machine; empty for this machine.
-  std::string sizes() const { return text("sizes", ""); }
+  std::string sizes() const { return text("sizes"); }
   /// "path": the file systems to show; empty for all.
-  std::vector<std::string> paths() const;
+  std::vector<std::string> paths() const { return values_.get_list<std::string>("path"); }
   /// "form": "short" shows only the file systems.
-  bool is_short() const { return text("form", "full") == "short"; }
+  bool is_short() const { return text("form") == "short"; }
   /// "dump": whether to print these settings and nothing else.
-  bool dump() const { return config_.value_exist("dump"); }
+  bool dump() const { return values_.get<bool>("dump"); }
 
-  const orva::config::config_manager& all() const { return config_; }
+  /// With the report of what is wrong.
+  const orva::config::settings& all() const { return values_; }
 
  private:
-  std::string text(const char* key, const std::string& otherwise) const {
-    return config_.get_value(key, otherwise).as_string();
-  }
-  const orva::config::base_config_item* item_with(const char* key) const;
+  /// A value that may be a link: only the manager follows links.
+  std::string text(const char* key) const { return values_.manager().get_value(key, "").as_string(); }
   void make_links();
-  void link_language_to_environment();
 
-  std::string directory_;
-  orva::config::config_manager config_;
+  orva::config::settings values_;
 };
 
 }  // namespace disk_free

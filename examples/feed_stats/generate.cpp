@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <filesystem>
 #include <fstream>
 
 namespace feed_stats {
@@ -52,7 +53,7 @@ const std::string& damaged_record(std::uint64_t number) {
 }  // namespace
 
 bool generate(const std::string& file, std::uint64_t bytes, std::uint64_t damage_one_of) {
-  std::ofstream out(file, std::ios::binary);
+  std::ofstream out(std::filesystem::path(std::u8string(file.begin(), file.end())), std::ios::binary);
   out << "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<osm version=\"0.6\" generator=\"feed_stats\">\n";
   std::uint64_t written = 0;
   for (std::uint64_t number = 1; written < bytes && out; ++number) {

@@ -1,56 +1,19 @@
 // Counts the records of a feed of any size, with a progress bar, and passes over the damaged ones.
 #include <algorithm>
-#include <cstdlib>
 #include <exception>
 #include <iomanip>
 #include <iostream>
-#include <optional>
 #include <string>
 
 #include "generate.hpp"
+#include "options.hpp"
 #include "statistics.hpp"
 
 namespace {
 
-struct options {
-  std::string file;
-  bool show_progress = true;
-  /// Set: a feed is written and not read.
-  std::optional<std::uint64_t> megabytes;
-  std::uint64_t damage_one_of = 0;
-};
+using orva::config::asked_for;
 
-std::optional<std::uint64_t> read_number(const std::string& word) {
-  const orva::strings::ustring8 text(word);
-  if (text.empty() || text.size() > 9 || text.find_first_not_of("0123456789") != text.npos)
-    return std::nullopt;
-  return orva::generic::convert::str_to_uint32(text.data(), text.size(), orva::types::radix_t::decimal,
-                                               false);
-}
-
-std::optional<options> read_options(int argc, char** argv) {
-  options result;
-  for (int i = 1; i < argc; ++i) {
-    const std::string word = argv[i];
-    if (word == "--no-progress") {
-      result.show_progress = false;
-    } else if ((word == "--generate" || word == "--damage") && i + 1 < argc) {
-      const auto number = read_number(argv[++i]);
-      if (!number) return std::nullopt;
-      if (word == "--generate") {
-        result.megabytes = number;
-      } else {
-        result.damage_one_of = *number;
-      }
-    } else if (word.starts_with('-') || !result.file.empty()) {
-      return std::nullopt;
-    } else {
-      result.file = word;
-    }
-  }
-  if (result.file.empty()) return std::nullopt;
-  return result;
-}
+enum exit_code { all_is_well = 0, failure = 1, wrong_usage = 2 };
 
 /// [##########..............................]  25 %
 class progress_bar {
@@ -91,8 +54,8 @@ void print(const feed_stats::statistics& found) {
   std::cout << "root: " << found.root << ", damaged places: " << found.damages << '\n';
 }
 
-int count_records(const options& options) {
-  progress_bar bar(options.show_progress);
+int count_records(const std::string& file, bool shows_progress) {
+  progress_bar bar(shows_progress);
   feed_stats::observer observer;
   observer.progress = [&bar](long long offset, long long length) { bar.show(offset, length); };
   observer.damage = [&bar](auto error, long long offset, unsigned long line) {
@@ -100,33 +63,51 @@ int count_records(const options& options) {
     std::cerr << "damaged at byte " << offset << ", line " << line
               << " or later: " << feed_stats::words(error) << '\n';
   };
-  const auto found = feed_stats::gather(options.file, observer);
+  const auto found = feed_stats::gather(file, observer);
   // The text after the root is not read.
   if (found.ended_by == orva::parser::xml_stream_parser::end_of_document) bar.show(1, 1);
   bar.end_line();
   if (!found.root.empty()) print(found);
-  if (found.ended_by == orva::parser::xml_stream_parser::end_of_document) return EXIT_SUCCESS;
-  std::cerr << options.file << ": " << feed_stats::words(found.ended_by) << '\n';
-  return EXIT_FAILURE;
+  if (found.ended_by == orva::parser::xml_stream_parser::end_of_document) return all_is_well;
+  std::cerr << file << ": " << feed_stats::words(found.ended_by) << '\n';
+  return failure;
 }
 
 int fail(const std::string& text) {
   std::cerr << text << '\n';
-  return EXIT_FAILURE;
+  return failure;
+}
+
+int write_feed(const std::string& file, std::uint64_t megabytes, std::uint64_t damage_one_of) {
+  if (feed_stats::generate(file, megabytes << 20, damage_one_of)) return all_is_well;
+  return fail(file + " cannot be written");
+}
+
+int run(const orva::config::settings& values) {
+  if (values.asks_for() == asked_for::help) {
+    std::cout << help_text(values.declared(), {.width = orva::config::help_width(std::cout)});
+    return all_is_well;
+  }
+  if (values.asks_for() == asked_for::version) {
+    std::cout << version_text(values.declared());
+    return all_is_well;
+  }
+  orva::diagnostics::write_text(std::cerr, values.report());
+  if (values.report().has_errors()) return wrong_usage;
+
+  const auto file = values.get<std::string>("file");
+  const auto megabytes = values.find<std::uint64_t>("generate");
+  if (megabytes) return write_feed(file, *megabytes, values.get<std::uint64_t>("damage"));
+  return count_records(file, values.get<bool>("progress"));
 }
 
 }  // namespace
 
 int main(int argc, char** argv) {
   try {
-    const auto options = read_options(argc, argv);
-    if (!options)
-      return fail(
-          "usage: feed_stats [--no-progress] FILE\n       feed_stats --generate MEGABYTES [--damage N] FILE");
-    if (!options->megabytes) return count_records(*options);
-    if (feed_stats::generate(options->file, *options->megabytes << 20, options->damage_one_of))
-      return EXIT_SUCCESS;
-    return fail(options->file + " cannot be written");
+    const orva::system::program_arguments arguments(argc, argv);
+    const int code = run({feed_stats::declared(), arguments.count(), arguments.values()});
+    return std::cout.flush() ? code : failure;
   } catch (const std::exception& failure) {
     return fail(failure.what());
   }

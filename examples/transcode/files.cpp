@@ -16,6 +16,9 @@ namespace {
 
 constexpr std::string_view standard_stream = "-";
 
+/// A plain string would be taken for text in the code page of the machine, where it has one.
+fs::path path_of(const std::string& utf8) { return std::u8string(utf8.begin(), utf8.end()); }
+
 /// What a symbolic link leads to, so that the link stays one.
 fs::path file_behind(const fs::path& name) {
   std::error_code error;
@@ -40,7 +43,7 @@ input::input(const std::string& name) {
     stream_ = &std::cin;
     return;
   }
-  const fs::path path(name);
+  const fs::path path = path_of(name);
   std::error_code error;
   if (fs::is_directory(path, error)) return;
   file_.open(path, std::ios::binary);
@@ -63,7 +66,7 @@ output::output(const std::string& name) {
     stream_ = &std::cout;
     return;
   }
-  target_ = file_behind(name);
+  target_ = file_behind(path_of(name));
   std::error_code error;
   const auto status = fs::status(target_, error);
   if (!fs::exists(status) || fs::is_regular_file(status)) {

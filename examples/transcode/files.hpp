@@ -1,4 +1,4 @@
-/// The two ends of a conversion: files, or the standard streams under the name "-".
+/// The two ends of a conversion: files, or the standard streams under the name "-". Names are in UTF-8.
 #pragma once
 
 #include <cstdint>

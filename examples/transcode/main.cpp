@@ -20,6 +20,8 @@
 
 namespace {
 
+using orva::config::asked_for;
+
 enum exit_code {
   nothing_lost = 0,
   something_lost = 1,
@@ -103,17 +105,30 @@ int convert(const transcode::options& options) {
   return report.losses() == 0 ? nothing_lost : something_lost;
 }
 
-int run(int argc, char** argv) {
-  const auto read = transcode::read_options(argc, argv);
-  if (const auto* const error = std::get_if<transcode::usage_error>(&read))
-    return fail(wrong_command_line, error->text + "\ntry transcode --help");
-  if (const auto* const options = std::get_if<transcode::options>(&read)) return convert(*options);
-  if (std::get<transcode::information>(read) == transcode::information::help) {
-    std::cout << transcode::help_text;
-  } else {
-    print_list();
+int fail_usage() {
+  std::cerr << "try transcode --help\n";
+  return wrong_command_line;
+}
+
+int run(const orva::config::settings& values) {
+  if (values.asks_for() == asked_for::help) {
+    std::cout << help_text(values.declared(), {.width = orva::config::help_width(std::cout)});
+    return nothing_lost;
   }
-  return std::cout.flush() ? nothing_lost : file_failure;
+  if (values.asks_for() == asked_for::version) {
+    std::cout << version_text(values.declared());
+    return nothing_lost;
+  }
+  orva::diagnostics::write_text(std::cerr, values.report());
+  if (values.report().has_errors()) return fail_usage();
+  if (values.get<bool>("list")) {
+    print_list();
+    return nothing_lost;
+  }
+  const auto read = transcode::read_options(values);
+  if (const auto* const options = std::get_if<transcode::options>(&read)) return convert(*options);
+  fail(wrong_command_line, std::get<transcode::usage_error>(read).text);
+  return fail_usage();
 }
 
 }  // namespace
@@ -123,7 +138,9 @@ int main(int argc, char** argv) {
   std::signal(SIGINT, interrupt);
   std::signal(SIGTERM, interrupt);
   try {
-    return run(argc, argv);
+    const orva::system::program_arguments arguments(argc, argv);
+    const int code = run({transcode::declared(), arguments.count(), arguments.values()});
+    return std::cout.flush() ? code : file_failure;
   } catch (const std::exception& failure) {
     return fail(file_failure, failure.what());
   }

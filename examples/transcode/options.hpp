@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "encoding.hpp"
+#include "orva/orva.hpp"
 #include "progress_bar.hpp"
 
 namespace transcode {
@@ -22,16 +23,15 @@ struct options {
   progress_mode progress = progress_mode::for_long_work;
 };
 
-enum class information { help, list };
-
 /// What is wrong with the command line, in words.
 struct usage_error {
   std::string text;
 };
 
-std::variant<options, information, usage_error> read_options(int argc, char** argv);
+/// The options and arguments that there are.
+orva::config::declaration declared();
 
-/// The text of --help.
-extern const char* const help_text;
+/// What the values ask for. REQUIRES: their report has no errors.
+std::variant<options, usage_error> read_options(const orva::config::settings& values);
 
 }  // namespace transcode
