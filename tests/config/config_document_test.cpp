@@ -306,6 +306,8 @@ TEST(config_document, set_array_is_refused_where_other_lines_set_its_elements) {
   EXPECT_EQ(set_array("a[] = 1, 2\na[] = 3\n", "a", {"x", "y"}), "a[] = 1, 2\na[] = x, y\n");
   EXPECT_EQ(set_array("a[] = 1\na.0 = 2\n", "a", {"x"}), "affects_other_keys");
   EXPECT_EQ(set_array("a[] = 1,\"\"\nb[] = 2\n", "b", {"1", "x"}), "affects_other_keys");
+  EXPECT_EQ(set_array("a[] = 1,\"\"\nb[] = 2\n", "b", {"2"}), "affects_other_keys");
+  EXPECT_EQ(set("a[] = 1,\"\"\nb[] = 2\n", "b", "2"), "affects_other_keys");
   EXPECT_EQ(set_array("[s]\n\"[]\" = 1\n", "s", {"x"}), "affects_other_keys");
   EXPECT_EQ(set_array("a.1 = x\n", "a", {"1"}), "affects_other_keys");
 }

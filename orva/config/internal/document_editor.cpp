@@ -107,14 +107,17 @@ document_editor::result document_editor::change(std::size_t index, stored_value 
   if (part.is_open) return refused(error::unclosed, index);
   const bool is_alone = !(was_array || stored.is_array) ||
                         array_is_alone(document_, path_, index, stored.is_array ? stored.texts.size() : 0);
-  if (part.has_nested_elements || !is_alone) return refused(error::affects_other_keys, index);
+  const scanned_part scanned = document_.scan(index);
+  const bool has_elements_of_another = was_array && part.count > scanned.values.size();
+  if (part.has_nested_elements || has_elements_of_another || !is_alone) {
+    return refused(error::affects_other_keys, index);
+  }
 
   std::vector<replacement> replacements;
   if (!comment.empty()) {
     const error code = replace_comment(index, comment, replacements);
     if (code != error::none) return refused(code, index);
   }
-  const scanned_part scanned = document_.scan(index);
   if (was_array != stored.is_array) {
     if (!can_be_spelled(scanned.name)) return refused(error::bad_key, index);
     rewrite(scanned, stored, replacements);
