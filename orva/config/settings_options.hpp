@@ -23,11 +23,12 @@ enum class command_line_style {
   ///     --flag  --no-flag  --flag=off       true, false, false
   ///     --                                  no options after it: the rest are words
   ///     -                                   a word
-  ///     -5                                  a word or a value, where no option is named 5
+  ///     -5                                  a value, or a word that is no path, where no option is named 5
   ///
   /// Any other word that begins with `-` is no value of the option before it: `--name=-x` sets such a value.
   /// Long options are not abbreviated. A long option after one dash, `-key`, is refused, unless all its
-  /// letters are flags.
+  /// letters are flags. So is a declared option after a dash of printed text, as word processors write it.
+  /// `--sizes=1,2` are two elements of a list, except of texts and paths: these may have commas.
   gnu,
   /// As `commandline_item` reads it, so that a program may move to declared settings:
   ///

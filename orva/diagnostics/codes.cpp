@@ -21,6 +21,7 @@ constexpr code_description codes[] = {
     {"config.array_not_stored",
      "The array has no last element and is not stored; its other elements get into the next array."},
     {"config.array_takes_line", "The comma continues the array, which takes in line {line}."},
+    {"config.attach_value", "If the next word is its value, write both as one word: {name}=VALUE."},
     {"config.backslash_at_line_end", "A backslash does not continue a value on the next line."},
     {"config.backslash_before_quote", "The backslash keeps this quote from ending the text."},
     {"config.backslash_kept", "The backslash stays in the value: there are no escapes."},

@@ -91,11 +91,11 @@ const style_row gnu_rows[] = {
     {{"--name", "a", "--name", "a"}, "name=a"},
     {{"--name", "a", "--name", "b"}, "name=b !repeated:--name"},
     {{"--name", "-"}, "name=-"},
-    {{"--name", "--"}, "!missing_value:--name"},
+    {{"--name", "--"}, "!missing_value:--name !attach_value:--name"},
     {{"--name"}, "!missing_value:--name"},
     {{"-n"}, "!missing_value:-n"},
-    {{"--name", "--verbose"}, "verbose=true !missing_value:--name"},
-    {{"--name", "-x"}, "!missing_value:--name !unknown_option:-x"},
+    {{"--name", "--verbose"}, "verbose=true !missing_value:--name !attach_value:--name"},
+    {{"--name", "-x"}, "!missing_value:--name !attach_value:--name !unknown_option:-x"},
     {{"--name=-x"}, "name=-x"},
     {{"--window.width", "5"}, "window.width=5"},
     {{"--output", "x"}, "out=x"},
@@ -104,6 +104,21 @@ const style_row gnu_rows[] = {
     {{"--thread", "8"}, "first=8 !unknown_option:--thread !nearest_name:--threads"},
     {{"--thread=8"}, "!unknown_option:--thread !nearest_name:--threads"},
     {{"--xyzxyz"}, "!unknown_option:--xyzxyz"},
+    {{"--t", "8"}, "first=8 !unknown_option:--t !nearest_name:-t"},
+    {{"--x"}, "!unknown_option:--x"},
+    // Dashes as word processors write them.
+    {{"\u2013threads", "8"}, "first=8 !unknown_option:\u2013threads !nearest_name:--threads"},
+    {{"\u2014threads=8"}, "!unknown_option:\u2014threads !nearest_name:--threads"},
+    {{"\u2010\u2010verbose"}, "!unknown_option:\u2010\u2010verbose !nearest_name:--verbose"},
+    {{"-\u2013verbose"}, "!unknown_option:-\u2013verbose !nearest_name:--verbose"},
+    {{"\u2212v"}, "!unknown_option:\u2212v !nearest_name:-v"},
+    {{"\u2013help"}, "!unknown_option:\u2013help !nearest_name:--help"},
+    {{"\u2013x"}, "first=\u2013x"},
+    {{"\u2013"}, "first=\u2013"},
+    {{"\u2016v"}, "first=\u2016v"},
+    {{"\xE2\x80"}, "first=\xE2\x80"},
+    {{"--", "\u2013v"}, "first=\u2013v"},
+    {{"--name", "\u2013v"}, "name=\u2013v"},
     // Flags.
     {{"--verbose"}, "verbose=true"},
     {{"-v"}, "verbose=true"},
@@ -115,6 +130,7 @@ const style_row gnu_rows[] = {
     {{"--no-verbose=yes"}, "!unexpected_value:--no-verbose"},
     {{"--no-name"}, "!unknown_option:--no-name"},
     {{"--no-verbos"}, "!unknown_option:--no-verbos !nearest_name:--no-verbose"},
+    {{"--noverbose"}, "!unknown_option:--noverbose !nearest_name:--no-verbose"},
     {{"-no-verbose"}, "!unknown_option:-no-verbose !nearest_name:--no-verbose"},
     {{"--verbose", "a.jpg"}, "first=a.jpg verbose=true"},
     {{"--verbose", "--no-verbose"}, "verbose=false !repeated:--verbose"},
@@ -147,6 +163,8 @@ const style_row gnu_rows[] = {
     {{"-5"}, "first=-5"},
     {{"-.5"}, "first=-.5"},
     {{"-5x"}, "first=-5x"},
+    {{"a", "-5"}, "first=a !unknown_option:-5"},
+    {{"a", "--", "-5"}, "files=[-5] first=a"},
     {{"-."}, "!unknown_option:-."},
     {{"/verbose"}, "first=/verbose"},
     {{"/?"}, "first=/?"},
@@ -166,8 +184,10 @@ const style_row gnu_rows[] = {
     {{"-vh"}, "verbose=true ?help"},
     {{"--version"}, " ?version"},
     {{"--help", "--version"}, " ?help"},
-    {{"--help=all"}, "!unknown_option:--help !nearest_name:--help"},
-    {{"--name", "--help"}, "!missing_value:--name ?help"},
+    {{"--help=all"}, "!unexpected_value:--help"},
+    {{"--version="}, "!unexpected_value:--version"},
+    {{"--versoin"}, "!unknown_option:--versoin !nearest_name:--version"},
+    {{"--name", "--help"}, "!missing_value:--name !attach_value:--name ?help"},
     {{"--", "--help"}, "first=--help"},
     {{"--hlep"}, "!unknown_option:--hlep !nearest_name:--help"},
 };
@@ -192,7 +212,7 @@ const style_row single_dash_rows[] = {
     {{"-name=a,b"}, "name=a,b"},
     {{"-name=x y"}, "name=x y"},
     {{"-name", "/x"}, "name=/x"},
-    {{"-name", "/verbose"}, "verbose=true !missing_value:-name"},
+    {{"-name", "/verbose"}, "verbose=true !missing_value:-name !attach_value:-name"},
     {{"-sizes=1,2,3"}, "sizes=[1|2|3]"},
     {{"-sizes", "1", "2", "-verbose"}, "sizes=[1|2] verbose=true"},
     {{"-names=a,b"}, "names=[a|b]"},
@@ -209,11 +229,14 @@ const style_row single_dash_rows[] = {
     {{"-thread=5"}, "!unknown_option:-thread !nearest_name:-threads"},
     {{"--", "-verbose"}, "first=-verbose"},
     {{"-5"}, "first=-5"},
+    {{"a", "-5"}, "first=a !unknown_option:-5"},
+    {{"\u2013threads"}, "!unknown_option:\u2013threads !nearest_name:-threads"},
     {{"-"}, "first=-"},
     {{"-help"}, " ?help"},
     {{"-h"}, " ?help"},
     {{"-?"}, " ?help"},
     {{"--help"}, " ?help"},
+    {{"-help=all"}, "!unexpected_value:-help"},
     {{"-version"}, " ?version"},
     {{"-="}, "!unknown_option:-"},
 };
@@ -268,7 +291,19 @@ TEST(a_short_option_that_is_a_digit, is_no_negative_number) {
   declared.add_positional(setting("word", text()));
   EXPECT_EQ(reading_of(program_run(declared, {"-1"})), "one=true");
   EXPECT_EQ(reading_of(program_run(declared, {"-2"})), "word=-2");
-  EXPECT_EQ(reading_of(program_run(declared, {"--n", "-1"})), "one=true !missing_value:--n");
+  EXPECT_EQ(reading_of(program_run(declared, {"--n", "-1"})),
+            "one=true !missing_value:--n !attach_value:--n");
+}
+
+TEST(a_negative_number, is_a_word_only_where_one_may_be_expected) {
+  declaration numbers("tool");
+  numbers.add_positional(setting("offsets", list_of(integer())));
+  EXPECT_EQ(reading_of(program_run(numbers, {"-5", "-12"})), "offsets=[-5|-12]");
+  declaration paths("tool");
+  paths.add_positional(setting("files", list_of(file_path())));
+  EXPECT_EQ(reading_of(program_run(paths, {"-5", "a"})), "files=[a] !unknown_option:-5");
+  EXPECT_EQ(reading_of(program_run(paths, {"--unknown", "-5"})), "files=[-5] !unknown_option:--unknown");
+  EXPECT_EQ(reading_of(program_run(declaration("tool"), {"-5"})), "!unknown_option:-5");
 }
 
 TEST(words, that_nothing_takes_are_reported) {
@@ -327,6 +362,7 @@ TEST(commands, that_are_wrong_are_reported) {
   EXPECT_EQ(command_reading({"fetch"}), ": !unknown_command:fetch !nearest_name:Fetch");
   EXPECT_EQ(command_reading({"frob", "--name", "x"}), ": !unknown_command:frob");
   EXPECT_EQ(command_reading({"-n", "x"}), ": !unknown_option:-n");
+  EXPECT_EQ(command_reading({"-5", "Fetch"}), "Fetch: !unknown_option:-5");
   EXPECT_EQ(command_reading({"remote"}), "remote: !missing_command:add");
   EXPECT_EQ(command_reading({"remote", "--help"}), "remote:  ?help");
   EXPECT_EQ(command_reading({"remote", "add"}), "remote.add: !required:--name");

@@ -39,12 +39,15 @@ void command_line_parser::read_next() {
   const std::string_view word = words_[next_++];
   if (!has_ended_options_ && word == "--") {
     has_ended_options_ = true;
-  } else if (!is_option(word)) {
+  } else if (has_printed_dash(word)) {
+    const auto end = word.find('=');
+    add_unknown(std::string(word.substr(0, end)), end == word.npos);
+  } else if (!is_option(word) && (followed_unknown || !is_negative_number(word) || takes_number())) {
     follows_unknown_ = followed_unknown;
     read_word(word);
     follows_unknown_ = false;
   } else if (word == "/?") {
-    static_cast<void>(read_request("help"));
+    static_cast<void>(read_request("help", {"/", "?"}));
   } else if (options_.style == command_line_style::single_dash) {
     read_single_dash(word);
   } else if (word.starts_with("--")) {
@@ -69,10 +72,29 @@ bool command_line_parser::is_declared_after_slash(std::string_view word) const {
 }
 
 bool command_line_parser::is_negative_number(std::string_view word) const {
+  if (has_ended_options_ || word.size() < 2 || word[0] != '-') return false;
   const bool has_digit = is_digit(word[1]) || (word.size() > 2 && word[1] == '.' && is_digit(word[2]));
   if (!has_digit) return false;
   if (options_.style == command_line_style::gnu) return names_.find_option(scope_, word[1]) == not_found;
   return find_single_dash(split_single_dash(word).name) == not_found;
+}
+
+/// Whether the next word may be a negative number. Nobody has a file or a command of the name -5: as one of
+/// them it is an option that is not known.
+bool command_line_parser::takes_number() const {
+  const auto& positionals = scope_now().positionals;
+  if (next_positional_ >= positionals.size()) return false;
+  return described(positionals[next_positional_]).type().kind() != value_kind::path;
+}
+
+/// Whether an option was copied from a text in which a word processor replaced its dashes.
+bool command_line_parser::has_printed_dash(std::string_view word) const {
+  if (has_ended_options_ || !word.starts_with('\xE2')) return false;
+  std::string_view name = without_dashes(word);
+  if (name.size() == word.size()) return false;
+  name = name.substr(0, name.find('='));
+  if (name == "help" || names_.find_option(scope_, name) != not_found) return true;
+  return name.size() == 1 && names_.find_option(scope_, name[0]) != not_found;
 }
 
 // Words.
@@ -120,7 +142,7 @@ void command_line_parser::read_long(const written_option& option) {
   if (number != not_found) return read_found(number, option);
   const std::size_t negated = find_negated(option.name);
   if (negated != not_found) return read_negation(negated, option);
-  if (!option.has_attached && read_request(option.name)) return;
+  if (read_request(option.name, option)) return;
   add_unknown(with_dashes(option.dashes, option.name), !option.has_attached);
 }
 
@@ -131,12 +153,17 @@ std::size_t command_line_parser::find_negated(std::string_view name) const {
   return number != not_found && is_flag(number) ? number : not_found;
 }
 
-bool command_line_parser::read_request(std::string_view name) {
+bool command_line_parser::read_request(std::string_view name, const written_option& option) {
   asked_for asked = asked_for::nothing;
   if (name == "help") asked = asked_for::help;
-  if (name == "version" && !names_.scopes()[0].declared->version().empty()) asked = asked_for::version;
-  if (asked_ == asked_for::nothing) asked_ = asked;
-  return asked != asked_for::nothing;
+  if (name == "version" && names_.has_version()) asked = asked_for::version;
+  if (asked == asked_for::nothing) return false;
+  if (option.has_attached) {
+    add_fault(fault::unexpected_value, with_dashes(option.dashes, option.name));
+  } else if (asked_ == asked_for::nothing) {
+    asked_ = asked;
+  }
+  return true;
 }
 
 void command_line_parser::read_short_options(std::string_view word) {
@@ -167,9 +194,7 @@ bool command_line_parser::is_misspelt_long(std::string_view name) {
   if (searches_left_ == 0) return false;
   --searches_left_;
   nearest_name search(name);
-  for (std::size_t scope = scope_; scope != not_found; scope = names_.scopes()[scope].parent) {
-    for (const auto& [known, number] : names_.scopes()[scope].long_options) search.consider(known);
-  }
+  names_.consider_options(scope_, search);
   return !search.found().empty();
 }
 
@@ -178,7 +203,7 @@ void command_line_parser::read_short(char name, std::string_view rest, bool& end
   const std::size_t number = names_.find_option(scope_, name);
   const std::string_view after = rest.substr(1);
   if (number == not_found) {
-    if (name == 'h' && read_request("help")) return;
+    if (name == 'h' && read_request("help", {"-", "h"})) return;
     ends = true;  // what follows may be a value
     return add_unknown(with_dashes("-", first_character(rest)), after.empty());
   }
@@ -198,7 +223,7 @@ void command_line_parser::read_single_dash(std::string_view word) {
     if (negated != not_found && is_flag(negated)) return read_negation(negated, option);
   }
   const std::string_view request = option.name == "h" || option.name == "?" ? "help" : option.name;
-  if (!option.has_attached && read_request(request)) return;
+  if (read_request(request, option)) return;
   add_unknown(with_dashes(option.dashes, option.name), !option.has_attached);
 }
 
@@ -244,15 +269,13 @@ void command_line_parser::read_negation(std::size_t number, const written_option
 }
 
 void command_line_parser::read_value_word(std::size_t number, const std::string& name) {
-  if (next_ == words_.size() || is_option(words_[next_]))
-    return add_fault(fault::missing_value, name, number);
+  if (next_ == words_.size() || is_option(words_[next_])) return add_missing_value(name, number);
   ++next_;
   add_value(number, words_[next_ - 1], name, options_.style == command_line_style::single_dash);
 }
 
 void command_line_parser::read_list_words(std::size_t number, const std::string& name) {
-  if (next_ == words_.size() || is_option(words_[next_]))
-    return add_fault(fault::missing_value, name, number);
+  if (next_ == words_.size() || is_option(words_[next_])) return add_missing_value(name, number);
   while (next_ < words_.size() && !is_option(words_[next_])) add_value(number, words_[next_++], name, true);
 }
 
@@ -265,6 +288,11 @@ void command_line_parser::add_value(std::size_t number, std::string_view text, s
 
 void command_line_parser::add_fault(fault kind, std::string name, std::size_t number) {
   faults_.push_back({kind, std::move(name), next_, number});
+}
+
+void command_line_parser::add_missing_value(std::string name, std::size_t number) {
+  add_fault(fault::missing_value, std::move(name), number);
+  faults_.back().is_followed = next_ < words_.size();
 }
 
 void command_line_parser::add_unknown(std::string name, bool may_take_word) {

@@ -41,6 +41,8 @@ struct command_line_fault {
   std::size_t word;
   /// Whose value is missing.
   std::size_t setting = not_found;
+  /// Whether a word follows that may be the missing value, though it looks like an option.
+  bool is_followed = false;
 };
 
 class command_line_parser {
@@ -64,7 +66,7 @@ class command_line_parser {
   struct written_option {
     std::string_view dashes;
     std::string_view name;
-    std::string_view attached;
+    std::string_view attached = {};
     bool has_attached = false;
     bool is_whole = false;
   };
@@ -76,6 +78,8 @@ class command_line_parser {
   bool is_option(std::string_view word) const;
   bool is_declared_after_slash(std::string_view word) const;
   bool is_negative_number(std::string_view word) const;
+  bool takes_number() const;
+  bool has_printed_dash(std::string_view word) const;
 
   void read_next();
   void read_word(std::string_view word);
@@ -93,12 +97,13 @@ class command_line_parser {
 
   void read_found(std::size_t number, const written_option& option);
   void read_negation(std::size_t number, const written_option& option);
-  bool read_request(std::string_view name);
+  bool read_request(std::string_view name, const written_option& option);
   void read_list_words(std::size_t number, const std::string& name);
   void read_value_word(std::size_t number, const std::string& name);
 
   void add_value(std::size_t number, std::string_view text, std::string name, bool is_whole = false);
   void add_fault(fault kind, std::string name, std::size_t number = not_found);
+  void add_missing_value(std::string name, std::size_t number);
   void add_unknown(std::string name, bool may_take_word);
 
   const declared_names& names_;

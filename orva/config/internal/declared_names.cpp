@@ -22,6 +22,23 @@ std::string lower_case(std::string_view text) {
 
 }  // namespace
 
+std::string_view without_dashes(std::string_view option) {
+  // U+2010 to U+2015, hyphens and dashes, and U+2212, the minus sign, in UTF-8.
+  const auto begins_with_printed_dash = [](std::string_view text) {
+    if (text.starts_with("\xE2\x88\x92")) return true;
+    return text.starts_with("\xE2\x80") && text.size() > 2 && text[2] >= '\x90' && text[2] <= '\x95';
+  };
+  for (;;) {
+    if (option.starts_with('-') || option.starts_with('/')) {
+      option.remove_prefix(1);
+    } else if (begins_with_printed_dash(option)) {
+      option.remove_prefix(3);
+    } else {
+      return option;
+    }
+  }
+}
+
 declared_names::declared_names(const declaration& declared) {
   add_scopes(declared);
   for (std::size_t scope = 0; scope < scopes_.size(); ++scope) add_settings(scope);
@@ -182,6 +199,16 @@ std::size_t declared_names::find_option(std::size_t scope, char short_option) co
     if (found != not_found) return found;
   }
   return not_found;
+}
+
+void declared_names::consider_options(std::size_t scope, nearest_name& search) const {
+  for (; scope != not_found; scope = scopes_[scope].parent) {
+    for (const auto& [known, number] : scopes_[scope].long_options) {
+      search.consider(known);
+      const bool is_flag = settings_[number].described->type().kind() == value_kind::flag;
+      if (is_flag && search.begins_with("no")) search.consider("no-" + std::string(known));
+    }
+  }
 }
 
 bool declared_names::is_around(std::size_t scope, std::size_t inner) const {

@@ -16,11 +16,15 @@
 #include <vector>
 
 #include "orva/config/declaration.hpp"
+#include "orva/config/internal/nearest_name.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
 
 /// A number that no setting and no scope has: the result of a lookup that finds none.
 inline constexpr std::size_t not_found = static_cast<std::size_t>(-1);
+
+/// The name of an option as it was written: without any `-`, `/` and the dashes of printed text in front.
+std::string_view without_dashes(std::string_view option);
 
 struct declared_setting {
   const setting* described;
@@ -63,6 +67,11 @@ class declared_names {
 
   std::size_t find_option(std::size_t scope, std::string_view long_option) const;
   std::size_t find_option(std::size_t scope, char short_option) const;
+  /// Has the search consider the long options of the scope, and the negations of its flags.
+  void consider_options(std::size_t scope, nearest_name& search) const;
+
+  /// Whether the program has the option `--version`.
+  bool has_version() const { return !scopes_[0].declared->version().empty(); }
 
   /// Whether a key in lower case is a section that the program allows, or is in one.
   bool is_allowed(std::string_view key) const;

@@ -28,6 +28,7 @@ class nearest_name {
   explicit nearest_name(std::string_view text);
 
   void consider(std::string_view name);
+  bool begins_with(std::string_view lower_case) const { return text_.starts_with(lower_case); }
   const std::string& found() const noexcept { return found_; }
 
  private:

@@ -1,6 +1,5 @@
 #include "orva/config/internal/setting_findings.hpp"
 
-#include <algorithm>
 #include <utility>
 #include <vector>
 
@@ -83,25 +82,22 @@ void setting_findings::add_wrong_value(severity level, const given_setting& give
   if (type.kind() != value_kind::choice || is_hidden || !may_search()) return;
   nearest_name search(given_value.text);
   for (const auto& word : type.choices()) search.consider(word);
-  add_nearest(given.file, at, search, "");
+  add_nearest(given.file, at, search.found(), "");
 }
 
 void setting_findings::add_unknown_option(const ustring8& file, place at, std::string_view option,
                                           std::size_t scope) {
   add(severity::error, "config.unknown_option", file, at, {{"option", option}});
   if (!may_search()) return;
-  const std::string_view name = option.substr(std::min(option.find_first_not_of("-/"), option.size()));
-  const bool may_be_negated = name.starts_with("no-");
-  nearest_name search(name);
-  for (; scope != not_found; scope = names_.scopes()[scope].parent) {
-    for (const auto& [known, number] : names_.scopes()[scope].long_options) {
-      search.consider(known);
-      const bool is_flag = names_.settings()[number].described->type().kind() == value_kind::flag;
-      if (may_be_negated && is_flag) search.consider("no-" + std::string(known));
-    }
+  const std::string_view name = without_dashes(option);
+  if (name.size() == 1 && option.size() > 2 && names_.find_option(scope, name[0]) != not_found) {
+    return add_nearest(file, at, name, "-");
   }
+  nearest_name search(name);
+  names_.consider_options(scope, search);
   search.consider("help");
-  add_nearest(file, at, search, dashes_);
+  if (names_.has_version()) search.consider("version");
+  add_nearest(file, at, search.found(), dashes_);
 }
 
 void setting_findings::add_unknown_command(const ustring8& file, place at, std::string_view command,
@@ -110,7 +106,7 @@ void setting_findings::add_unknown_command(const ustring8& file, place at, std::
   if (!may_search()) return;
   nearest_name search(command);
   for (const auto& [known, inner] : names_.scopes()[scope].commands) search.consider(known);
-  add_nearest(file, at, search, "");
+  add_nearest(file, at, search.found(), "");
 }
 
 void setting_findings::add_unknown_key(const ustring8& file, place at, std::string_view key) {
@@ -118,7 +114,7 @@ void setting_findings::add_unknown_key(const ustring8& file, place at, std::stri
   if (!may_search()) return;
   nearest_name search(key);
   for (const declared_setting& known : names_.settings()) search.consider(known.key);
-  add_nearest(file, at, search, "");
+  add_nearest(file, at, search.found(), "");
 }
 
 void setting_findings::add_unknown_section(const ustring8& file, place at, std::string_view section) {
@@ -126,7 +122,7 @@ void setting_findings::add_unknown_section(const ustring8& file, place at, std::
   if (!may_search()) return;
   nearest_name search(section);
   for (const std::string& known : names_.sections()) search.consider(known);
-  add_nearest(file, at, search, "");
+  add_nearest(file, at, search.found(), "");
 }
 
 void setting_findings::add_missing_command(std::size_t scope) {
@@ -167,10 +163,10 @@ std::string setting_findings::option_name(std::size_t number) const {
   return each.key;
 }
 
-void setting_findings::add_nearest(const ustring8& file, place at, const nearest_name& search,
+void setting_findings::add_nearest(const ustring8& file, place at, std::string_view name,
                                    std::string_view prefix) {
-  if (search.found().empty()) return;
-  add(severity::note, "config.nearest_name", file, at, {{"name", std::string(prefix) + search.found()}});
+  if (name.empty()) return;
+  add(severity::note, "config.nearest_name", file, at, {{"name", std::string(prefix).append(name)}});
 }
 
 bool setting_findings::may_search() {

@@ -48,8 +48,8 @@ class setting_findings {
   std::string option_name(std::size_t number) const;
 
  private:
-  /// A note with the name that was found, `prefix` in front.
-  void add_nearest(const strings::ustring8& file, diagnostics::place at, const nearest_name& search,
+  /// A note with the name that was found, `prefix` in front, unless none was.
+  void add_nearest(const strings::ustring8& file, diagnostics::place at, std::string_view name,
                    std::string_view prefix);
   /// Whether one more name may be searched for.
   bool may_search();

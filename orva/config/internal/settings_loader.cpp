@@ -119,6 +119,8 @@ void settings_loader::add_command_line_faults() {
         break;
       case fault::missing_value:
         findings_.add(severity::error, "config.missing_value", file, at, {{"name", each.name}});
+        if (each.is_followed)
+          findings_.add(severity::note, "config.attach_value", file, at, {{"name", each.name}});
         break;
       case fault::unexpected_value:
         findings_.add(severity::error, "config.unexpected_value", file, at, {{"name", each.name}});
