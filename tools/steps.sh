@@ -61,7 +61,7 @@ need_packages() {
 }
 
 build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
-check_packages=("${build_packages[@]}" bash binutils ccache clang clang-format doxygen fish gettext git groff
+check_packages=("${build_packages[@]}" bash binutils ccache clang clang-format doxygen fish gettext git groff libabsl-dev
   libbenchmark-dev libboost-program-options-dev libboost-serialization-dev libcereal-dev libclang-rt-dev libcli11-dev
   libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev libhowardhinnant-date-dev libicu-dev libpugixml-dev
   libxml2-dev libxml2-utils llvm locales man-db pkg-config python3 zlib1g-dev zsh)
