@@ -70,6 +70,7 @@
 #include "orva/generic/convert/x_to_str.hpp"
 #include "orva/generic/varg_list.hpp"
 // i18n
+#include "orva/i18n/bidirectional_text.hpp"
 #include "orva/i18n/catalog.hpp"
 #include "orva/i18n/describe.hpp"
 #include "orva/i18n/formatters.hpp"

@@ -5,7 +5,11 @@
 #include <iterator>
 #include <span>
 
+#include "orva/i18n/internal/packed_tag.hpp"
+
 namespace ORVA_NAMESPACE::i18n {
+
+using _private::packed;
 
 namespace {
 
@@ -26,22 +30,6 @@ struct rule_set {
   plural_category (*category)(const operands&);
   unsigned int categories;  // a bit for each
 };
-
-/// Capital letters as small ones, and each separator as `_`.
-constexpr char normalized(char unit) {
-  if (unit == '-' || unit == '.') return '_';
-  return unit >= 'A' && unit <= 'Z' ? static_cast<char>(unit - 'A' + 'a') : unit;
-}
-
-/// A tag as a number in the same order, or 0 for a longer one: no language with rules has one.
-constexpr std::uint64_t packed(std::string_view tag) {
-  if (tag.size() > sizeof(std::uint64_t)) return 0;
-  std::uint64_t number = 0;
-  for (std::size_t i = 0; i < sizeof number; ++i) {
-    number = number << 8 | (i < tag.size() ? static_cast<unsigned char>(normalized(tag[i])) : 0U);
-  }
-  return number;
-}
 
 struct language_rules {
   std::uint64_t tag;
@@ -65,10 +53,9 @@ const rule_set* find_rules(std::span<const language_rules> all, std::string_view
 const rule_set& rules_of(std::string_view language, plural_kind kind) {
   const std::span<const language_rules> all =
       kind == plural_kind::cardinal ? std::span<const language_rules>(cardinal_rules) : ordinal_rules;
-  constexpr std::string_view separators = "_-.";
-  const std::size_t first_end = language.find_first_of(separators);
+  const std::size_t first_end = language.find_first_of(_private::tag_separators);
   if (first_end != language.npos) {
-    const std::size_t second_end = language.find_first_of(separators, first_end + 1);
+    const std::size_t second_end = language.find_first_of(_private::tag_separators, first_end + 1);
     if (const rule_set* found = find_rules(all, language.substr(0, second_end))) return *found;
   }
   const rule_set* const found = find_rules(all, language.substr(0, first_end));
