@@ -1,77 +1,77 @@
-#include <cstdio>
-#include <fstream>
+// viewer: a program that shows pictures, as far as its settings go.
 #include <iostream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "orva/orva.hpp"
 
-using namespace orva;
+using namespace orva::config;
 
-const char* const file_name = "guide_configuration.cfg";
-
-void write_file() {
-  std::ofstream(file_name) << R"([window]
-title = "Free space"        # quotes keep blanks
-width = 800
-paths[] = /, /home,         // after a comma the array continues
-          "/mnt/my disk"
-)";
+declaration declared() {
+  declaration viewer("viewer");
+  viewer.version("2.1").description("Shows pictures.");
+  viewer.add(setting("threads", integer_between(1, 64))
+                 .by_default(4)
+                 .option('t')
+                 .environment("VIEWER_THREADS")
+                 .help("Number of threads."));
+  viewer.add(setting("quality", one_of({"draft", "good", "best"})).by_default("good").help("How to scale."));
+  viewer.add(setting("cache", byte_size()).by_default("64 MiB").help("Memory for pictures to come."));
+  viewer.add(setting("delay", duration()).by_default("5s").help("How long to show each picture."));
+  viewer.add(setting("repeat", flag()).option('r').help("Begins again after the last picture."));
+  viewer.add(setting("window.width", integer_between(100, 10000))
+                 .by_default(640)
+                 .option("width")
+                 .group("Window")
+                 .help("Width in pixels."));
+  viewer.add(setting("cfg_file", file_path())
+                 .option('c', "config")
+                 .by_default("viewer.cfg")
+                 .help("File with settings."));
+  viewer.add(setting("explain", text()).value_name("KEY").help("Says where the value of a key comes from."));
+  viewer.add(setting("print", one_of({"man", "bash", "zsh", "fish", "sample"}))
+                 .help("Prints the manual page, a completion or a sample file."));
+  viewer.add_positional(setting("files", list_of(file_path())).value_name("FILE").help("Pictures to show."));
+  viewer.example("viewer -t8 --quality=best *.jpg", "Shows all pictures of a folder.");
+  return viewer;
 }
 
-int main() {
-  write_file();
-  const char* const arguments[] = {"viewer.exe", "-window.width=1024", "-verbose", nullptr};
-  const char* const environment[] = {"WINDOW.HEIGHT=600", "EDITOR=vi", nullptr};
+/// Pages and scripts that come from the declaration, too.
+std::string page(const declaration& viewer, const std::string& wanted) {
+  if (wanted == "man") return man_page(viewer, {.date = "2026-11-22"});
+  if (wanted == "sample") return sample_file(viewer);
+  if (wanted == "bash") return completion_script(viewer, completion_shell::bash);
+  return completion_script(viewer, wanted == "zsh" ? completion_shell::zsh : completion_shell::fish);
+}
 
-  // Command line before file before environment. A real main() passes its own arguments and `environ`.
-  config::config_manager settings;
-  settings.init(config::std_config_dispatch(3, arguments, environment, file_name, ""));
-  settings.load();
+void show(const settings& values) {
+  const std::chrono::duration<double> delay = values.get<std::chrono::nanoseconds>("delay");
+  std::cout << values.get<int>("threads") << " threads, " << values.get<std::string>("quality")
+            << ", cache of " << values.get<std::uint64_t>("cache") << " bytes, " << delay.count()
+            << " s each, " << values.get<int>("window.width") << " wide"
+            << (values.get<bool>("repeat") ? ", again and again" : "") << '\n';
+  for (const std::string& file : values.get_list<std::string>("files")) std::cout << file << '\n';
+}
 
-  // A value is converted to the type that you ask for. The default is for keys that nobody has set.
-  std::cout << settings.get_value("window.title").as_string() << ", "
-            << settings.get_value("Window/Width", 640).as_int32() << " x "
-            << settings.get_value("window.height", 480).as_int32() << ", depth "
-            << settings.get_value("window.depth", 24).as_int32() << '\n';
-  std::cout << std::boolalpha << settings.value_exist("verbose") << ' ' << settings.value_exist("quiet")
-            << '\n';
-
-  std::vector<types::variant> paths;
-  settings.get_array("window.paths", paths);
-  for (const types::variant& path : paths) std::cout << '[' << path.as_string() << "] ";
-  std::cout << settings.is_array("window.paths") << '\n';
-
-  // A link is a key whose value is the name of another key.
-  const auto file = settings.get_config_item("standard file");
-  file->set("dialog.width", "window.width", config::config_tree::NODE_LINK);
-  std::cout << settings.get_value("dialog.width").as_int32() << '\n';
-
-  // The item of the file can be changed and written back.
-  file->unload();
-  file->set("window.width = 1280", 0);
-  file->set("window.title", "Free space", 0);
-  file->save();
-  std::ifstream saved(file_name);
-  for (std::string line; std::getline(saved, line);) std::cout << line.substr(0, line.find('\r')) << '\n';
-  saved.close();
-
-  // All values, by source.
-  settings.get_config_item("command line")->unload();
-  std::cout << settings;
-
-  // A document edits the file and keeps all else: comments, order, blanks. It says what a file cannot hold.
-  write_file();
-  config::config_document document;
-  if (document.load(file_name) != config::config_document::load_error::none) return 1;
-  for (const auto& [key, value] : {std::pair("window.width", "1280"), std::pair("window.name", "a \"b\"")}) {
-    const auto result = document.set(key, value);
-    if (result.error != config::config_document::error::none) {
-      std::cout << describe(result, key, file_name) << '\n';
-    }
+int main(int argc, char** argv, char** environment) {
+  const orva::system::program_arguments arguments(argc, argv);
+  const settings values(declared(), arguments.count(), arguments.values(), environment);
+  if (values.asks_for() == asked_for::help) {
+    std::cout << help_text(values.declared(), {.width = help_width(std::cout)});
+    return 0;
   }
-  const auto saved_document = document.save();
-  std::cout << describe(saved_document) << document.text();
-  std::remove(file_name);
+  if (values.asks_for() == asked_for::version) {
+    std::cout << version_text(values.declared());
+    return 0;
+  }
+  write_text(std::cerr, values.report());
+  if (values.report().has_errors()) return 2;
+
+  if (const auto wanted = values.find<std::string>("print")) {
+    std::cout << page(values.declared(), *wanted);
+  } else if (const auto key = values.find<std::string>("explain")) {
+    write_text(std::cout, explain(values.manager(), *key));
+  } else {
+    show(values);
+  }
 }

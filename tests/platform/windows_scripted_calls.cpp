@@ -1,6 +1,7 @@
 #include "tests/platform/windows_scripted_calls.hpp"
 
 #include <direct.h>
+#include <shellapi.h>
 #include <stdio.h>
 #include <wchar.h>
 
