@@ -4,7 +4,7 @@
 /// Each produces an owned string, as a user would with any of them; the peers write into a string of the
 /// largest size, which is cut afterwards. Rates are bytes of the encoded text per second. "Long" is 64 KB of
 /// words in the page's own letters, every fourth one in Latin letters; "Best_fit" are letters that are not in
-/// the page.
+/// the page; "Western" are words of Latin letters, every twelfth letter of them the page's own.
 ///
 /// "Checked" conversions list what they lose, as iconv stops there: here they lose nothing, except in
 /// "Best_fit" and "Undefined", where each character is lost. "Pieces" are 4 KB each.
@@ -39,6 +39,16 @@ class icu_peer {
     std::u16string result(bytes.size(), u'\0');
     const auto size = ucnv_toUChars(converter_.get(), result.data(), static_cast<std::int32_t>(result.size()),
                                     bytes.data(), static_cast<std::int32_t>(bytes.size()), &error);
+    result.resize(static_cast<std::size_t>(size));
+    return result;
+  }
+
+  std::string to_utf8(const std::string& bytes) const {
+    UErrorCode error = U_ZERO_ERROR;
+    std::string result(bytes.size() * 3, '\0');
+    const auto size = ucnv_toAlgorithmic(UCNV_UTF8, converter_.get(), result.data(),
+                                         static_cast<std::int32_t>(result.size()), bytes.data(),
+                                         static_cast<std::int32_t>(bytes.size()), &error);
     result.resize(static_cast<std::size_t>(size));
     return result;
   }
@@ -117,6 +127,19 @@ constexpr subject subjects[] = {
     {code_page::utf8, "utf8", "UTF-8", "UTF-8", 0x410, 0x44F, 9},
 };
 
+/// Words in Latin letters, every twelfth letter of them of the page's own.
+ustring16 western_words(const subject& of, std::size_t units) {
+  std::mt19937 random(20261121);
+  std::uniform_int_distribution<unsigned> own(of.first, of.last);
+  std::uniform_int_distribution<unsigned> latin('a', 'z');
+  ustring16 text;
+  for (std::size_t i = 0; i < units; ++i) {
+    const unsigned letter = random() % 12 == 0 ? own(random) : latin(random);
+    text.push_back(i % 6 == 5 ? u' ' : static_cast<char16_t>(letter));
+  }
+  return text;
+}
+
 ustring16 words_of(const subject& of, std::size_t units) {
   std::mt19937 random(20261121);
   std::uniform_int_distribution<unsigned> own(of.first, of.last);
@@ -167,6 +190,10 @@ void add_text(const subject& of, const std::string& length, const ustring16& tex
   add(decode + "/icu", bytes, bytes.size(), [=](const std::string& source) { return icu->decode(source); });
   add(decode + "/iconv", bytes, bytes.size(),
       [=](const std::string& source) { return iconv->decode(source); });
+  const std::string to_utf8 = std::string("to_utf8/") + of.name + "/" + length;
+  add(to_utf8 + "/orva_checked", bytes, bytes.size(),
+      [=](const std::string& source) { return orva::strings::decode_checked(page, source); });
+  add(to_utf8 + "/icu", bytes, bytes.size(), [=](const std::string& source) { return icu->to_utf8(source); });
   const std::string encode = std::string("encode/") + of.name + "/" + length;
   add(encode + "/orva", text, bytes.size(), [=](const ustring16& source) { return page.encode(source); });
   add(encode + "/orva_checked", text, bytes.size(),
@@ -180,6 +207,8 @@ const bool all_added = [] {
     add_text(of, "Long", words_of(of, 65536));
     add_text(of, "16_characters", words_of(of, 16));
   }
+  add_text(subjects[0], "Western", western_words(subjects[0], 65536));
+  add_text(subjects[0], "Ascii", ustring16(65536, u'a'));
   const code_page page(code_page::cp_1252);
   const ustring16 best_fit = words_of({{}, "", "", "", 0x100, 0x17F, 9}, 65536);
   add("encode/1252/Best_fit/orva", best_fit, 65536,

@@ -13,6 +13,7 @@ namespace {
 
 namespace code_pages = internal::code_pages;
 namespace text_kernels = internal::text;
+using code_pages::single_byte_page;
 
 constexpr std::size_t chunk_size = 1024;
 
@@ -59,12 +60,42 @@ std::size_t append(ustring16::view units, ustring32::standard_string& text) {
   const std::size_t before = text.size();
   for (std::size_t i = 0; i < units.size();) {
     auto found = text_kernels::decode(units.data() + i, units.size() - i);
-    // No page of the library has an unpaired surrogate; one of the system may.
+    // No page of the library has an unpaired surrogate; the pairs of one of the system may.
     if (found.units == 0) found = {code_pages::utf8_page::replacement, 1};
     text.push_back(static_cast<code_unit32>(found.code_point));
     i += found.units;
   }
   return text.size() - before;
+}
+
+// Each appends the text of whole characters and returns its size. `on_fault` gets the place in that text as a
+// function, since the places of most faults are not asked for.
+
+template <typename OnFault>
+std::size_t append_decoded(const single_byte_page& page, std::string_view bytes, std::string& text,
+                           OnFault on_fault) {
+  char utf8[chunk_size * single_byte_page::max_bytes_of_character + 1];
+  const auto place_fault = [&](const char* from, std::size_t size, const char* to, code_unit16 unit) {
+    const auto place = [&] { return static_cast<std::size_t>(to - utf8); };
+    on_fault(from, size, place, unit);
+  };
+  const char* const end = code_pages::decode(page, bytes, utf8, place_fault);
+  const auto size = static_cast<std::size_t>(end - utf8);
+  text.append(utf8, size);
+  return size;
+}
+
+template <typename Page, typename Unit, typename OnFault>
+std::size_t append_decoded(const Page& page, std::string_view bytes, std::basic_string<Unit>& text,
+                           OnFault on_fault) {
+  code_unit16 units[chunk_size];
+  places_in_result<Unit> places;
+  const auto place_fault = [&](const char* from, std::size_t size, const code_unit16* to, code_unit16 unit) {
+    const auto place = [&] { return places.of_end({units, to}); };
+    on_fault(from, size, place, unit);
+  };
+  const code_unit16* const end = code_pages::decode(page, bytes, units, place_fault);
+  return append({units, static_cast<std::size_t>(end - units)}, text);
 }
 
 template <typename Page>
@@ -100,18 +131,15 @@ template <code_unit Unit>
 template <typename Page>
 void basic_page_decoder<Unit>::convert(const Page& page, std::string_view bytes,
                                        std::basic_string<Unit>& text, bool is_cut) {
-  code_unit16 units[chunk_size];
-  places_in_result<Unit> places;
-  const auto on_fault = [&](const char* from, std::size_t size, const code_unit16* to, code_unit16 unit) {
+  const auto on_fault = [&](const char* from, std::size_t size, auto place, code_unit16 unit) {
     _private::add_loss(losses_, [&] {
       return decoding_loss{kind_of_fault<Page>(is_cut),
                            bytes_read_ + static_cast<std::size_t>(from - bytes.data()),
-                           std::string(from, size), units_written_ + places.of_end({units, to}),
+                           std::string(from, size), units_written_ + place(),
                            static_cast<char32_t>(text_kernels::value_of(unit))};
     });
   };
-  const code_unit16* const end = code_pages::decode(page, bytes, units, on_fault);
-  units_written_ += append({units, static_cast<std::size_t>(end - units)}, text);
+  units_written_ += append_decoded(page, bytes, text, on_fault);
   bytes_read_ += bytes.size();
 }
 

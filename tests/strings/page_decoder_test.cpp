@@ -9,6 +9,7 @@
 #include <string_view>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 #include "orva/exceptions/exception.hpp"
 #include "orva/strings/unicode.hpp"
@@ -136,6 +137,82 @@ TEST_P(decode_checked_of_page, every_byte_reads_as_it_does_unchecked_and_the_und
       EXPECT_TRUE(is_double_byte(GetParam())) << value;
       EXPECT_EQ(result.losses.first[0].kind, loss_kind::cut) << value;
     }
+  }
+}
+
+/// The slow way to decode a single-byte page: each byte on its own, one after the other.
+template <typename Unit>
+class byte_by_byte {
+ public:
+  explicit byte_by_byte(const code_page& page) {
+    for (unsigned value = 0; value < 0x100; ++value) {
+      alone_.push_back(decode_checked<Unit>(page, std::string(1, static_cast<char>(value))));
+    }
+  }
+
+  decoded_text<Unit> decode(std::string_view bytes) const {
+    decoded_text<Unit> result;
+    for (std::size_t place = 0; place < bytes.size(); ++place) {
+      const auto& alone = alone_[static_cast<unsigned char>(bytes[place])];
+      for (decoding_loss loss : alone.losses.first) {
+        loss.place = place;
+        loss.result_place = result.text.size();
+        result.losses.first.push_back(loss);
+      }
+      result.losses.count += alone.losses.count;
+      result.text += alone.text;
+    }
+    return result;
+  }
+
+ private:
+  std::vector<decoded_text<Unit>> alone_;
+};
+
+TEST_P(decode_checked_of_page, every_byte_reads_the_same_at_every_place_of_a_text) {
+  if (GetParam() == code_page::utf8 || is_double_byte(GetParam())) return;
+  const byte_by_byte<char> slow(page_);
+  const byte_by_byte<code_unit16> slow_16(page_);
+  for (const char filler : {'a', '\xE4'}) {
+    std::string bytes(41, filler);
+    for (char& byte : bytes) {
+      for (unsigned value = 0; value < 0x100; value += value < 0x78 ? 0x3C : 1) {
+        byte = static_cast<char>(value);
+        expect_equal(decode_checked(page_, bytes), slow.decode(bytes));
+        expect_equal(decode_checked<code_unit16>(page_, bytes), slow_16.decode(bytes));
+        if (HasFatalFailure()) return;
+      }
+      byte = filler;
+    }
+  }
+}
+
+TEST_P(decode_checked_of_page, text_of_every_size_and_alignment_reads_as_its_bytes_do) {
+  if (GetParam() == code_page::utf8 || is_double_byte(GetParam())) return;
+  const byte_by_byte<char> slow(page_);
+  const byte_by_byte<code_unit16> slow_16(page_);
+  const byte_by_byte<code_unit32> slow_32(page_);
+  orva_test::random_engine random;
+  std::string bytes;
+  while (bytes.size() < 100) bytes += orva_test::random_page_bytes(random, page_, 4);
+  for (std::size_t begin = 0; begin < 16; ++begin) {
+    for (std::size_t size = 0; size <= 80; ++size) {
+      const auto part = std::string_view(bytes).substr(begin, size);
+      expect_equal(decode_checked(page_, part), slow.decode(part));
+      expect_equal(decode_checked<code_unit16>(page_, part), slow_16.decode(part));
+      expect_equal(decode_checked<code_unit32>(page_, part), slow_32.decode(part));
+      if (HasFatalFailure()) return;
+    }
+  }
+}
+
+TEST_P(decode_checked_of_page, each_byte_is_the_same_character_in_every_width) {
+  if (GetParam() == code_page::utf8 || is_double_byte(GetParam())) return;
+  for (unsigned value = 0; value < 0x100; ++value) {
+    const std::string byte(1, static_cast<char>(value));
+    const auto in_16 = decode_checked<code_unit16>(page_, byte).text;
+    EXPECT_EQ(decode_checked(page_, byte).text, strings::utf16_to_utf8(in_16));
+    EXPECT_TRUE(decode_checked<code_unit32>(page_, byte).text == strings::utf16_to_utf32(in_16));
   }
 }
 

@@ -31,10 +31,12 @@ void asked_page::ask_bytes(decode_call decode) {
     const auto byte = static_cast<unsigned char>(value);
     const char bytes[] = {static_cast<char>(byte)};
     const wide_string alone = decoded(number_, {bytes, 1}, decode);
-    const auto unit = alone.empty() ? code_unit16{default_byte} : alone.front();
+    const bool is_missing = alone.empty() || text::is_surrogate(text::value_of(alone.front()));
+    const auto unit = is_missing ? code_unit16{default_byte} : alone.front();
     single_byte_.units[byte] = double_byte_.single[byte] = unit;
     if (byte >= 0x80 && is_lead(byte, decode)) add_row(byte, decode);
   }
+  single_byte_.utf8 = utf8_of_bytes(single_byte_.units);
   double_byte_.rows = rows_.data();
 }
 

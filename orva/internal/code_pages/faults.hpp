@@ -8,8 +8,10 @@
 /// Internal: not installed.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <type_traits>
 
 #include "orva/internal/text/block.hpp"
@@ -40,19 +42,23 @@ constexpr bool is_placeholder(strings::code_unit16 unit, bool with_upper_control
   return is_private || ((value & 0xFFE0) == 0x80 && !with_upper_controls);
 }
 
+/// The distance of a value above `first`, modulo the 16 bits of a unit. Less its half, since processors find
+/// the least of many numbers of 16 bits only where they have a sign.
+constexpr std::int16_t distance(std::uint32_t value, std::uint32_t first) {
+  return static_cast<std::int16_t>(static_cast<std::uint16_t>(value - first - 0x8000));
+}
+
 /// The same for any of `Count` units, in a loop that the compiler makes a few vector instructions.
 template <std::size_t Count>
 bool any_placeholder(const strings::code_unit16* units, bool with_upper_controls) {
-  std::uint16_t privates = 0;
-  std::uint16_t controls = 0;
+  std::int16_t to_private = std::numeric_limits<std::int16_t>::max();
+  std::int16_t to_control = std::numeric_limits<std::int16_t>::max();
   for (std::size_t i = 0; i < Count; ++i) {
-    const std::uint32_t value = text::value_of(units[i]);
-    privates |= static_cast<std::uint16_t>((value & 0xF000) == 0xE000 ? 0xFFFF : 0);
-    privates |= static_cast<std::uint16_t>((value & 0xF800) == 0xF000 ? 0xFFFF : 0);
-    privates |= static_cast<std::uint16_t>((value & 0xFF00) == 0xF800 ? 0xFFFF : 0);
-    controls |= static_cast<std::uint16_t>((value & 0xFFE0) == 0x80 ? 0xFFFF : 0);
+    to_private = std::min(to_private, distance(text::value_of(units[i]), 0xE000));
+    to_control = std::min(to_control, distance(text::value_of(units[i]), 0x80));
   }
-  return privates != 0 || (controls != 0 && !with_upper_controls);
+  return to_private <= distance(0xF8FF, 0xE000) ||
+         (to_control <= distance(0x9F, 0x80) && !with_upper_controls);
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages

@@ -3,6 +3,8 @@
 /// Internal: not installed.
 #pragma once
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -10,8 +12,36 @@
 
 #include "orva/internal/code_pages/faults.hpp"
 #include "orva/internal/text/block.hpp"
+#include "orva/internal/text/code_point.hpp"
+#include "orva/internal/text/fast_path.hpp"
 
 namespace ORVA_NAMESPACE::internal::code_pages {
+
+/// The character of a byte in UTF-8.
+struct byte_in_utf8 {
+  static constexpr unsigned char undefined_flag = 0x80;
+
+  char sequence[3] = {};
+  unsigned char size_and_flag = 0;
+
+  constexpr std::size_t size() const { return size_and_flag & 3; }
+  constexpr bool is_undefined() const { return (size_and_flag & undefined_flag) != 0; }
+};
+
+/// The same for each byte of a page with these units.
+///
+/// REQUIRES: there is no surrogate among them.
+constexpr std::array<byte_in_utf8, 256> utf8_of_bytes(const strings::code_unit16* units) {
+  std::array<byte_in_utf8, 256> characters;
+  for (std::size_t byte = 0; byte < characters.size(); ++byte) {
+    byte_in_utf8& to = characters[byte];
+    const char* const end = text::encode(text::value_of(units[byte]), to.sequence);
+    const auto size = static_cast<unsigned char>(end - to.sequence);
+    const bool is_undefined = is_placeholder(units[byte], has_upper_controls(units));
+    to.size_and_flag = is_undefined ? size | byte_in_utf8::undefined_flag : size;
+  }
+  return characters;
+}
 
 struct single_byte_page {
   int number;
@@ -21,10 +51,14 @@ struct single_byte_page {
   std::uint16_t block_of[256];
   /// The unit of a byte.
   strings::code_unit16 units[256];
+  /// Derived from `units`.
+  std::array<byte_in_utf8, 256> utf8 = utf8_of_bytes(units);
 
   /// Whether a unit is always one byte, and a byte one unit.
   static constexpr bool one_to_one = true;
   static constexpr std::size_t max_bytes_of_unit = 1;
+  /// In UTF-8.
+  static constexpr std::size_t max_bytes_of_character = 3;
 };
 
 /// Converts eight units. Wide ones are stored four at a time, since machines load faster than they store; for
@@ -121,6 +155,54 @@ strings::code_unit16* decode(const single_byte_page& page, std::string_view byte
     }
   }
   return to_end;
+}
+
+// Into UTF-8. Each needs room for `max_bytes_of_character` for each byte, and for one byte more.
+
+inline char* write_character(const byte_in_utf8& character, char* to) {
+  std::memcpy(to, &character, sizeof character);
+  return to + character.size();
+}
+
+/// Writes the text of `bytes` and returns the end. Reports each byte that is no character.
+template <typename OnFault>
+char* write_characters(const single_byte_page& page, std::string_view bytes, char* to, OnFault& on_fault) {
+  for (const char& byte : bytes) {
+    const std::uint32_t value = text::value_of(byte);
+    const byte_in_utf8 character = page.utf8[value];
+    if (character.is_undefined()) on_fault(&byte, std::size_t{1}, to, page.units[value]);
+    to = write_character(character, to);
+  }
+  return to;
+}
+
+/// The bytes that are converted together.
+inline constexpr std::size_t group = 8;
+
+/// Writes the text of a group and returns the end; null if a byte is no character.
+inline char* write_group(const single_byte_page& page, const char* from, char* to) {
+  unsigned flags = 0;
+  for (std::size_t i = 0; i < group; ++i) {
+    const byte_in_utf8 character = page.utf8[text::value_of(from[i])];
+    to = write_character(character, to);
+    flags |= character.size_and_flag;
+  }
+  return (flags & byte_in_utf8::undefined_flag) == 0 ? to : nullptr;
+}
+
+/// The same as the decoding into UTF-16, with reports of each byte that is no character.
+template <typename OnFault>
+char* decode(const single_byte_page& page, std::string_view bytes, char* to, OnFault on_fault) {
+  text::cursor<char, char> at{bytes.data(), to};
+  const char* const end = at.from + bytes.size();
+  while (true) {
+    at = text::fast_path_ascii(at, end);
+    const std::string_view rest(at.from, end);
+    if (rest.size() < group) return write_characters(page, rest, at.to, on_fault);
+    char* const group_end = write_group(page, at.from, at.to);
+    at.to = group_end ? group_end : write_characters(page, rest.substr(0, group), at.to, on_fault);
+    at.from += group;
+  }
 }
 
 }  // namespace ORVA_NAMESPACE::internal::code_pages
