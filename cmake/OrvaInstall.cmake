@@ -1,5 +1,5 @@
-# What cmake --install installs: headers, library, messages, the package for find_package(orva) and the file
-# for pkg-config.
+# What cmake --install installs: headers, library, messages, schemas, the package for find_package(orva) and the
+# file for pkg-config.
 include(CMakePackageConfigHelpers)
 
 set(package_dir ${CMAKE_INSTALL_LIBDIR}/cmake/orva)
@@ -22,6 +22,10 @@ install(FILES
   ${PROJECT_SOURCE_DIR}/orva/config/messages/config.xmc
   ${PROJECT_SOURCE_DIR}/orva/diagnostics/messages/diagnostics.xmc
   DESTINATION ${messages_dir})
+
+# For editors of message catalogs.
+install(FILES ${PROJECT_SOURCE_DIR}/orva/i18n/schema/xmc.rnc ${PROJECT_SOURCE_DIR}/orva/i18n/schema/xmc.xsd
+  DESTINATION ${CMAKE_INSTALL_DATADIR}/orva)
 
 install(EXPORT orva NAMESPACE orva:: FILE orva-targets.cmake DESTINATION ${package_dir})
 configure_package_config_file(
