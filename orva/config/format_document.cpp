@@ -30,7 +30,7 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
-/// A part, with the comment behind it.
+/// A part, with the comment after it in its line.
 struct layout_line {
   std::string text;
   part_type kind = part_type::comment;
@@ -50,9 +50,34 @@ class layout {
   }
 
  private:
-  static std::string_view first_line_end(std::string_view text) {
-    const std::size_t at = text.find('\n');
-    return at != text.npos && at > 0 && text[at - 1] == '\r' ? "\r\n" : "\n";
+  struct range {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+  };
+
+  /// Blanks and line ends that do not stay: those before the `=` of a key, or before the `]` of a section.
+  range dropped_gap(const scanned_part& part) const {
+    if (is_open_) return {};
+    if (part.has_values()) return {part.name_end, text_.find('=', part.name_end)};
+    if (!is_closed_section(part)) return {};
+    const std::string_view name = name_of_section(part);
+    return {static_cast<std::size_t>(name.data() - text_.data()) + name.size(), part.end};
+  }
+
+  /// The first one from a part on that stays, so that the next layout finds the same.
+  std::string_view first_line_end(const scanned_part& part) const {
+    const range gap = dropped_gap(part);
+    std::size_t at = text_.find('\n', part.begin);
+    if (at >= gap.begin && at < gap.end) at = text_.find('\n', gap.end);
+    return at != text_.npos && at > 0 && text_[at - 1] == '\r' ? "\r\n" : "\n";
+  }
+
+  bool is_closed_section(const scanned_part& part) const {
+    return part.kind == part_type::section && slice(part.begin, part.end).ends_with(']');
+  }
+
+  std::string_view name_of_section(const scanned_part& part) const {
+    return trimmed(slice(part.begin + 1, part.end - 1));
   }
 
   std::string_view slice(std::size_t begin, std::size_t end) const {
@@ -60,12 +85,12 @@ class layout {
   }
 
   void add(const scanned_part& part) {
-    if (lines_.empty()) line_end_ = first_line_end(text_.substr(part.begin));
+    is_open_ = part.end > text_.size();
+    if (lines_.empty()) line_end_ = first_line_end(part);
     const std::string_view gap = slice(end_, part.begin);
     const auto line_ends = std::count(gap.begin(), gap.end(), '\n') + (ends_line_ ? 1 : 0);
-    is_open_ = part.end > text_.size();
-    const bool is_behind = part.kind == part_type::comment && line_ends == 0 && !lines_.empty();
-    if (!is_behind) {
+    const bool ends_its_line = part.kind == part_type::comment && line_ends == 0 && !lines_.empty();
+    if (!ends_its_line) {
       lines_.push_back({{}, part.kind, line_ends > 1});
     } else if (!gap.empty()) {
       line() += before_comment;
@@ -81,9 +106,9 @@ class layout {
     const std::string_view spelling = slice(part.begin, part.end);
     if (is_open_) {
       line() += spelling;
-    } else if (part.kind == part_type::section && spelling.ends_with(']')) {
+    } else if (is_closed_section(part)) {
       line() += '[';
-      line() += trimmed(spelling.substr(1, spelling.size() - 2));
+      line() += name_of_section(part);
       line() += ']';
     } else if (part.has_values()) {
       line() += slice(part.begin, part.name_end);

@@ -104,6 +104,10 @@ TEST(format_document, line_ends_are_as_the_first_one) {
                {"\r\na=1\nb=2\r\n", "a = 1\nb = 2\n"},
                {"a=\"1\n2\"\r\nb=2\r\n", "a = \"1\n2\"\nb = 2\n"},
                {"a[]=1,\r\n2", "a[] = 1,\r\n    2\r\n"},
+               {"a\r\n=\"1\n2\"", "a = \"1\n2\"\n"},
+               {"a\r\nb\n=1", "a\r\nb = 1\r\n"},
+               {"[a\r\n] # \"1\n2\"", "[a]  # \"1\n2\"\n"},
+               {"[a\r\n]\n", "[a]\n"},
                {"a=1\r", "a = 1\r \n"},
                {"#\r \n", "#\r \n"}});
 }
