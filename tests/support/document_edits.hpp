@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -156,9 +157,12 @@ class document_checker {
     }
   }
 
+  /// Those of `array.[]` are below an empty name.
   static bool is_element_of(const std::string& path, const std::string& array) {
-    return path.size() > array.size() + 1 && path.starts_with(array + '.') &&
-           path.find_first_not_of("0123456789", array.size() + 1) == path.npos;
+    if (!path.starts_with(array + '.')) return false;
+    std::string_view number = std::string_view(path).substr(array.size() + 1);
+    if (number.starts_with('.')) number.remove_prefix(1);
+    return !number.empty() && number.find_first_not_of("0123456789") == number.npos;
   }
 
   /// The old nodes with the edit are the new nodes, and nothing else.

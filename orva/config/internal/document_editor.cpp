@@ -23,8 +23,8 @@ bool quotes_allowed(const elements& values) {
   return std::all_of(values.begin(), values.end(), can_be_spelled);
 }
 
-/// A quoted value stays quoted. A slash behind a value without quotes would begin a comment with its last
-/// one.
+/// A quoted value stays quoted. Before a slash, a value gets quotes: one that ends in a slash would begin a
+/// comment.
 bool needs_quotes(std::string_view text, const scanned_value& value) {
   const bool was_quoted = value.begin < value.end && text[value.begin] == '"';
   return was_quoted || (value.end < text.size() && text[value.end] == '/');
@@ -105,8 +105,9 @@ document_editor::result document_editor::change(std::size_t index, stored_value 
   const document_part& part = document_.parts()[index];
   const bool was_array = part.kind == scanned_part::type::array;
   if (part.is_open) return refused(error::unclosed, index);
-  const bool is_alone = !(was_array || stored.is_array) ||
-                        array_is_alone(document_, path_, index, stored.is_array ? stored.texts.size() : 0);
+  const bool is_alone =
+      !(was_array || stored.is_array) ||
+      array_is_alone(document_, path_, index, index + 1, stored.is_array ? stored.texts.size() : 0);
   const scanned_part scanned = document_.scan(index);
   const bool has_elements_of_another = was_array && part.count > scanned.values.size();
   if (part.has_nested_elements || has_elements_of_another || !is_alone) {
@@ -223,7 +224,7 @@ document_editor::result document_editor::insert(stored_value stored, std::string
   const placement place = placement_of(document_, path_);
   const bool is_at_end = place.part == document_.parts().size();
   if (is_at_end && ends_open(document_)) return refused(error::unclosed, part_before(place));
-  if (stored.is_array && !array_is_alone(document_, path_, place.part, stored.texts.size())) {
+  if (stored.is_array && !array_is_alone(document_, path_, place.part, place.part, stored.texts.size())) {
     return refused(error::affects_other_keys);
   }
   const std::string_view line_end = line_end_near(text(), place.offset);

@@ -82,12 +82,12 @@ std::optional<elements> find_array(const document_text& document, std::string_vi
   return result;
 }
 
-bool array_is_alone(const document_text& document, std::string_view path, std::size_t index,
-                    std::size_t count) {
+bool array_is_alone(const document_text& document, std::string_view path, std::size_t earlier_end,
+                    std::size_t later_begin, std::size_t count) {
   for (std::size_t i = 0; i < document.parts().size(); ++i) {
-    if (i == index) continue;
+    if (i >= earlier_end && i < later_begin) continue;
     const std::size_t others = elements_below(document.parts()[i], path);
-    if (others > (i < index ? count : 0)) return false;
+    if (others > (i < earlier_end ? count : 0)) return false;
   }
   return true;
 }
