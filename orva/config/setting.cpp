@@ -3,6 +3,7 @@
 #include <string>
 #include <utility>
 
+#include "orva/config/internal/joined_words.hpp"
 #include "orva/config/internal/read_value.hpp"
 #include "orva/config/internal/setting_names.hpp"
 #include "orva/internal/raise.hpp"
@@ -110,13 +111,7 @@ setting& setting::deprecated(std::string_view successor) {
 }
 
 strings::ustring8 setting::default_text() const {
-  strings::ustring8 text;
-  if (is_secret_) return text;
-  for (const strings::ustring8& value : defaults_) {
-    if (!text.empty()) text += ", ";
-    text += value;
-  }
-  return text;
+  return is_secret_ ? strings::ustring8() : strings::ustring8(_private::joined(defaults_));
 }
 
 }  // namespace ORVA_NAMESPACE::config

@@ -39,6 +39,11 @@ struct replacement_outcome {
 /// is created. Only a directory that fails to sync is reported after the new file has the name.
 replacement_outcome replace_file(const native_string& path, std::string_view contents);
 
+// What a port uses.
+
+/// A name that no other file is likely to have, another one for each attempt.
+native_string unlikely_name(unsigned int attempt);
+
 // What a port implements.
 
 /// The same for a path whose last component is no link.

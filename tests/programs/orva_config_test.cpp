@@ -21,20 +21,25 @@ struct run_result {
   std::string error;
 };
 
+/// A file with a comment after `gap`, and with an array over two lines, the second of them after
+/// `indentation`.
+std::string viewer_file(const std::string& gap, const std::string& indentation) {
+  return "# Size on screen\n"
+         "[window]\n"
+         "width = 640" +
+         gap +
+         "# pixels\n"
+         "title = \"Free space\"\n"
+         "\n"
+         "[]\n"
+         "paths[] = /home, \"a b\",\n" +
+         indentation + "/srv\n";
+}
+
 /// A directory with configuration files, in which the program runs.
 class orva_config : public testing::Test {
  protected:
-  orva_config() {
-    directory_.write("viewer.cfg",
-                     "# Size on screen\n"
-                     "[window]\n"
-                     "width = 640   # pixels\n"
-                     "title = \"Free space\"\n"
-                     "\n"
-                     "[]\n"
-                     "paths[] = /home, \"a b\",\n"
-                     "          /srv\n");
-  }
+  orva_config() { directory_.write("viewer.cfg", viewer_file("   ", "          ")); }
 
   /// Runs a line of the shell, in which $p is the program.
   run_result run_line(const std::string& line) const {
@@ -183,15 +188,7 @@ TEST_F(orva_config, explain_shows_the_files_that_have_a_key_in_their_order) {
 
 TEST_F(orva_config, format_writes_the_layout_and_leaves_a_file_that_has_it) {
   expect_output("format viewer.cfg", "");
-  EXPECT_EQ(directory_.read("viewer.cfg"),
-            "# Size on screen\n"
-            "[window]\n"
-            "width = 640  # pixels\n"
-            "title = \"Free space\"\n"
-            "\n"
-            "[]\n"
-            "paths[] = /home, \"a b\",\n"
-            "    /srv\n");
+  EXPECT_EQ(directory_.read("viewer.cfg"), viewer_file("  ", "    "));
   const auto path = directory_.path() / "viewer.cfg";
   const auto time = std::filesystem::last_write_time(path);
   expect_output("format --json viewer.cfg", "{\"file\":\"viewer.cfg\",\"changed\":false}\n");
@@ -230,8 +227,10 @@ TEST_F(orva_config, missing_and_unreadable_files_are_errors) {
                                   "list missing.cfg", "format missing.cfg", "explain missing.cfg a"}) {
     expect_failure(words, 1, "missing.cfg: error: The file does not exist. [config.file_missing]\n");
   }
-  expect_failure("get . a", 1, ".: error: The file cannot be read. [config.file_unreadable]\n");
-  expect_failure("format .", 1, "[config.file_unreadable]");
+  expect_failure(
+      "get . a", 1,
+      ".: error: This is a directory, a pipe or a socket, and no file. [config.file_not_a_file]\n");
+  expect_failure("format .", 1, "[config.file_not_a_file]");
   EXPECT_FALSE(std::filesystem::exists(directory_.path() / "missing.cfg"));
 }
 

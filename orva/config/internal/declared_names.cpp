@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "orva/config/internal/lower_case_key.hpp"
+#include "orva/config/internal/named_files.hpp"
 #include "orva/internal/raise.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -12,12 +13,6 @@ namespace {
 [[noreturn]] void raise_wrong(std::string_view what, std::string_view which) {
   ORVA_RAISE(exceptions::invalid_argument_value, std::string(what) + ": " + std::string(which),
              ORVA_QUALIFIED("config::declaration::validate"));
-}
-
-std::string lower_case(std::string_view text) {
-  std::string result(text.size(), '\0');
-  copy_lower_case(text, result.data());
-  return result;
 }
 
 }  // namespace
@@ -37,6 +32,13 @@ std::string_view without_dashes(std::string_view option) {
       return option;
     }
   }
+}
+
+std::string name_to_set(const declared_setting& declared, std::string_view dashes) {
+  const setting& described = *declared.described;
+  if (!described.long_option().empty()) return std::string(dashes) + described.long_option();
+  if (described.short_option() != 0) return std::string("-") + described.short_option();
+  return declared.key;
 }
 
 declared_names::declared_names(const declaration& declared) {
@@ -183,6 +185,11 @@ void declared_names::find_successor(declared_setting& deprecated) const {
 
 std::size_t declared_names::find_key(std::string_view key) const {
   return find_lower_case_key(canonical_key(key));
+}
+
+bool declared_names::has_named_file() const {
+  const std::size_t number = find_lower_case_key(named_file_key);
+  return number != not_found && !settings_[number].described->type().is_list();
 }
 
 std::size_t declared_names::find_option(std::size_t scope, std::string_view long_option) const {

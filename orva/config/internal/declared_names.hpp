@@ -1,7 +1,7 @@
 /// The names of a declaration, to find its settings by: keys, options, variables, positions, commands.
 ///
 ///     const declared_names names(viewer);          // throws for a wrong declaration
-///     names.find_key("threads")                    // number of the setting, or `none`
+///     names.find_key("threads")                    // number of the setting, or `not_found`
 ///     names.find_option(scope, "threads")          // in the scope of a command, and those around it
 ///
 /// Internal: not installed. Refers to the declaration, which must live as long and not change. Each lookup
@@ -35,6 +35,9 @@ struct declared_setting {
   std::size_t successor = not_found;
 };
 
+/// What the user writes to set it: the long option with `dashes`, else the short one, else the key.
+std::string name_to_set(const declared_setting& declared, std::string_view dashes);
+
 /// The names that count after a command, or before all commands: the scope with the number 0.
 struct command_scope {
   const declaration* declared;
@@ -64,6 +67,9 @@ class declared_names {
   std::size_t find_lower_case_key(std::string_view key) const { return found_in(keys_, key); }
   std::size_t find_variable(std::string_view name) const { return found_in(variables_, name); }
   bool has_variables() const noexcept { return !variables_.empty(); }
+
+  /// Whether the user may name a configuration file: "cfg_file" is declared, and not as a list.
+  bool has_named_file() const;
 
   std::size_t find_option(std::size_t scope, std::string_view long_option) const;
   std::size_t find_option(std::size_t scope, char short_option) const;

@@ -31,9 +31,9 @@ std::optional<std::size_t> line_to_edit(const document_text& document, std::stri
 std::optional<strings::ustring8> find_value(const document_text& document, std::string_view path);
 std::optional<elements> find_array(const document_text& document, std::string_view path);
 
-/// Whether an array of `count` elements alone decides which elements the path has: later parts store none, and
-/// earlier ones none that stay visible. The array is, or will be, between the parts up to `earlier_end` and
-/// those from `later_begin` on.
+/// Whether an array of `count` elements alone decides which elements the path has: later parts store none,
+/// and earlier ones none that stay visible. The array is, or will be, between the parts up to `earlier_end`
+/// and those from `later_begin` on.
 bool array_is_alone(const document_text& document, std::string_view path, std::size_t earlier_end,
                     std::size_t later_begin, std::size_t count);
 

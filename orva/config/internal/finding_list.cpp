@@ -4,8 +4,7 @@
 #include <limits>
 #include <utility>
 
-#include "orva/internal/text/well_formed_utf8.hpp"
-#include "orva/strings/byte_order_mark.hpp"
+#include "orva/config/internal/place_cursor.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
 
@@ -14,38 +13,6 @@ namespace {
 using diagnostics::severity;
 
 constexpr std::size_t longest_argument = 60;
-
-/// Lines and columns by the rules of `diagnostics::place_of`, for offsets that do not decrease: all of them
-/// together read the text once, however long its lines are.
-class place_cursor {
- public:
-  explicit place_cursor(std::string_view text) : text_(text) {
-    const std::string_view mark = strings::byte_order_mark_in(strings::unicode_encoding::utf8);
-    if (text.starts_with(mark)) at_ = mark.size();
-  }
-
-  diagnostics::place place_of(std::size_t offset) {
-    if (offset <= at_) return place_;
-    const std::string_view between = text_.substr(at_, offset - at_);
-    if (const std::size_t last = between.rfind('\n'); last != between.npos) {
-      place_.line += static_cast<std::size_t>(std::ranges::count(between, '\n'));
-      place_.column = 1;
-      at_ += last + 1;
-    }
-    while (at_ < offset) {
-      const std::size_t units = internal::text::decode_well_formed(text_.substr(at_)).units;
-      if (units > offset - at_) break;
-      at_ += units;
-      ++place_.column;
-    }
-    return place_;
-  }
-
- private:
-  std::string_view text_;
-  std::size_t at_ = 0;
-  diagnostics::place place_{1, 1};
-};
 
 }  // namespace
 

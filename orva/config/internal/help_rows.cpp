@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <limits>
 
+#include "orva/config/internal/joined_words.hpp"
 #include "orva/types/variant.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -72,15 +73,6 @@ bool has_option(const setting& described) {
   return described.short_option() != 0 || !described.long_option().empty();
 }
 
-std::string joined(const std::vector<strings::ustring8>& words) {
-  std::string text;
-  for (const strings::ustring8& word : words) {
-    if (!text.empty()) text += ", ";
-    text += one_line(word);
-  }
-  return text;
-}
-
 }  // namespace
 
 shown_range range_shown(const setting_type& type) {
@@ -96,12 +88,7 @@ std::string text_name(std::string_view kind, const command_scope& scope) {
 }
 
 std::string shown_name(const declared_setting& declared) {
-  const setting& described = *declared.described;
-  if (!declared.is_positional) {
-    if (!described.long_option().empty()) return "--" + described.long_option();
-    if (described.short_option() != 0) return std::string("-") + described.short_option();
-  }
-  return declared.key;
+  return declared.is_positional ? declared.key : name_to_set(declared, "--");
 }
 
 help_rows::help_rows(const declared_names& names, const help_words& words, shown_keys keys)
@@ -275,7 +262,7 @@ std::vector<std::string> help_rows::value_facts(const setting& described) const 
   const setting_type& type = described.type();
   if (described.is_required()) facts.push_back(words_.word("help.required"));
   if (type.kind() == value_kind::choice) {
-    facts.push_back(words_.word("help.one_of", {{"words", joined(type.choices())}}));
+    facts.push_back(words_.word("help.one_of", {{"words", joined(type.choices(), one_line)}}));
   }
   if (std::string range = range_of(type); !range.empty()) facts.push_back(std::move(range));
   return facts;

@@ -91,7 +91,7 @@ class help_rows {
 /// The name under which texts of a scope are looked up: `kind`, and for a command its names after a dot.
 std::string text_name(std::string_view kind, const command_scope& scope);
 
-/// What the user writes to set it: the long option, else the short one, else the key.
+/// What the user writes to set it. Of a positional argument, the key.
 std::string shown_name(const declared_setting& declared);
 
 /// The type's range as texts of its limits. Empty where the type has no limit of its own.

@@ -35,6 +35,12 @@ inline void copy_lower_case(std::string_view text, char* output) {
   for (std::size_t i = 0; i < text.size(); ++i) output[i] = internal::character_class::tolower(text[i]);
 }
 
+inline std::string lower_case(std::string_view text) {
+  std::string result(text.size(), '\0');
+  copy_lower_case(text, result.data());
+  return result;
+}
+
 /// A key in lower case: converted once for any number of lookups. Short keys allocate nothing.
 class lower_case_key {
  public:

@@ -9,12 +9,6 @@ namespace ORVA_NAMESPACE::config::_private {
 
 namespace {
 
-std::string lower_case(std::string_view text) {
-  std::string result(text.size(), '\0');
-  copy_lower_case(text, result.data());
-  return result;
-}
-
 /// Two letters allow no error: each other name of two letters would be near.
 constexpr std::size_t allowed_distance(std::size_t length) {
   return length < 3 ? 0 : std::max<std::size_t>(1, length / 3);

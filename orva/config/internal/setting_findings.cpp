@@ -3,6 +3,8 @@
 #include <utility>
 #include <vector>
 
+#include "orva/config/internal/joined_words.hpp"
+
 namespace ORVA_NAMESPACE::config::_private {
 
 using diagnostics::place;
@@ -34,16 +36,6 @@ std::string_view code_of_wrong_kind(value_kind kind) {
       break;
   }
   return "config.not_text";  // no text is wrong
-}
-
-template <typename Names>
-std::string joined(const Names& names) {
-  std::string text;
-  for (const auto& name : names) {
-    if (!text.empty()) text += ", ";
-    text += name;
-  }
-  return text;
 }
 
 void add_range(varg_list& arguments, const setting_type& type) {
@@ -158,9 +150,7 @@ std::string setting_findings::option_name(std::size_t number) const {
   const declared_setting& each = names_.settings()[number];
   const setting& described = *each.described;
   if (each.is_positional) return described.value_name().empty() ? described.key() : described.value_name();
-  if (!described.long_option().empty()) return std::string(dashes_) + described.long_option();
-  if (described.short_option() != 0) return std::string("-") + described.short_option();
-  return each.key;
+  return name_to_set(each, dashes_);
 }
 
 void setting_findings::add_nearest(const ustring8& file, place at, std::string_view name,

@@ -5,8 +5,7 @@
 
 #include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/lower_case_key.hpp"
-#include "orva/internal/text/well_formed_utf8.hpp"
-#include "orva/strings/byte_order_mark.hpp"
+#include "orva/config/internal/place_cursor.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
 
@@ -25,32 +24,6 @@ bool has_short_names(std::string_view text) {
   return sum / value_places::max_names_per_text <= text.size();
 }
 
-/// The line and the column of offsets that grow, as `diagnostics::place_of` has them, in one pass.
-class place_cursor {
- public:
-  explicit place_cursor(std::string_view text) : text_(text) {
-    const auto mark = strings::byte_order_mark_in(strings::unicode_encoding::utf8);
-    if (text.starts_with(mark)) position_ = mark.size();
-  }
-
-  diagnostics::place advance_to(std::size_t offset) {
-    while (position_ < offset) {
-      const std::size_t next = position_ + internal::text::decode_well_formed(text_.substr(position_)).units;
-      if (next > offset) break;
-      const bool ends_line = text_[position_] == '\n';
-      place_.line += ends_line ? 1 : 0;
-      place_.column = ends_line ? 1 : place_.column + 1;
-      position_ = next;
-    }
-    return place_;
-  }
-
- private:
-  std::string_view text_;
-  std::size_t position_ = 0;
-  diagnostics::place place_{1, 1};
-};
-
 /// Collects the values as `config_file_reader` stores them.
 class place_collector {
  public:
@@ -64,17 +37,17 @@ class place_collector {
   void add_value(scanned_part& part) {
     scanned_value& value = part.values.front();
     if (value.text.empty()) return;
-    const auto key_place = cursor_.advance_to(part.begin);
-    const auto value_place = cursor_.advance_to(value.begin);
+    const auto key_place = cursor_.place_of(part.begin);
+    const auto value_place = cursor_.place_of(value.begin);
     all_.push_back({key_of(node_segments(part.name)), key_place, value_place, std::move(value.text)});
   }
 
   void add_array(scanned_part& part) {
-    const auto key_place = cursor_.advance_to(part.begin);
+    const auto key_place = cursor_.place_of(part.begin);
     const bool is_stored = !part.values.back().text.empty();
     if (!is_stored) part.values.pop_back();
     for (scanned_value& value : part.values)
-      elements_.push_back({{}, key_place, cursor_.advance_to(value.begin), std::move(value.text)});
+      elements_.push_back({{}, key_place, cursor_.place_of(value.begin), std::move(value.text)});
     if (is_stored) store_array(part.name, key_place);
   }
 

@@ -5,11 +5,9 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <optional>
 #include <utility>
 
-#include "orva/platform/clock.hpp"
 #include "orva/platform/posix/c_path.hpp"
 #include "orva/platform/posix/descriptor.hpp"
 #include "orva/platform/posix/write_all.hpp"
@@ -28,20 +26,12 @@ constexpr replacement_outcome succeeded;
 
 replacement_outcome failed(step at) { return {at, errno}; }
 
-/// A name that no other file is likely to have.
-native_string unlikely_name(int attempt) {
-  native_string name = ".orva-";
-  auto number = counter() * 0x9E3779B97F4A7C15u + static_cast<unsigned int>(attempt);
-  for (int i = 0; i < 16; ++i, number >>= 4) name += "0123456789abcdef"[number & 0xF];
-  return name;
-}
-
 /// Calls `make` with names until one is free. A failure leaves `name` empty.
 template <typename Make>
 int make_under_free_name(native_string& name, Make make) {
-  constexpr int most_attempts = 100;
+  constexpr unsigned int most_attempts = 100;
   int result = -1;
-  for (int attempt = 0; attempt < most_attempts; ++attempt) {
+  for (unsigned int attempt = 0; attempt < most_attempts; ++attempt) {
     name = unlikely_name(attempt);
     result = uninterrupted([&] { return make(name.c_str()); });
     if (result >= 0 || errno != EEXIST) break;

@@ -1,10 +1,8 @@
 #include "orva/platform/file_replacement.hpp"
 
-#include <cstdint>
 #include <utility>
 #include <vector>
 
-#include "orva/platform/clock.hpp"
 #include "orva/platform/symbolic_link.hpp"
 #include "orva/platform/windows/open_file.hpp"
 #include "orva/platform/windows/write_all.hpp"
@@ -21,14 +19,6 @@ using step = replacement_step;
 constexpr replacement_outcome succeeded;
 
 replacement_outcome failed(step at) { return {at, static_cast<int>(::GetLastError())}; }
-
-/// A name that no other file is likely to have.
-native_string unlikely_name(unsigned int attempt) {
-  native_string name = L".orva-";
-  auto number = counter() * 0x9E3779B97F4A7C15u + attempt;
-  for (int i = 0; i < 16; ++i, number >>= 4) name += L"0123456789abcdef"[number & 0xF];
-  return name;
-}
 
 /// A new file beside another. Its end removes it, if it still has its own name.
 class new_file {
