@@ -85,7 +85,8 @@ class manual {
       : names_(names),
         options_(options),
         words_(options.texts),
-        rows_(names, words_, _private::shown_keys::all),
+        reads_files_(!options.files.empty() || names.has_named_file()),
+        rows_(names, words_, reads_files_ ? _private::shown_keys::all : _private::shown_keys::needed),
         program_(*names.scopes()[0].declared) {}
 
   std::string write() {
@@ -155,8 +156,10 @@ class manual {
       writer_.add_heading(words_.word("help.man_environment"));
       writer_.add_items(variables);
     }
+    if (!reads_files_) return;
     writer_.add_heading(words_.word("help.man_file"));
     writer_.add_line(words_.word("help.man_file_text"));
+    for (const strings::ustring8& file : options_.files) writer_.add_item(one_line(file), "", "");
   }
 
   void add_examples() {
@@ -173,6 +176,7 @@ class manual {
   const declared_names& names_;
   const man_page_options& options_;
   _private::help_words words_;
+  bool reads_files_;
   _private::help_rows rows_;
   const declaration& program_;
   page_writer writer_;

@@ -35,7 +35,7 @@ std::string warnings_of(const std::string& page) { return run_man(page, "-Tutf8 
 std::string shown(const std::string& page) { return run_man(page, "2>&1"); }
 
 TEST(man_page, shows_what_is_declared) {
-  const std::string page = man_page(declared_viewer(), {.date = "2026-11-22"});
+  const std::string page = man_page(declared_viewer(), {.date = "2026-11-22", .files = {"/etc/viewer.cfg"}});
   EXPECT_EQ(warnings_of(page), "");
   EXPECT_EQ(shown(page), R"(viewer(1)                                                            viewer(1)
 
@@ -112,6 +112,8 @@ ENVIRONMENT
 CONFIGURATION FILE
        A configuration file has settings under their keys: key = value.
 
+       /etc/viewer.cfg
+
 EXAMPLES
        viewer -t 8 holiday
               Shows a folder.
@@ -149,6 +151,17 @@ COMMANDS
             text.npos)
       << text;
   EXPECT_TRUE(text.starts_with("tool(8) ")) << text;
+}
+
+TEST(man_page, of_a_program_that_reads_no_file_says_nothing_about_files) {
+  const std::string page = man_page(declared_viewer());
+  EXPECT_EQ(page.find("CONFIGURATION"), page.npos);
+  EXPECT_EQ(page.find("[key: verbose]"), page.npos);
+  declaration named = declared_viewer();
+  named.add(setting("cfg_file", file_path()));
+  const std::string page_of_named = man_page(named);
+  EXPECT_NE(page_of_named.find(".SH \"CONFIGURATION FILE\"\n"), page.npos) << page_of_named;
+  EXPECT_NE(page_of_named.find("[key: verbose]"), page.npos);
 }
 
 TEST(man_page, of_a_program_without_anything_has_no_warning) {
@@ -227,7 +240,7 @@ TEST(man_page, takes_hostile_names_and_headings) {
   for (const std::string& text : hostile) {
     declaration tool(text);
     tool.version(text).add(setting("k", integer()).value_name(text).environment(text));
-    EXPECT_EQ(warnings_of(man_page(tool, {.section = ustring8(text), .date = ustring8(text)})), "") << text;
+    EXPECT_EQ(warnings_of(man_page(tool, {.section = ustring8(text), .date = ustring8(text), .files = {ustring8(text)}})), "") << text;
   }
 }
 
@@ -241,7 +254,7 @@ TEST(man_page, has_only_its_own_requests) {
     declaration tool(text);
     tool.description(text).version(text).example(text, text);
     tool.add(setting("k", flag()).help(text).group(text).value_name(text));
-    const std::string page = man_page(tool, {.date = ustring8(text)});
+    const std::string page = man_page(tool, {.date = ustring8(text), .files = {ustring8(text)}});
     for (std::string_view rest = page; !rest.empty(); rest.remove_prefix(rest.find('\n') + 1)) {
       const std::string_view line = rest.substr(0, rest.find('\n'));
       ASSERT_FALSE(line.empty()) << page;
