@@ -14,7 +14,7 @@
 ///
 /// Sub-commands are declarations of their own: `remote add NAME` is `add` in `remote`. Their settings have
 /// the names of the commands in front of their keys, in files and for `settings`: "remote.add.name". Their
-/// options stand after the command, where also those of the declarations around it are known.
+/// options are known after the command; options of the declarations around it are known there, too.
 ///
 /// The key "cfg_file" names the configuration file to read. A declaration that lets the user name it has a
 /// setting of this key, with the option it likes, and the usual file as the default:

@@ -39,14 +39,12 @@ enum class command_line_style {
   ///
   /// Keys are found in any case, two dashes are taken as one, and `--` and `-` are as above. Differences: a
   /// flag takes no word after it, a setting that is no list takes one; a word that begins with `/` is an
-  /// option
-  /// only if it is declared; blanks and quotes inside of a word stay.
+  /// option only if it is declared; blanks and quotes inside of a word stay.
   single_dash,
 };
 
 /// What a command line asks for instead of the program's work: the first of the options `--help` (or `-h`,
-/// and
-/// `/?` where that is on) and `--version`. A setting that has one of these options gets it instead.
+/// and `/?` where that is on) and `--version`. A setting that has one of these options gets it instead.
 enum class asked_for { nothing, help, version };
 
 struct settings_options {

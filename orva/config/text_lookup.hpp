@@ -6,9 +6,9 @@
 ///     };
 ///     std::cout << help_text(viewer, options);
 ///
-/// A lookup gets the name of a text and its English, and returns the text in the user's language. An empty
-/// text stands for the English one. The names are these; keys and commands are in lower case, and a key has
-/// the names of the commands in front:
+/// A lookup gets the name of a text and its English, and returns the text in the user's language. Where it
+/// returns an empty text, the English one is shown. The names are these; keys and commands are in lower case,
+/// and a key has the names of the commands in front:
 ///
 ///     setting.window.width, setting.remote.add.name    the help of a setting, by its key
 ///     value.window.width                               what the help shows for its value, if that is declared

@@ -36,8 +36,7 @@ declaration get_command() {
   declaration command("get");
   command.description(
       "Prints the value of a key, and each element of an array in a line of its own. Exits with 1 if the "
-      "file "
-      "does not have the key.");
+      "file does not have the key.");
   command.add_positional(one_file());
   command.add_positional(one_key());
   return command;
@@ -64,8 +63,7 @@ declaration unset_command() {
   declaration command("unset");
   command.description(
       "Removes a key with its value, and the comment directly above it if that belongs to no other key. "
-      "Exits "
-      "with 1 if the file does not have the key.");
+      "Exits with 1 if the file does not have the key.");
   command.add_positional(one_file());
   command.add_positional(one_key());
   return command;
@@ -84,8 +82,7 @@ declaration explain_command() {
   declaration command("explain");
   command.description(
       "Shows where the value of a key comes from. A program reads the files in this order: the first file "
-      "that "
-      "has the key counts. Each line is a place that has the key, and what came of it. Exits with 1 if no "
+      "that has the key counts. Each line is a place that has the key, and what came of it. Exits with 1 if no "
       "file has the key.");
   command.add_positional(setting("files_and_key", list_of(file_path()))
                              .required()
@@ -97,7 +94,7 @@ declaration explain_command() {
 declaration format_command() {
   declaration command("format");
   command.description(
-      "Writes a file in one layout: key = value in a line of its own, two blanks before a comment behind it, "
+      "Writes a file in one layout: key = value in a line of its own, two blanks before a comment in it, "
       "an empty line before each section, no other indentation than that of arrays over several lines, and "
       "line ends as the first one. Names, values and comments stay as they are, so that the file reads the "
       "same before and after.");

@@ -1,4 +1,5 @@
-// The scripts for bash and zsh, which share all but their main functions. Their languages are the same here.
+// The scripts for bash and zsh, which share all but their main functions: these parts are written in what both
+// languages have in common.
 #include "orva/config/internal/completion_model.hpp"
 #include "orva/config/internal/script_text.hpp"
 
@@ -114,7 +115,7 @@ if [[ $zsh_eval_context[-1] == (loadautofunc|shfunc) ]]; then
 else
   compdef FUNCTION )";
 
-/// What comes after an option or stands for an argument, as assignments.
+/// Assignments: what an option or an argument takes.
 void add_value(script_text& script, const completed_value& value) {
   script.add("takes=").add(name_of(value.kind));
   if (value.kind != completed_value::type::word) return;

@@ -25,7 +25,7 @@ class script_text {
 
   script_text(std::string function, quoting quoted) : function_(std::move(function)), quoted_(quoted) {}
 
-  /// A fixed part, in which FUNCTION stands for the name of the main function.
+  /// A fixed part, in which FUNCTION is replaced by the name of the main function.
   script_text& add(std::string_view fixed);
   script_text& add_plain(std::string_view text) {
     text_ += text;

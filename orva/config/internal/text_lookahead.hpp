@@ -19,7 +19,7 @@
 namespace ORVA_NAMESPACE::config::_private {
 
 constexpr bool is_blank(char c) { return c == ' ' || c == '\t'; }
-/// A carriage return alone ends a line for those who look at it, but not for `file_item`.
+/// A carriage return alone ends a line in an editor, but not for `file_item`.
 constexpr bool is_line_end(char c) { return c == '\n' || c == '\r'; }
 
 /// What a line looks like to a person.
