@@ -32,7 +32,7 @@ int main() {
   // Edit: only the lines of the key change. Each edit says whether it was refused.
   using edit_error = config_document::error;
   config_document document;
-  if (document.load(file_name) != config_document::load_error::none) return 1;
+  if (document.load(file_name).error != config_document::load_error::none) return 1;
   std::cout << "\nEdit:\n";
   for (const auto& [key, value] :
        {std::pair("window.width", "960"), std::pair("window.title", "Free space"), std::pair("a", "\"b\"")}) {

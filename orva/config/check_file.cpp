@@ -1,13 +1,11 @@
 #include "orva/config/check_file.hpp"
 
 #include <limits>
-#include <stdexcept>
 
+#include "orva/config/file_findings.hpp"
 #include "orva/config/internal/encoding_checker.hpp"
 #include "orva/config/internal/file_line_checker.hpp"
-#include "orva/exceptions/exception.hpp"
-#include "orva/system/file_utility.hpp"
-#include "orva/system/io.hpp"
+#include "orva/config/internal/read_file.hpp"
 
 namespace ORVA_NAMESPACE::config {
 
@@ -16,32 +14,16 @@ namespace {
 /// Positions have 32 bits, as in the reader.
 constexpr std::size_t longest_text = std::numeric_limits<unsigned int>::max() - 1;
 
-bool exists(const strings::ustring8& name) {
-  try {
-    return system::io::exists(name);
-  } catch (const std::runtime_error&) {
-    return true;  // its status cannot be asked for
-  }
-}
-
-bool read_whole(const strings::ustring8& name, strings::ustring8& text) {
-  try {
-    return system::load_file(name, text) == 0;
-  } catch (const exceptions::exception&) {
-    return false;  // too large for a string
-  } catch (const std::runtime_error&) {
-    return false;  // its status cannot be asked for
-  }
-}
-
 }  // namespace
 
 void check_file(const strings::text_argument& path, diagnostics::report& found) {
   const strings::ustring8 name(path.view());
   strings::ustring8 text;
-  if (read_whole(name, text)) return check_text(text, name, found);
-  const char* const code = exists(name) ? "config.file_unreadable" : "config.file_missing";
-  found.add({diagnostics::severity::error, code, name, {}, {}});
+  if (_private::read_file(name, text)) return check_text(text, name, found);
+  constexpr auto error = diagnostics::severity::error;
+  const auto unread = check_readable(name, error);
+  // If it can be read by now, it was missing.
+  found.add(unread ? *unread : diagnostics::finding{error, "config.file_missing", name, {}, {}});
 }
 
 void check_text(std::string_view text, std::string_view file_name, diagnostics::report& found) {

@@ -34,7 +34,7 @@
 namespace ORVA_NAMESPACE::config {
 
 /// Reads the file as `file_item` does, and adds to the report what is wrong, in the order of the text. A file
-/// that does not exist is the error "config.file_missing", one that cannot be read "config.file_unreadable".
+/// that is not read is an error, with a code of file_findings.hpp: "config.file_missing" and others.
 ORVA_API void check_file(const strings::text_argument& path, diagnostics::report& found);
 
 /// The same for the text of a file. The findings have the given file name.

@@ -8,8 +8,8 @@
 #include "orva/config/internal/document_lookup.hpp"
 #include "orva/config/internal/document_text.hpp"
 #include "orva/config/internal/lower_case_key.hpp"
+#include "orva/config/internal/unread_file.hpp"
 #include "orva/platform/file.hpp"
-#include "orva/platform/file_operations.hpp"
 #include "orva/platform/native_path.hpp"
 #include "orva/platform/symbolic_link.hpp"
 
@@ -27,15 +27,12 @@ std::string_view without_mark(std::string_view line) {
   return line;
 }
 
-config_document::load_error read_file(const platform::native_string& path, std::string& text) {
-  using enum config_document::load_error;
-  const platform::followed_path followed = platform::follow_links(path);
-  if (followed.system_error != 0) return unreadable;
-  if (!platform::status(followed.path).exists) return no_file;
-  platform::input_file file(followed.path);
-  if (!file.is_open() || file.size() > std::int64_t{config_document::max_size}) return unreadable;
+/// Reads the file at a path without links at its end. False if it is not read as a whole.
+bool read_file(const platform::native_string& path, std::string& text) {
+  platform::input_file file(path);
+  if (!file.is_open() || file.size() > std::int64_t{config_document::max_size}) return false;
   text.resize(static_cast<std::size_t>(file.size()));
-  return file.read(0, text.data(), text.size()) == text.size() ? none : unreadable;
+  return file.read(0, text.data(), text.size()) == text.size();
 }
 
 std::string_view code_of(config_document::error code) {
@@ -79,12 +76,19 @@ config_document& config_document::operator=(const config_document& other) {
 config_document& config_document::operator=(config_document&& other) noexcept = default;
 config_document::~config_document() = default;
 
-config_document::load_error config_document::load(const system::path_argument& path) {
+config_document::load_result config_document::load(const system::path_argument& path) {
   path_ = path.view();
+  const platform::native_string native = platform::to_native(path_);
   std::string text;
-  const load_error failure = read_file(platform::to_native(path_), text);
-  if (failure == load_error::none) text_ = std::make_unique<document_text>(std::move(text));
-  return failure;
+  if (!read_file(platform::follow_links(native).path, text)) {
+    const load_result refused = _private::try_to_read(native);
+    // Where it can be opened, a read has failed.
+    return refused.error != load_error::none
+               ? refused
+               : load_result{load_error::unreadable, std::make_error_code(std::errc::io_error)};
+  }
+  text_ = std::make_unique<document_text>(std::move(text));
+  return {};
 }
 
 system::replace_file_result config_document::save() const { return save(path_); }
@@ -163,17 +167,10 @@ diagnostics::finding describe(const config_document::result& result, std::string
           {generic::argument("key", strings::ustring8(key))}};
 }
 
-diagnostics::finding describe(config_document::load_error error, std::string_view file) {
-  const strings::ustring8 name(file);
-  switch (error) {
-    case config_document::load_error::none:
-      break;
-    case config_document::load_error::no_file:
-      return {diagnostics::severity::error, "config.file_missing", name, {}, {}};
-    case config_document::load_error::unreadable:
-      return {diagnostics::severity::error, "config.file_unreadable", name, {}, {}};
-  }
-  return {diagnostics::severity::note, {}, name, {}, {}};
+diagnostics::finding describe(const config_document::load_result& result, std::string_view file) {
+  const bool is_loaded = result.error == config_document::load_error::none;
+  const auto level = is_loaded ? diagnostics::severity::note : diagnostics::severity::error;
+  return _private::finding_of(result, file, level);
 }
 
 // On Windows a program that refers to it by its address imports it.

@@ -17,7 +17,7 @@
 /// byte, of any text.
 ///
 ///     set          A key that the file has keeps its place, its spelling, the form of its line and the comment
-///                  behind it. Of several lines for one key the last one counts, and is changed. A value in
+///                  after it. Of several lines for one key the last one counts, and is changed. A value in
 ///                  quotes stays in quotes. An array that gets a plain value, or the opposite, is written
 ///                  anew. An element of an array is a key, too: "paths.1".
 ///     a new key    comes after the last key with the same parent: "window.title" after "window.width", however
@@ -56,6 +56,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <vector>
 
 #include "orva/diagnostics/finding.hpp"
@@ -102,8 +103,19 @@ class ORVA_API config_document {
   /// Why a file was not read.
   enum class load_error {
     none = 0,
-    no_file,     ///< the path names something that can be reached
-    unreadable,  ///< that is a regular file of `max_size` bytes at most, which the process may read
+    no_file,     ///< the path names something
+    not_a_file,  ///< that is a regular file
+    too_large,   ///< it has `max_size` bytes at most
+    unreadable,  ///< the process may read it, and links to it form no circle
+  };
+
+  /// What `load` returns.
+  struct load_result {
+    config_document::load_error error = config_document::load_error::none;
+    /// Why the system refused. Only `unreadable` has a value.
+    std::error_code reason;
+
+    bool operator==(const load_result&) const = default;
   };
 
   /// A line that stores a key.
@@ -126,9 +138,9 @@ class ORVA_API config_document {
   config_document& operator=(config_document&& other) noexcept;
   ~config_document();
 
-  /// Replaces the text by that of a file, which may be behind symbolic links. A failure leaves it unchanged.
+  /// Replaces the text by that of a file. Symbolic links are followed. A failure leaves the text unchanged.
   /// The path is kept for `save`, also if there is no file.
-  [[nodiscard]] load_error load(const system::path_argument& path);
+  [[nodiscard]] load_result load(const system::path_argument& path);
   /// Writes the text to the file that was loaded, by `system::replace_file`. A document without a file has
   /// the empty path, which is refused.
   [[nodiscard]] system::replace_file_result save() const;
@@ -173,8 +185,12 @@ class ORVA_API config_document {
 [[nodiscard]] ORVA_API diagnostics::finding describe(const config_document::result& result,
                                                      std::string_view key, std::string_view file = {});
 
-/// The same for a file that was not read. For a failure of `save`: `system::describe`.
-[[nodiscard]] ORVA_API diagnostics::finding describe(config_document::load_error error,
+/// The same for a file that was not read, with the codes of file_findings.hpp. For a failure of `save`:
+/// `system::describe`.
+///
+///     describe(document.load("/etc/shadow"), "/etc/shadow")
+///         =>  /etc/shadow: error: The file cannot be opened: Permission denied [config.file_refused]
+[[nodiscard]] ORVA_API diagnostics::finding describe(const config_document::load_result& result,
                                                      std::string_view file);
 
 }  // namespace ORVA_NAMESPACE::config

@@ -6,6 +6,7 @@
 #include "orva/config/file_item.hpp"
 #include "orva/config/internal/checked_settings.hpp"
 #include "orva/config/internal/declared_item.hpp"
+#include "orva/config/internal/named_files.hpp"
 #include "orva/config/internal/settings_loader.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -17,11 +18,9 @@ using _private::settings_loader;
 
 namespace {
 
-constexpr std::string_view file_key = "cfg_file";
-
 /// The file that an item names, or empty text.
 strings::ustring8 named_file(const base_config_item& item) {
-  const auto* const node = item.get_value(file_key);
+  const auto* const node = item.get_value(_private::named_file_key);
   return node != nullptr ? node->second.as_string() : strings::ustring8();
 }
 
@@ -43,11 +42,14 @@ struct declared_items {
   }
 };
 
-void load_named_file(const declared_items& sources, const item_list& items, settings_loader& loader) {
-  sources.named->load(items);
-  strings::ustring8 wanted = named_file(*sources.command_line);
-  if (wanted.empty()) wanted = named_file(*sources.environment);
-  if (!wanted.empty() && sources.named->get_filename() != wanted) loader.add_file_not_read(wanted);
+/// The user may have asked for the file. That of the defaults may be missing.
+void check_named_file(const declared_items& sources, settings_loader& loader) {
+  strings::ustring8 file = named_file(*sources.command_line);
+  if (file.empty()) file = named_file(*sources.environment);
+  const bool may_be_missing = file.empty();
+  if (may_be_missing) file = named_file(*sources.defaults);
+  loader.check_is_readable(file, may_be_missing);
+  loader.check_file(*sources.named);
 }
 
 }  // namespace
@@ -65,31 +67,29 @@ declared_dispatch::declared_dispatch(const declared_dispatch& other) = default;
 declared_dispatch& declared_dispatch::operator=(const declared_dispatch& other) = default;
 declared_dispatch::~declared_dispatch() = default;
 
-bool declared_dispatch::has_named_file() const {
-  const std::size_t number = program_->names.find_lower_case_key(file_key);
-  return number != _private::not_found && !program_->names.settings()[number].described->type().is_list();
-}
-
 void declared_dispatch::setup(item_list& items) const {
   append(items, declared_item("command line", origin_kind::argument, program_));
-  if (has_named_file()) append(items, file_item(""));
+  if (program_->names.has_named_file()) append(items, file_item(""));
   for (const strings::ustring8& file : options_.files) append(items, file_item(file));
   append(items, declared_item("enviroment", origin_kind::variable, program_));
   append(items, declared_item("user_item", origin_kind::none, program_));
 }
 
 void declared_dispatch::load(item_list& items) const {
-  const declared_items sources(items, has_named_file(), options_.files.size());
+  const declared_items sources(items, program_->names.has_named_file(), options_.files.size());
   settings_loader loader(program_->names, options_);
   loader.read_command_line(argc_, argv_, *sources.command_line);
   loader.read_environment(envp_, *sources.environment);
   loader.read_defaults(*sources.defaults);
-  if (sources.named != nullptr) load_named_file(sources, items, loader);
+  if (sources.named != nullptr) sources.named->load(items);
   for (file_item* const file : sources.files) file->load();
 
   loader.check_command_line();
-  if (sources.named != nullptr) loader.check_file(*sources.named);
-  for (file_item* const file : sources.files) loader.check_file(*file);
+  if (sources.named != nullptr) check_named_file(sources, loader);
+  for (file_item* const file : sources.files) {
+    loader.check_is_readable(file->get_filename(), true);
+    loader.check_file(*file);
+  }
   loader.check_environment();
   sources.command_line->keep_origins(std::move(loader.command_line()));
   sources.environment->keep_origins(std::move(loader.environment()));

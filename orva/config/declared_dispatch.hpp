@@ -61,8 +61,6 @@ class ORVA_API declared_dispatch : public config_dispatch {
  private:
   friend class settings;
 
-  bool has_named_file() const;
-
   std::shared_ptr<const _private::declared_program> program_;
   std::shared_ptr<_private::load_result> result_;
   int argc_;

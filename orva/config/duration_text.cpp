@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "orva/config/internal/quantity_finding.hpp"
 #include "orva/config/internal/scaled_decimal.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -14,23 +15,24 @@ namespace {
 struct named_unit {
   std::string_view name;
   std::uint64_t nanoseconds;
+  bool is_written = false;
 };
 
 constexpr std::uint64_t second = 1'000'000'000;
 
 // From the greatest to the smallest.
 constexpr std::array units{named_unit{"w", 604'800 * second},
-                           named_unit{"d", 86'400 * second},
-                           named_unit{"h", 3'600 * second},
-                           named_unit{"m", 60 * second},
+                           named_unit{"d", 86'400 * second, true},
+                           named_unit{"h", 3'600 * second, true},
+                           named_unit{"m", 60 * second, true},
                            named_unit{"min", 60 * second},
-                           named_unit{"s", second},
+                           named_unit{"s", second, true},
                            named_unit{"sec", second},
-                           named_unit{"ms", 1'000'000},
-                           named_unit{"us", 1'000},
+                           named_unit{"ms", 1'000'000, true},
+                           named_unit{"us", 1'000, true},
                            named_unit{"\xC2\xB5s", 1'000},  // with the micro sign
                            named_unit{"\xCE\xBCs", 1'000},  // with the Greek letter
-                           named_unit{"ns", 1}};
+                           named_unit{"ns", 1, true}};
 
 constexpr bool is_of_word(char unit) {
   return (unit >= 'a' && unit <= 'z') || (unit >= 'A' && unit <= 'Z') ||
@@ -118,6 +120,13 @@ read_duration_result read_duration(std::string_view text) noexcept {
   return length == 0 ? read_bare_zero(text) : sum.result(length);
 }
 
+diagnostics::finding describe(const read_duration_result& result, std::string_view text,
+                              std::string_view file) {
+  constexpr std::string_view errors[] = {"", "no_duration", "too_large", "too_fine"};
+  return _private::quantity_finding("duration", errors[static_cast<std::size_t>(result.error)], text,
+                                    result.length, file);
+}
+
 std::optional<std::chrono::nanoseconds> parse_duration(std::string_view text) noexcept {
   const auto [value, length, error] = read_duration(text);
   if (error != duration_error::none || length != text.size()) return std::nullopt;
@@ -125,13 +134,13 @@ std::optional<std::chrono::nanoseconds> parse_duration(std::string_view text) no
 }
 
 strings::ustring8 write_duration(std::chrono::nanoseconds duration) {
-  constexpr std::array written_units{units[1], units[2], units[3], units[5], units[7], units[8], units[11]};
   const bool is_negative = duration.count() < 0;
   auto rest = static_cast<std::uint64_t>(duration.count());
   if (is_negative) rest = 0 - rest;
   if (rest == 0) return "0s";
   std::string text = is_negative ? "-" : "";
-  for (const named_unit& unit : written_units) {
+  for (const named_unit& unit : units) {
+    if (!unit.is_written) continue;
     if (const std::uint64_t count = rest / unit.nanoseconds; count != 0)
       text.append(std::to_string(count)).append(unit.name);
     rest %= unit.nanoseconds;

@@ -7,7 +7,7 @@
 ///
 /// `read_duration` reads a duration at the front of a text, as `generic::convert::read_number` reads a
 /// number, and `parse_duration` a text that is wholly a duration. A duration is a number of nanoseconds, up
-/// to 292 years, and is exact: no floating value is involved. Nothing throws, and reading allocates nothing.
+/// to 292 years, and is exact: no floating value is involved. Reading does not throw, and allocates nothing.
 /// Any thread may call.
 ///
 /// The units are w, d, h, m or min, s or sec, ms, us or µs, and ns, in lower case. A day has 24 hours.
@@ -30,6 +30,7 @@
 #include <optional>
 #include <string_view>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
@@ -62,6 +63,18 @@ struct read_duration_result {
 ///
 /// Inverse: `write_duration`.
 [[nodiscard]] ORVA_API read_duration_result read_duration(std::string_view text) noexcept;
+
+/// Why a text is not wholly a duration. It has line and column, and is a note without a code if nothing is
+/// wrong.
+///
+///     describe(read_duration("1h, 30m"), "1h, 30m", "a.txt")
+///         =>  a.txt:1:3: error: Other text follows the duration 1h. [duration.rest]
+///
+/// The codes are "duration." and the name of the error, and "duration.rest" where other text follows the
+/// duration. docs/diagnostic_codes.md explains each. `text` is what was read, and `file` the name that the
+/// user knows.
+[[nodiscard]] ORVA_API diagnostics::finding describe(const read_duration_result& result,
+                                                     std::string_view text, std::string_view file = {});
 
 /// The duration that the whole text is, and nothing if it is not one, or is not exact.
 [[nodiscard]] ORVA_API std::optional<std::chrono::nanoseconds> parse_duration(std::string_view text) noexcept;

@@ -1,16 +1,13 @@
 #include "orva/config/file_findings.hpp"
 
 #include <algorithm>
-#include <cstdint>
-#include <string>
-#include <system_error>
 #include <utility>
 #include <vector>
 
 #include "orva/config/internal/named_files.hpp"
+#include "orva/config/internal/unread_file.hpp"
 #include "orva/config/linked_file_item.hpp"
-#include "orva/platform/file.hpp"
-#include "orva/platform/file_operations.hpp"
+#include "orva/platform/native_path.hpp"
 #include "orva/platform/symbolic_link.hpp"
 #include "orva/system/path_argument.hpp"
 
@@ -22,73 +19,28 @@ using strings::ustring8;
 
 namespace {
 
-/// More than this is not read.
-constexpr std::uint64_t largest_size = 0x7FFFFFFF;
-
-bool means_missing(const std::error_code& error) {
-  return error == std::errc::no_such_file_or_directory || error == std::errc::not_a_directory;
-}
-
-/// Where a link leads; in a circle, to itself.
-struct link_target {
-  bool is_link = false;
-  ustring8 path;
-};
-
-link_target target_of(const platform::native_string& path) {
+/// Nothing if the path names no link. In a circle, a link leads to itself.
+std::optional<ustring8> link_target(const platform::native_string& path) {
   const auto followed = platform::follow_links(path);
-  if (followed.path == path && followed.system_error == 0) return {};
-  link_target target{true, {}};
-  platform::append_native(target.path, followed.system_error == 0 ? followed.path : path);
+  const bool is_circle = followed.system_error == platform::too_many_links;
+  if (!is_circle && (followed.system_error != 0 || followed.path == path)) return std::nullopt;
+  ustring8 target;
+  platform::append_native(target, is_circle ? path : followed.path);
   return target;
 }
-
-class file_check {
- public:
-  file_check(std::string_view file, severity level) : file_(file), level_(level) {}
-
-  std::optional<finding> run(file_links links) const {
-    auto path = platform::to_native(system::path_argument(file_).view());
-    if (path.empty() || path.find(platform::native_char{}) != path.npos) return found("config.file_missing");
-    if (links == file_links::followed) {
-      auto followed = platform::follow_links(path);
-      if (followed.system_error != 0) return refused(followed.system_error);
-      path = std::move(followed.path);
-    } else if (const auto target = target_of(path); target.is_link) {
-      return found("config.file_is_link", generic::argument("target", target.path));
-    }
-    return check_plain(path);
-  }
-
- private:
-  std::optional<finding> check_plain(const platform::native_string& path) const {
-    const auto status = platform::status(path);
-    const int error = platform::open_error(path);
-    if (error != 0 && status.exists && !status.is_file) return found("config.file_not_a_file");
-    if (error != 0) return refused(error);
-    if (platform::stamp_of(path).size > largest_size) return found("config.file_too_large");
-    return {};
-  }
-
-  std::optional<finding> refused(int system_error) const {
-    const std::error_code error(system_error, std::system_category());
-    if (means_missing(error)) return found("config.file_missing");
-    return found("config.file_refused", generic::argument("reason", ustring8(error.message())));
-  }
-
-  template <typename... Arguments>
-  finding found(const char* code, const Arguments&... arguments) const {
-    return {level_, ustring8(code), file_, {}, {arguments...}};
-  }
-
-  ustring8 file_;
-  severity level_;
-};
 
 }  // namespace
 
 std::optional<finding> check_readable(std::string_view file, severity level, file_links links) {
-  return file_check(file, level).run(links);
+  const auto path = platform::to_native(system::path_argument(file).view());
+  if (links == file_links::refused) {
+    if (const auto target = link_target(path)) {
+      return finding{level, "config.file_is_link", ustring8(file), {}, generic::argument("target", *target)};
+    }
+  }
+  const auto result = _private::try_to_read(path);
+  if (result.error == config_document::load_error::none) return std::nullopt;
+  return _private::finding_of(result, file, level);
 }
 
 void check_files(const config_manager& manager, diagnostics::report& findings, severity level) {

@@ -11,6 +11,7 @@
 #include "orva/config/internal/config_file_scanner.hpp"
 #include "orva/config/internal/config_quoting.hpp"
 #include "orva/config/internal/help_rows.hpp"
+#include "orva/config/internal/named_files.hpp"
 #include "orva/config/internal/wrapped_text.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -46,7 +47,8 @@ std::optional<std::string> spelled_values(const setting& described) {
 }
 
 bool is_shown(const declared_setting& declared) {
-  return !declared.is_positional && declared.described->successor().empty() && declared.key != "cfg_file";
+  return !declared.is_positional && declared.described->successor().empty() &&
+         declared.key != _private::named_file_key;
 }
 
 struct key_parts {

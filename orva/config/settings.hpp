@@ -19,6 +19,10 @@
 /// precedence has the setting. An unknown key in a file is a warning. Values of secret settings are shown as
 /// asterisks.
 ///
+/// A file that the command line or the environment names must be read, or is an error. Other files may be
+/// missing; one that is there and not read, such as a symbolic link, is a warning. The codes are those of
+/// file_findings.hpp.
+///
 /// `get` never returns a value that was not checked, or that its type cannot hold: it is an error of the
 /// program to ask for a setting or a type that is not declared, or for a value where there is none, and
 /// throws `exceptions::invalid_argument_value`. A value that was reported as an error is none.

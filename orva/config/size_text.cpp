@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "orva/config/internal/quantity_finding.hpp"
 #include "orva/config/internal/scaled_decimal.hpp"
 
 namespace ORVA_NAMESPACE::config {
@@ -64,6 +65,12 @@ read_size_result read_size(std::string_view text) noexcept {
   const auto [value, fits, is_whole] = number.times(unit.bytes);
   if (!fits) return {value, length, size_error::too_large};
   return {value, length, is_whole ? size_error::none : size_error::not_whole};
+}
+
+diagnostics::finding describe(const read_size_result& result, std::string_view text, std::string_view file) {
+  constexpr std::string_view errors[] = {"", "no_size", "too_large", "not_whole"};
+  return _private::quantity_finding("size", errors[static_cast<std::size_t>(result.error)], text,
+                                    result.length, file);
 }
 
 std::optional<std::uint64_t> parse_size(std::string_view text) noexcept {

@@ -7,7 +7,7 @@
 ///
 /// `read_size` reads a size at the front of a text, as `generic::convert::read_number` reads a number, and
 /// `parse_size` a text that is wholly a size. A size is a number of bytes, and is exact: no floating value is
-/// involved. Nothing throws, and reading allocates nothing. Any thread may call.
+/// involved. Reading does not throw, and allocates nothing. Any thread may call.
 ///
 ///     text          value, length, error
 ///     4096          =>  4096, 4, none                        without a unit: bytes
@@ -27,6 +27,7 @@
 #include <optional>
 #include <string_view>
 
+#include "orva/diagnostics/finding.hpp"
 #include "orva/export.hpp"
 #include "orva/strings/ustring.hpp"
 
@@ -60,6 +61,16 @@ struct read_size_result {
 ///
 /// Inverse: `write_size`.
 [[nodiscard]] ORVA_API read_size_result read_size(std::string_view text) noexcept;
+
+/// Why a text is not wholly a size. It has line and column, and is a note without a code if nothing is wrong.
+///
+///     describe(read_size("0.1 KiB"), "0.1 KiB", "a.txt")
+///         =>  a.txt:1:1: error: The size 0.1 KiB is not a whole number of bytes. [size.not_whole]
+///
+/// The codes are "size." and the name of the error, and "size.rest" where other text follows the size.
+/// docs/diagnostic_codes.md explains each. `text` is what was read, and `file` the name that the user knows.
+[[nodiscard]] ORVA_API diagnostics::finding describe(const read_size_result& result, std::string_view text,
+                                                     std::string_view file = {});
 
 /// The size that the whole text is, and nothing if it is not one, or is not exact.
 [[nodiscard]] ORVA_API std::optional<std::uint64_t> parse_size(std::string_view text) noexcept;

@@ -17,6 +17,7 @@ bool is_symbolic_link(const native_string& path) {
 }
 
 followed_path follow_links(const native_string& path) {
+  if (path.find(native_char{}) != path.npos) return {path, 0};
   boost::filesystem::path file(path);
   for (int links = 0; links <= longest_chain; ++links) {
     boost::system::error_code error;

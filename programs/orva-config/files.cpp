@@ -9,9 +9,9 @@ using orva::diagnostics::report;
 
 std::optional<config_document> read_file(const std::string& name, report& found) {
   config_document document;
-  const auto error = document.load(name);
-  if (error == config_document::load_error::none) return document;
-  found.add(describe(error, name));
+  const auto result = document.load(name);
+  if (result.error == config_document::load_error::none) return document;
+  found.add(describe(result, name));
   return std::nullopt;
 }
 

@@ -277,7 +277,7 @@ TEST(check_file, file_that_cannot_be_read_is_an_error) {
   report found;
   check_file(directory.file("none.cfg"), found);
   check_file(directory.name(), found);
-  EXPECT_EQ(findings_of(found), "0:0 error file_missing; 0:0 error file_unreadable");
+  EXPECT_EQ(findings_of(found), "0:0 error file_missing; 0:0 error file_not_a_file");
 }
 
 TEST(check_file, documentation_example) {

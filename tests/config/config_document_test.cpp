@@ -67,7 +67,7 @@ TEST(config_document, documentation_example) {
             "title = \"Free space\"\n");
 }
 
-void must(config_document::load_error failure) { EXPECT_EQ(failure, config_document::load_error::none); }
+void must(const config_document::load_result& result) { EXPECT_EQ(result, config_document::load_result()); }
 void must(const ORVA_NAMESPACE::system::replace_file_result& result) {
   EXPECT_EQ(result.code, ORVA_NAMESPACE::system::replace_file_result::error::none);
 }
@@ -86,8 +86,7 @@ TEST(config_document, file_that_does_not_exist_is_made_by_save) {
   const orva_test::temporary_directory directory;
   const std::string path = directory.file("new.cfg");
   config_document document;
-  EXPECT_EQ(document.load(path), load_error::no_file);
-  EXPECT_EQ(describe(load_error::no_file, "new.cfg").code, "config.file_missing");
+  EXPECT_EQ(document.load(path).error, load_error::no_file);
   must(document.set("a", "1"));
   must(document.save());
   EXPECT_EQ(directory.read("new.cfg"), "a = 1\n");
@@ -101,18 +100,34 @@ TEST(config_document, file_that_does_not_exist_is_made_by_save) {
 
 TEST(config_document, failed_load_keeps_the_text) {
   const orva_test::temporary_directory directory;
+  const std::string file = directory.write("file.cfg", "a = 2\n");
   config_document document("a = 1\n");
-  EXPECT_EQ(document.load(directory.name()), load_error::unreadable);
-  EXPECT_EQ(describe(load_error::unreadable, "x").code, "config.file_unreadable");
-  EXPECT_EQ(document.load(directory.file("none/none.cfg")), load_error::no_file);
-  EXPECT_EQ(document.load(std::string("\0", 1)), load_error::no_file);
-  EXPECT_EQ(document.load(""), load_error::no_file);
+  EXPECT_EQ(document.load(directory.name()).error, load_error::not_a_file);
+  for (const std::string& path : {directory.file("none/none.cfg"), directory.file("file.cfg/none.cfg"),
+                                  file + std::string("\0", 1), std::string()}) {
+    EXPECT_EQ(document.load(path), (config_document::load_result{load_error::no_file, {}})) << path;
+  }
   EXPECT_EQ(document.text(), "a = 1\n");
   EXPECT_EQ(document.save().code, ORVA_NAMESPACE::system::replace_file_result::error::bad_path);
-  EXPECT_EQ(describe(load_error::none, "x").code, "");
 }
 
-TEST(config_document, file_behind_links_is_read_and_saved_and_the_links_stay) {
+TEST(config_document, failed_load_is_described_by_the_codes_of_files) {
+  const config_document::load_result refused{load_error::unreadable,
+                                             std::make_error_code(std::errc::permission_denied)};
+  std::ostringstream stream;
+  stream << describe(refused, "/etc/shadow");
+  EXPECT_EQ(stream.str(),
+            "/etc/shadow: error: The file cannot be opened: Permission denied [config.file_refused]");
+  EXPECT_EQ(describe(config_document::load_result{load_error::no_file, {}}, "x").code, "config.file_missing");
+  EXPECT_EQ(describe(config_document::load_result{load_error::not_a_file, {}}, "x").code,
+            "config.file_not_a_file");
+  EXPECT_EQ(describe(config_document::load_result{load_error::too_large, {}}, "x").code,
+            "config.file_too_large");
+  EXPECT_EQ(describe(config_document::load_result(), "x").code, "");
+  EXPECT_EQ(describe(config_document::load_result(), "x").level, ORVA_NAMESPACE::diagnostics::severity::note);
+}
+
+TEST(config_document, links_are_followed_by_load_and_save_and_stay) {
   const orva_test::temporary_directory directory;
   directory.write("data/real.cfg", "a = 1\n");
   std::error_code refused;
@@ -126,7 +141,10 @@ TEST(config_document, file_behind_links_is_read_and_saved_and_the_links_stay) {
   must(document.save());
   EXPECT_EQ(directory.read("data/real.cfg"), "a = 2\n");
   EXPECT_TRUE(std::filesystem::is_symlink(directory.path() / "first.cfg"));
-  EXPECT_EQ(document.load(directory.file("circle.cfg")), load_error::unreadable);
+  EXPECT_EQ(document.load(directory.file("first.cfg") + std::string("\0x", 2)).error, load_error::no_file);
+  const auto circle = document.load(directory.file("circle.cfg"));
+  EXPECT_EQ(circle.error, load_error::unreadable);
+  EXPECT_NE(circle.reason, std::error_code());
 }
 
 TEST(config_document, findings_name_the_key_and_its_line) {
@@ -310,6 +328,8 @@ TEST(config_document, set_array_is_refused_where_other_lines_set_its_elements) {
   EXPECT_EQ(set("a[] = 1,\"\"\nb[] = 2\n", "b", "2"), "affects_other_keys");
   EXPECT_EQ(set_array("[s]\n\"[]\" = 1\n", "s", {"x"}), "affects_other_keys");
   EXPECT_EQ(set_array("a.1 = x\n", "a", {"1"}), "affects_other_keys");
+  EXPECT_EQ(set_array("b = 1\na.0 = x\n", "a", {"1"}), "affects_other_keys");
+  EXPECT_EQ(set_array("b = 1\n[]\na.0 = x\n", "a", {"1"}), "affects_other_keys");
 }
 
 // New keys.
@@ -379,22 +399,14 @@ TEST(config_document, keys_with_empty_names_are_refused_only_where_they_are_new)
 }
 
 TEST(config_document, byte_order_mark_is_a_part_of_the_first_key_and_stays_first) {
-  EXPECT_EQ(config_document("\xEF\xBB\xBF"
-                            "a=1\n")
-                .get("a"),
-            std::nullopt);
-  EXPECT_EQ(config_document("\xEF\xBB\xBF"
-                            "a=1\n")
-                .get("\xEF\xBB\xBF"
-                     "a"),
-            "1");
-  EXPECT_EQ(set("\xEF\xBB\xBF"
-                "a=1\n",
-                "a", "2"),
-            "\xEF\xBB\xBF"
-            "a=1\na=2\n");
-  EXPECT_EQ(set("\xEF\xBB\xBF[s]\na=1\n", "s.a", "2"), "\xEF\xBB\xBF[s]\na=1\n\n[s]\na = 2\n");
-  EXPECT_EQ(set("\xEF\xBB\xBF", "a", "2"), "unclosed");
+  const std::string mark = "\xEF\xBB\xBF";
+  const config_document document(mark + "a=1\n");
+  EXPECT_EQ(document.get("a"), std::nullopt);
+  EXPECT_EQ(document.get(mark + "a"), "1");
+  EXPECT_EQ(set(mark + "a=1\n", "a", "2"), mark + "a=1\na=2\n");
+  EXPECT_EQ(set(mark + "[s]\na=1\n", "s.a", "2"), mark + "[s]\na=1\n\n[s]\na = 2\n");
+  EXPECT_EQ(set(mark, "a", "2"), "unclosed");
+  EXPECT_EQ(removed(mark + "a=1\nb=2\n", mark + "a"), "b=2\n");
 }
 
 TEST(config_document, nothing_is_added_after_text_that_is_open) {
@@ -480,6 +492,7 @@ TEST(config_document, remove_refuses_elements_and_shared_arrays) {
   EXPECT_EQ(removed("a[] = 1, 2\na[] = 3\n", "a"), "");
   EXPECT_EQ(removed("a[] = 1, \"\"\nb[] = 2\n", "a"), "affects_other_keys");
   EXPECT_EQ(removed("=a=1\n=b=2\n", "a"), "=\n=b=2\n");
+  EXPECT_EQ(removed("a.[] = 1, 2\n", "a"), "");
 }
 
 // Sections.

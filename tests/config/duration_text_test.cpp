@@ -4,7 +4,7 @@
 
 #include <array>
 #include <cstdint>
-#include <ostream>
+#include <sstream>
 #include <string>
 
 #include "tests/support/random_engine.hpp"
@@ -97,6 +97,29 @@ TEST(duration_text, documentation_example) {
   EXPECT_EQ(parse_duration("1.5s"), 1500000000ns);
   EXPECT_EQ(parse_duration("90"), std::nullopt);
   EXPECT_EQ(write_duration(5400s), "1h30m");
+}
+
+TEST(duration_text, documentation_example_of_describe) {
+  std::ostringstream stream;
+  stream << describe(read_duration("1h, 30m"), "1h, 30m", "a.txt");
+  EXPECT_EQ(stream.str(), "a.txt:1:3: error: Other text follows the duration 1h. [duration.rest]");
+}
+
+TEST(duration_text, that_is_wrong_is_described) {
+  const auto described = [](std::string_view text) {
+    std::ostringstream stream;
+    stream << describe(read_duration(text), text);
+    return stream.str();
+  };
+  EXPECT_EQ(described("90"), "1:1: error: No duration begins here. [duration.no_duration]");
+  EXPECT_EQ(described("0.5ns"),
+            "1:1: error: The duration 0.5ns is not a whole number of nanoseconds. [duration.too_fine]");
+  EXPECT_EQ(described("300000d 1h, or so"),
+            "1:1: error: The duration 300000d 1h is too long; the limit is 292 years. [duration.too_large]");
+  const auto right = describe(read_duration("1h30m"), "1h30m", "a.txt");
+  EXPECT_EQ(right.code, "");
+  EXPECT_EQ(right.level, ORVA_NAMESPACE::diagnostics::severity::note);
+  EXPECT_EQ(right.file, "a.txt");
 }
 
 TEST(duration_text, is_written_in_the_units_that_it_has) {

@@ -78,6 +78,16 @@ TEST(check_readable, missing_file_and_missing_directory_are_missing) {
   EXPECT_EQ(code_of(check_readable(std::string("a\0b", 3))), "config.file_missing");
 }
 
+TEST(check_readable, path_that_the_system_refuses_has_its_reason) {
+  const temporary_directory directory;
+  const auto found = check_readable(directory.file(std::string(300, 'a')));
+  ASSERT_TRUE(found.has_value());
+  if (found->code == "config.file_missing") GTEST_SKIP() << "long names are missing files here";
+  EXPECT_EQ(found->code, "config.file_refused");
+  EXPECT_EQ(sentence(*found), "The file cannot be opened: " +
+                                  std::make_error_code(std::errc::filename_too_long).message());
+}
+
 TEST(check_readable, severity_is_that_of_the_caller) {
   const temporary_directory directory;
   EXPECT_EQ(check_readable(directory.file("a.cfg"))->level, severity::warning);

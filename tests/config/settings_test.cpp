@@ -371,14 +371,28 @@ TEST(a_file, is_named_by_the_command_line_or_the_environment_or_the_default) {
   EXPECT_EQ(run.settings.get<int>("m"), 3) << "the file of the options is read, too";
 }
 
-TEST(a_file, that_is_named_and_missing_is_an_error) {
+TEST(a_file, that_the_user_names_and_that_is_not_read_is_an_error) {
+  const temporary_directory directory;
   const auto declared =
       with({setting("cfg_file", file_path()).option("config").environment("CONFIG").by_default("none.cfg")});
-  EXPECT_EQ(program_run(declared).codes(), texts());
+  EXPECT_EQ(program_run(declared).codes(), texts()) << "the default may be missing";
   EXPECT_EQ(program_run(declared, {"--config=gone.cfg"}).codes(),
-            texts{"gone.cfg error config.file_not_read"});
+            texts{"gone.cfg error config.file_missing"});
   EXPECT_EQ(program_run(declared, {}, {"CONFIG=gone.cfg"}).codes(),
-            texts{"gone.cfg error config.file_not_read"});
+            texts{"gone.cfg error config.file_missing"});
+  EXPECT_EQ(without_file(program_run(declared, {"--config=" + directory.name()}).codes(), directory.name()),
+            texts{"FILE error config.file_not_a_file"});
+}
+
+TEST(a_file, that_is_there_and_not_read_is_a_warning) {
+  const temporary_directory directory;
+  const auto declared = with({setting("cfg_file", file_path()).by_default(directory.name())});
+  EXPECT_EQ(without_file(program_run(declared).codes(), directory.name()),
+            texts{"FILE warning config.file_not_a_file"});
+  settings_options options;
+  options.files = {directory.name(), directory.file("none.cfg")};
+  EXPECT_EQ(without_file(program_run(with({}), {}, {}, options).codes(), directory.name()),
+            texts{"FILE warning config.file_not_a_file"});
 }
 
 // Required, deprecated, secret.

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-#include <ostream>
+#include <sstream>
 #include <string>
 
 #include "tests/support/random_engine.hpp"
@@ -96,6 +96,29 @@ TEST(size_text, documentation_example) {
   EXPECT_EQ(parse_size("1.5 GB"), 1500000000);
   EXPECT_EQ(parse_size("10 apples"), std::nullopt);
   EXPECT_EQ(write_size(10485760), "10 MiB");
+}
+
+TEST(size_text, documentation_example_of_describe) {
+  std::ostringstream stream;
+  stream << describe(read_size("0.1 KiB"), "0.1 KiB", "a.txt");
+  EXPECT_EQ(stream.str(),
+            "a.txt:1:1: error: The size 0.1 KiB is not a whole number of bytes. [size.not_whole]");
+}
+
+TEST(size_text, that_is_wrong_is_described) {
+  const auto described = [](std::string_view text) {
+    std::ostringstream stream;
+    stream << describe(read_size(text), text);
+    return stream.str();
+  };
+  EXPECT_EQ(described("apples"), "1:1: error: No size begins here. [size.no_size]");
+  EXPECT_EQ(described("10 apples"), "1:3: error: Other text follows the size 10. [size.rest]");
+  EXPECT_EQ(described("16 EiB, or so"),
+            "1:1: error: The size 16 EiB is too large; it must be below 16 EiB. [size.too_large]");
+  const auto right = describe(read_size("4 KiB"), "4 KiB", "a.txt");
+  EXPECT_EQ(right.code, "");
+  EXPECT_EQ(right.level, ORVA_NAMESPACE::diagnostics::severity::note);
+  EXPECT_EQ(right.file, "a.txt");
 }
 
 TEST(size_text, is_written_in_the_greatest_unit_that_divides_it) {

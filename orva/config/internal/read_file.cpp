@@ -20,7 +20,6 @@ bool read_file(const strings::ustring8& name, strings::ustring8& contents) {
 
 strings::ustring8 linked_file(const strings::ustring8& name) {
   const auto native = platform::to_native(system::path_argument(name).view());
-  if (native.find(platform::native_char{}) != native.npos) return name;
   const auto followed = platform::follow_links(native);
   if (followed.path == native || followed.system_error != 0) return name;
   strings::ustring8 path;

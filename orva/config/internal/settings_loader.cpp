@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "orva/config/file_findings.hpp"
 #include "orva/config/internal/array_flags.hpp"
 #include "orva/config/internal/read_value.hpp"
 #include "orva/generic/varg_list.hpp"
@@ -218,8 +219,10 @@ void settings_loader::add_file_entry(given_settings& file, file_places& places, 
   file.add({number, each.key, places.file(), {}, elements_of(std::move(texts), {}), is_list, &places});
 }
 
-void settings_loader::add_file_not_read(const ustring8& name) {
-  findings_.add(severity::error, "config.file_not_read", name, {}, {});
+void settings_loader::check_is_readable(const ustring8& file, bool may_be_missing) {
+  auto found = check_readable(file, may_be_missing ? severity::warning : severity::error);
+  if (!found || (may_be_missing && found->code == "config.file_missing")) return;
+  result_.findings.add(std::move(*found));
 }
 
 // All sources.

@@ -5,6 +5,7 @@
 ///     loader.read_environment(envp, environment);
 ///     loader.read_defaults(defaults);
 ///     loader.check_command_line();                 // then the checks, in the order of precedence
+///     loader.check_is_readable(file.get_filename(), true);
 ///     loader.check_file(file);
 ///     loader.check_environment();
 ///     checked_settings result = loader.finish();
@@ -36,8 +37,8 @@ class settings_loader {
   void check_command_line();
   void check_environment();
   void check_file(file_item& item);
-  /// The file that the command line or the environment names cannot be read.
-  void add_file_not_read(const strings::ustring8& name);
+  /// Reports why a file is not read.
+  void check_is_readable(const strings::ustring8& file, bool may_be_missing);
 
   /// Adds the defaults, and findings about what is missing.
   checked_settings finish();
