@@ -70,7 +70,8 @@ void edit_file_by_document(benchmark::State& state) {
   int value = 0;
   for (auto _ : state) {
     config_document document;
-    if (document.load(path).error != config_document::load_error::none) throw std::runtime_error("not loaded");
+    if (document.load(path).error != config_document::load_error::none)
+      throw std::runtime_error("not loaded");
     require(document.set(edited_key(), std::to_string(++value % 10)));
     if (document.save().code != ORVA_NAMESPACE::system::replace_file_result::error::none) {
       throw std::runtime_error("not saved");

@@ -7,8 +7,8 @@
 ///         =>  app.cfg: error: The file does not exist. [config.file_missing]
 ///
 /// `file_item` reads nothing from a file that does not exist, cannot be opened, or is a symbolic link, and
-/// reports nothing. These are its speaking siblings. They look at the file system now: a file may change before
-/// the next load.
+/// reports nothing. These are its speaking siblings. They look at the file system now: a file may change
+/// before the next load.
 ///
 ///     config.file_is_link       a symbolic link, which a `file_item` does not follow
 ///     config.file_missing       no such file
@@ -39,8 +39,9 @@ enum class file_links {
     std::string_view file, diagnostics::severity level = diagnostics::severity::warning,
     file_links links = file_links::refused);
 
-/// Checks each configured file once: the file of each `file_item` that has a name, and each file that a source
-/// names by the key "cfg_file". The file that is searched for by the name of the program may be missing.
+/// Checks each configured file once: the file of each `file_item` that has a name, and each file that a
+/// source names by the key "cfg_file". The file that is searched for by the name of the program may be
+/// missing.
 ORVA_API void check_files(const config_manager& manager, diagnostics::report& findings,
                           diagnostics::severity level = diagnostics::severity::warning);
 

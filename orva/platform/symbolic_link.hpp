@@ -17,8 +17,8 @@ struct followed_path {
   int system_error = 0;
 };
 
-/// The path to which any links at the end of `path` lead; nothing need be there. A path with a zero unit names
-/// nothing, and leads to itself.
+/// The path to which any links at the end of `path` lead; nothing need be there. A path with a zero unit
+/// names nothing, and leads to itself.
 followed_path follow_links(const native_string& path);
 
 // What a port implements.

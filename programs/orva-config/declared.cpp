@@ -82,8 +82,8 @@ declaration explain_command() {
   declaration command("explain");
   command.description(
       "Shows where the value of a key comes from. A program reads the files in this order: the first file "
-      "that has the key counts. Each line is a place that has the key, and what came of it. Exits with 1 if no "
-      "file has the key.");
+      "that has the key counts. Each line is a place that has the key, and what came of it. Exits with 1 if "
+      "no file has the key.");
   command.add_positional(setting("files_and_key", list_of(file_path()))
                              .required()
                              .value_name("FILE... KEY")

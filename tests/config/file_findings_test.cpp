@@ -84,8 +84,8 @@ TEST(check_readable, path_that_the_system_refuses_has_its_reason) {
   ASSERT_TRUE(found.has_value());
   if (found->code == "config.file_missing") GTEST_SKIP() << "long names are missing files here";
   EXPECT_EQ(found->code, "config.file_refused");
-  EXPECT_EQ(sentence(*found), "The file cannot be opened: " +
-                                  std::make_error_code(std::errc::filename_too_long).message());
+  EXPECT_EQ(sentence(*found),
+            "The file cannot be opened: " + std::make_error_code(std::errc::filename_too_long).message());
 }
 
 TEST(check_readable, severity_is_that_of_the_caller) {

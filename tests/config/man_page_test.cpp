@@ -240,7 +240,10 @@ TEST(man_page, takes_hostile_names_and_headings) {
   for (const std::string& text : hostile) {
     declaration tool(text);
     tool.version(text).add(setting("k", integer()).value_name(text).environment(text));
-    EXPECT_EQ(warnings_of(man_page(tool, {.section = ustring8(text), .date = ustring8(text), .files = {ustring8(text)}})), "") << text;
+    EXPECT_EQ(warnings_of(man_page(
+                  tool, {.section = ustring8(text), .date = ustring8(text), .files = {ustring8(text)}})),
+              "")
+        << text;
   }
 }
 

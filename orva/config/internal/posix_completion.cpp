@@ -1,5 +1,5 @@
-// The scripts for bash and zsh, which share all but their main functions: these parts are written in what both
-// languages have in common.
+// The scripts for bash and zsh, which share all but their main functions: these parts are written in what
+// both languages have in common.
 #include "orva/config/internal/completion_model.hpp"
 #include "orva/config/internal/script_text.hpp"
 
