@@ -3,7 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 #include <functional>
+#include <iterator>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "fuzz/config/fuzz_input.hpp"
@@ -96,31 +98,52 @@ void require_roff(std::string_view page) {
   }
 }
 
-void write_all(const declaration& declared, const char* command, std::string_view input) {
+constexpr completion_shell shells[] = {completion_shell::bash, completion_shell::zsh, completion_shell::fish};
+
+/// A declaration, and what is around its texts.
+struct declared_pages {
+  explicit declared_pages(declaration given, const char* command)
+      : declared(std::move(given)), command(command) {
+    for (const completion_shell shell : shells) scripts.push_back(script_around_texts(shell, {}));
+    sample = without_comments(sample_file(declared));
+  }
+
+  std::string script_around_texts(completion_shell shell, const text_lookup& texts) const {
+    return without_quoted(completion_script(declared, shell, texts), shell == completion_shell::fish);
+  }
+
+  declaration declared;
+  const char* command;
+  std::vector<std::string> scripts;
+  std::string sample;
+};
+
+void write_all(const declared_pages& pages, std::string_view input) {
+  const declaration& declared = pages.declared;
   const text_lookup texts = lookup_in(input);
-  for (const completion_shell shell :
-       {completion_shell::bash, completion_shell::zsh, completion_shell::fish}) {
-    const bool is_fish = shell == completion_shell::fish;
-    require(without_quoted(completion_script(declared, shell, texts), is_fish) ==
-            without_quoted(completion_script(declared, shell), is_fish));
+  for (std::size_t i = 0; i < std::size(shells); ++i) {
+    require(pages.script_around_texts(shells[i], texts) == pages.scripts[i]);
   }
   for (const std::size_t width : {std::size_t{0}, std::size_t{40}, std::size_t{100}}) {
-    require_visible(help_text(declared, {.width = width, .command = command, .texts = texts}));
+    require_visible(help_text(declared, {.width = width, .command = pages.command, .texts = texts}));
   }
   require_roff(man_page(declared, {.texts = texts}));
   const std::string sample = sample_file(declared, texts);
   require_visible(sample);
-  require(without_comments(sample) == without_comments(sample_file(declared)));
+  require(without_comments(sample) == pages.sample);
 }
+
+/// Each of the many texts can be nearly as long as the input.
+constexpr std::size_t longest_texts = 512;
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  if (size > longest_input) return 0;
-  static const declaration viewer = orva_test::declared_viewer();
-  static const declaration tool = orva_test::declared_tool();
+  if (size > longest_texts) return 0;
+  static const declared_pages viewer(orva_test::declared_viewer(), "");
+  static const declared_pages tool(orva_test::declared_tool(), "remote.add");
   const std::string_view input = text_of(data, size);
-  write_all(viewer, "", input);
-  write_all(tool, "remote.add", input);
+  write_all(viewer, input);
+  write_all(tool, input);
   return 0;
 }
