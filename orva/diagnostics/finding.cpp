@@ -1,8 +1,10 @@
 #include "orva/diagnostics/finding.hpp"
 
 #include <algorithm>
+#include <optional>
 
 #include "orva/diagnostics/internal/argument_text.hpp"
+#include "orva/internal/text/placeholders.hpp"
 
 namespace ORVA_NAMESPACE::diagnostics {
 
@@ -10,23 +12,12 @@ namespace {
 
 using strings::ustring8;
 
-/// Replaces each {name} by the argument of that name.
 ustring8 with_arguments(std::string_view text, const generic::varg_list& arguments) {
-  ustring8 result;
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t open = std::min(text.find('{', begin), text.size());
-    result.append(text, begin, open - begin);
-    if (open == text.size()) break;
-    const std::size_t close = text.find('}', open);
-    const auto argument = arguments.find(text.substr(open + 1, close - open - 1));
-    if (argument == arguments.end()) {
-      result.append(text, open, close + 1 - open);
-    } else {
-      result += _private::text_of(argument->value()).text;
-    }
-    begin = close + 1;
-  }
-  return result;
+  return ustring8(internal::text::with_placeholders(text, [&](std::string_view name) {
+    const auto argument = arguments.find(name);
+    return argument == arguments.end() ? std::nullopt
+                                       : std::optional(_private::text_of(argument->value()).text);
+  }));
 }
 
 }  // namespace

@@ -1,7 +1,9 @@
 #include "orva/config/internal/help_words.hpp"
 
 #include <algorithm>
+#include <optional>
 
+#include "orva/internal/text/placeholders.hpp"
 #include "orva/internal/text/visible_text.hpp"
 
 namespace ORVA_NAMESPACE::config::_private {
@@ -26,22 +28,11 @@ std::string joined_lines(std::string_view text, char between) {
   return joined;
 }
 
-/// A name that is none of the arguments stays as it is.
 std::string with_arguments(std::string_view text, std::initializer_list<help_words::argument> arguments) {
-  std::string result;
-  while (!text.empty()) {
-    const std::size_t open = std::min(text.find('{'), text.size());
-    result += text.substr(0, open);
-    text.remove_prefix(open);
-    const std::size_t close = text.find('}');
-    const auto named = std::find_if(arguments.begin(), arguments.end(), [&](const auto& each) {
-      return close != text.npos && each.name == text.substr(1, close - 1);
-    });
-    const std::size_t read = named != arguments.end() ? close + 1 : std::min<std::size_t>(1, text.size());
-    result += named != arguments.end() ? named->value : text.substr(0, read);
-    text.remove_prefix(read);
-  }
-  return result;
+  return internal::text::with_placeholders(text, [&](std::string_view name) {
+    const auto named = std::ranges::find(arguments, name, &help_words::argument::name);
+    return named == arguments.end() ? std::nullopt : std::optional(named->value);
+  });
 }
 
 }  // namespace
