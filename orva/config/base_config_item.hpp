@@ -148,8 +148,13 @@ class ORVA_API base_config_item
 
  private:
   friend class config_manager;  // converts a key to lower case once for all items
+  friend class explainer;       // lists the keys of all items
 
   const node_type* get_value(const _private::lower_case_key& key) const;
+  /// Appends the names of all values, but none longer than `longest`.
+  void append_keys(std::vector<strings::ustring8>& keys, std::size_t longest) const {
+    tree_.append_keys(keys, longest);
+  }
 };
 
 /// As `dump`.

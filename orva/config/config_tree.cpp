@@ -173,17 +173,13 @@ void config_tree::get_array(std::string_view key, std::vector<value_entry>& out)
   }
 }
 
-void config_tree::get_value_pair_array(std::string_view key, std::vector<value_entry>& out, bool recursive,
-                                       std::string_view prefix) const {
-  const config_tree* const top = key.empty() ? this : find(key);
-  if (top == nullptr) return;
-
+template <typename Visit>
+void config_tree::visit_below(strings::ustring8 name, Visit visit) const {
   struct level {
     child_map::const_iterator at, end;
     std::size_t prefix_length;
   };
-  strings::ustring8 name(key.empty() ? prefix : "");
-  std::vector<level> open{{top->children_.begin(), top->children_.end(), name.size()}};
+  std::vector<level> open{{children_.begin(), children_.end(), name.size()}};
   while (!open.empty()) {
     level& current = open.back();
     if (current.at == current.end) {
@@ -195,9 +191,28 @@ void config_tree::get_value_pair_array(std::string_view key, std::vector<value_e
     name += current.at->first;
     const config_tree& child = *current.at->second;
     ++current.at;
-    out.emplace_back(name, child.node_);
-    if (recursive) open.push_back({child.children_.begin(), child.children_.end(), name.size()});
+    if (visit(name, child.node_))
+      open.push_back({child.children_.begin(), child.children_.end(), name.size()});
   }
+}
+
+void config_tree::get_value_pair_array(std::string_view key, std::vector<value_entry>& out, bool recursive,
+                                       std::string_view prefix) const {
+  const config_tree* const top = key.empty() ? this : find(key);
+  if (top == nullptr) return;
+  top->visit_below(strings::ustring8(key.empty() ? prefix : ""),
+                   [&](const strings::ustring8& name, const node_type& node) {
+                     out.emplace_back(name, node);
+                     return recursive;
+                   });
+}
+
+void config_tree::append_keys(std::vector<strings::ustring8>& keys, std::size_t longest) const {
+  visit_below({}, [&](const strings::ustring8& name, const node_type& node) {
+    if (name.size() > longest) return false;
+    if ((node.first & NODE_VALUE_SET) != 0) keys.push_back(name);
+    return true;
+  });
 }
 
 void config_tree::parse_string(std::string_view key, strings::ustring8& head, strings::ustring8& tail) const {

@@ -132,6 +132,13 @@ class ORVA_API config_tree : public generic::abilities::clone_ability,
   /// Stores the elements of an array as children of this node.
   void store_elements(const generic::varg_list& values, const generic::varg_list& flags);
 
+  /// Calls `visit` with the name and the node of each child, and with those below it if `visit` returned
+  /// true. The names begin with `name` and a dot, if that is not empty.
+  template <typename Visit>
+  void visit_below(strings::ustring8 name, Visit visit) const;
+  /// Appends the names of the nodes below that have a value, but none longer than `longest`.
+  void append_keys(std::vector<strings::ustring8>& keys, std::size_t longest) const;
+
   void copy_children(const config_tree& source);
   static void detach_branches(child_map& from, detached_nodes& to);
 

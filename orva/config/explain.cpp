@@ -232,11 +232,8 @@ explanation explainer::explain(std::string_view key, const types::variant& defau
 }
 
 std::vector<strings::ustring8> explainer::keys() const {
-  std::vector<base_config_item::value_entry> entries;
-  for (const source& from : *sources_) from.item().get_value_pair_array("", entries, true);
   std::vector<strings::ustring8> names;
-  for (auto& [name, node] : entries)
-    if ((node.first & config_tree::NODE_VALUE_SET) != 0) names.push_back(std::move(name));
+  for (const source& from : *sources_) from.item().append_keys(names, max_listed_key);
   std::sort(names.begin(), names.end());
   names.erase(std::unique(names.begin(), names.end()), names.end());
   return names;

@@ -74,6 +74,9 @@ struct explanation {
   std::vector<explained_step> steps;
 };
 
+/// The longest name that `explainer::keys` returns, in bytes.
+inline constexpr std::size_t max_listed_key = 1024;
+
 /// Explains many keys of one manager: reads files, arguments and environment once.
 class ORVA_API explainer {
  public:
@@ -88,7 +91,8 @@ class ORVA_API explainer {
   [[nodiscard]] explanation explain(std::string_view key, const types::variant& default_value = {}) const;
 
   /// The names of all values of all sources, sorted; the elements of arrays by their own names. Keys that
-  /// name one node are one.
+  /// name one node are one. Names longer than `max_listed_key` are left out: each has those of its sections
+  /// in front, so that all names of a file may take far more memory than the file. `explain` takes them too.
   [[nodiscard]] std::vector<strings::ustring8> keys() const;
 
  private:

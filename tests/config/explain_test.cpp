@@ -354,6 +354,29 @@ TEST(explain, keys_are_those_of_all_sources) {
   EXPECT_EQ(names, "a application.name application.name.raw c d window.b window.b.0 window.b.1 ");
 }
 
+TEST(explain, keys_longer_than_the_limit_are_left_out_and_explained) {
+  const std::string section(config::max_listed_key - 2, 's');
+  config::user_item item;
+  for (const std::string_view key : {"a", "bc"}) item.set(section + '.' + std::string(key), 1, 0);
+  const explainer sources(manager_of(item));
+  ASSERT_EQ(sources.keys().size(), 1u);
+  EXPECT_EQ(sources.keys().front(), section + ".a");
+  EXPECT_EQ(sources.explain(section + ".bc").value.as_int32(), 1);
+}
+
+/// All names of this file together would have more than 20 gigabytes.
+TEST(explain, keys_of_a_hostile_file_take_memory_in_proportion_to_it) {
+  std::string deep = "b";
+  while (deep.size() < 200'000) deep += ".b";
+  std::string text = "a = 1\n[" + deep + "]\n";
+  for (int i = 0; i < 60'000; ++i) text += 'c' + std::to_string(i) + "=\n";
+  const temporary_directory directory;
+  const auto manager = loaded(none, directory.write("app.cfg", text), none);
+  const auto keys = explainer(manager).keys();
+  EXPECT_EQ(keys.front(), "a");
+  EXPECT_LT(keys.size(), 10u);
+}
+
 TEST(explain, explainer_keeps_the_items_of_a_manager_that_is_gone) {
   const auto sources = [] {
     config::user_item item;
