@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 #include <sstream>
@@ -12,6 +11,7 @@
 #include "orva/exceptions/exception.hpp"
 #include "orva/i18n/translate.hpp"
 #include "tests/config/declared_programs.hpp"
+#include "tests/support/environment_variable.hpp"
 
 namespace {
 
@@ -243,39 +243,18 @@ TEST(version_text, is_name_and_version) {
   EXPECT_EQ(version_text(declaration("").version("1\n2")), "1 2\n");
 }
 
-/// COLUMNS for one test.
-class columns_variable {
- public:
-  explicit columns_variable(const char* value) {
-    if (const char* const old = std::getenv("COLUMNS")) old_ = old;
-    set(value);
-  }
-  columns_variable(const columns_variable&) = delete;
-  columns_variable& operator=(const columns_variable&) = delete;
-  ~columns_variable() { set(old_.c_str()); }
-
- private:
-  static void set(const char* value) {
-#ifdef _WIN32
-    _putenv_s("COLUMNS", value);
-#else
-    setenv("COLUMNS", value, 1);
-#endif
-  }
-  std::string old_;
-};
-
 TEST(help_width, is_that_of_the_variable) {
   const std::ostringstream stream;
-  const columns_variable variable("132");
+  const environment_variable variable("COLUMNS", "132");
   EXPECT_EQ(help_width(stream), 132u);
 }
 
 TEST(help_width, is_80_where_nothing_is_known) {
   const std::ostringstream stream;
-  for (const char* const value : {"", "0", "-5", "wide", "80x", "99999999999999999999"}) {
-    const columns_variable variable(value);
-    EXPECT_EQ(help_width(stream), default_help_width) << value;
+  for (const char* const value :
+       {static_cast<const char*>(nullptr), "", "0", "-5", "wide", "80x", "99999999999999999999"}) {
+    const environment_variable variable("COLUMNS", value);
+    EXPECT_EQ(help_width(stream), default_help_width) << (value != nullptr ? value : "no variable");
   }
 }
 

@@ -5,13 +5,12 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <cstdlib>
 #include <iostream>
-#include <optional>
 #include <sstream>
 #include <string>
 
 #include "tests/platform/scripted_system_calls.hpp"
+#include "tests/support/environment_variable.hpp"
 
 namespace {
 
@@ -19,30 +18,8 @@ using ORVA_NAMESPACE::platform::output_of;
 using ORVA_NAMESPACE::platform::process_output;
 using ORVA_NAMESPACE::platform::shows_colour;
 using ORVA_NAMESPACE::platform::terminal_columns;
+using orva_test::environment_variable;
 using orva_test::scripted_calls;
-
-/// TERM for one test; its end puts the old value back. A null pointer is no TERM.
-class terminal_name {
- public:
-  explicit terminal_name(const char* name) {
-    if (const char* const old = std::getenv("TERM")) old_ = old;
-    set(name);
-  }
-  terminal_name(const terminal_name&) = delete;
-  terminal_name& operator=(const terminal_name&) = delete;
-  ~terminal_name() { set(old_ ? old_->c_str() : nullptr); }
-
- private:
-  static void set(const char* name) {
-    if (name != nullptr) {
-      ::setenv("TERM", name, 1);
-    } else {
-      ::unsetenv("TERM");
-    }
-  }
-
-  std::optional<std::string> old_;
-};
 
 struct shows_colour_test : testing::Test {
   shows_colour_test() {
@@ -57,23 +34,23 @@ struct shows_colour_test : testing::Test {
 };
 
 TEST_F(shows_colour_test, asks_for_the_output_that_is_meant) {
-  const terminal_name name("xterm");
+  const environment_variable name("TERM", "xterm");
   EXPECT_TRUE(shows_colour(process_output::standard));
   EXPECT_FALSE(shows_colour(process_output::error));
 }
 
 TEST_F(shows_colour_test, is_false_for_a_dumb_terminal) {
-  const terminal_name name("dumb");
+  const environment_variable name("TERM", "dumb");
   EXPECT_FALSE(shows_colour(process_output::standard));
 }
 
 TEST_F(shows_colour_test, is_false_without_a_name_of_the_terminal) {
-  const terminal_name name(nullptr);
+  const environment_variable name("TERM", nullptr);
   EXPECT_FALSE(shows_colour(process_output::standard));
 }
 
 TEST_F(shows_colour_test, leaves_errno_as_it_was) {
-  const terminal_name name("xterm");
+  const environment_variable name("TERM", "xterm");
   errno = EDOM;
   EXPECT_FALSE(shows_colour(process_output::error));
   EXPECT_EQ(errno, EDOM);
