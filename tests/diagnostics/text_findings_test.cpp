@@ -15,6 +15,7 @@
 #include "orva/strings/page_encoder.hpp"
 #include "orva/strings/standard_transforms.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/wide_text.hpp"
 
 namespace {
 
@@ -25,6 +26,8 @@ using orva::diagnostics::place;
 using orva::diagnostics::severity;
 using orva::diagnostics::unknown_code_page;
 using namespace orva::strings;
+using orva_test::units16;
+using orva_test::units32;
 
 std::string in_words(const finding& found) { return (std::ostringstream() << found).str(); }
 
@@ -32,13 +35,6 @@ std::string in_words(const finding& found) { return (std::ostringstream() << fou
 std::string malformed(const text_view& text) {
   const auto part = first_malformed(text);
   return part ? in_words(describe(*part, text, "a.txt")) : "well-formed";
-}
-
-template <typename Unit>
-basic_ustring<Unit> units(std::initializer_list<std::uint32_t> values) {
-  basic_ustring<Unit> text;
-  for (const std::uint32_t value : values) text.push_back(static_cast<Unit>(value));
-  return text;
 }
 
 /// Losses count 64 bits, as a file may be larger than memory; an offset in a text does not.
@@ -75,13 +71,13 @@ TEST(text_findings, each_malformation_has_its_sentence) {
 }
 
 TEST(text_findings, wide_text_has_lines_and_columns_too) {
-  EXPECT_EQ(malformed(units<code_unit16>({'a', '\n', 0xD83D, 0xDE00, 0x20AC, 0xDC00})),
+  EXPECT_EQ(malformed(units16({'a', '\n', 0xD83D, 0xDE00, 0x20AC, 0xDC00})),
             "a.txt:2:3: error: A surrogate is not in a pair of UTF-16: 0xDC00. [text.surrogate]");
-  EXPECT_EQ(malformed(units<code_unit16>({0xFEFF, 'a', 0xD83D})),
+  EXPECT_EQ(malformed(units16({0xFEFF, 'a', 0xD83D})),
             "a.txt:1:2: error: The text ends within a character: 0xD83D. [text.incomplete]");
-  EXPECT_EQ(malformed(units<code_unit32>({'\n', 0x1F600, 0x110000})),
+  EXPECT_EQ(malformed(units32({'\n', 0x1F600, 0x110000})),
             "a.txt:2:2: error: A value above U+10FFFF begins here: 0x00110000. [text.too_large]");
-  EXPECT_EQ(malformed(units<code_unit32>({0xFFFFFFFF})),
+  EXPECT_EQ(malformed(units32({0xFFFFFFFF})),
             "a.txt:1:1: error: A value above U+10FFFF begins here: 0xFFFFFFFF. [text.too_large]");
 }
 
@@ -112,7 +108,7 @@ TEST(text_findings, the_place_in_wide_text_is_that_of_the_same_text_in_utf8) {
   for (int round = 0; round < 2000; ++round) {
     ustring32 text;
     for (int i = 0; i < 12; ++i) text.push_back(static_cast<code_unit32>("\na\xE4\xDF"[random() % 4] & 0xFF));
-    text.insert(random() % text.size(), units<code_unit32>({0xDC00}));
+    text.insert(random() % text.size(), units32({0xDC00}));
     const auto wide = first_malformed(text);
     ASSERT_TRUE(wide);
     const auto before = to_utf8(text.substr(0, wide->offset)).text;

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cstddef>
-#include <initializer_list>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -13,11 +13,14 @@
 #include "orva/strings/unicode.hpp"
 #include "tests/support/code_page_text.hpp"
 #include "tests/support/random_engine.hpp"
+#include "tests/support/wide_text.hpp"
 
 namespace {
 
 using namespace ORVA_NAMESPACE;
 using namespace std::string_literals;
+using orva_test::units16;
+using orva_test::units32;
 using strings::basic_page_encoder;
 using strings::basic_ustring;
 using strings::code_page;
@@ -34,18 +37,6 @@ using strings::page_encoder;
 using strings::ustring16;
 using strings::ustring32;
 using strings::ustring8;
-
-ustring16 units(std::initializer_list<unsigned> values) {
-  ustring16 text;
-  for (const unsigned value : values) text.push_back(static_cast<code_unit16>(value));
-  return text;
-}
-
-ustring32 characters(std::initializer_list<unsigned> values) {
-  ustring32 text;
-  for (const unsigned value : values) text.push_back(static_cast<code_unit32>(value));
-  return text;
-}
 
 /// Encodes in pieces of the sizes that `next_size` returns.
 template <typename Unit, typename NextSize>
@@ -109,7 +100,7 @@ loss_kind expected_kind(unsigned unit, const std::string& written) {
 
 TEST_P(encode_checked_to_page, every_unit_is_written_as_unchecked_and_listed_if_it_does_not_come_back) {
   for (unsigned value = 1; value < 0x10000; ++value) {
-    const ustring16 unit = units({value});
+    const ustring16 unit = units16({value});
     const auto result = encode_checked(page_, unit);
     ASSERT_EQ(result.bytes, page_.encode(unit)) << std::hex << value;
     ASSERT_EQ(result.is_lossless(), page_.as_utf16(result.bytes) == unit) << std::hex << value;
@@ -137,9 +128,9 @@ ustring32 character_at(const basic_ustring<Unit>& text, const encoding_loss& los
   if constexpr (sizeof(Unit) == 1) return strings::utf8_to_utf32(part);
   if constexpr (sizeof(Unit) == 4) return part;
   // Not by `utf16_to_utf32`, which does not return from U+FFFE in front.
-  if (part.size() == 1) return characters({static_cast<unsigned>(part[0])});
-  return characters({0x10000 + (static_cast<unsigned>(part[0]) & 0x3FF) * 0x400 +
-                     (static_cast<unsigned>(part[1]) & 0x3FF)});
+  if (part.size() == 1) return units32({static_cast<unsigned>(part[0])});
+  return units32({0x10000 + (static_cast<unsigned>(part[0]) & 0x3FF) * 0x400 +
+                  (static_cast<unsigned>(part[1]) & 0x3FF)});
 }
 
 template <typename Unit>
@@ -153,7 +144,7 @@ void expect_places(const basic_ustring<Unit>& text, const encoded_text& result,
     expected.place = loss.place;
     expected.size = loss.size;
     ASSERT_EQ(loss, expected);
-    ASSERT_EQ(character_at(text, loss), characters({static_cast<unsigned>(loss.character)}));
+    ASSERT_EQ(character_at(text, loss), units32({static_cast<unsigned>(loss.character)}));
     ASSERT_EQ(result.bytes.substr(static_cast<std::size_t>(loss.result_place), loss.written.size()),
               loss.written);
   }
@@ -187,8 +178,8 @@ TEST_P(encode_checked_to_page, text_is_lossless_if_and_only_if_its_bytes_read_ba
 
 TEST_P(encode_checked_to_page, zero_is_a_character) {
   EXPECT_EQ(encode_checked(page_, std::string_view("a\0b", 3)).bytes, "a\0b"s);
-  EXPECT_EQ(encode_checked(page_, units({0, 'a', 0})).bytes, "\0a\0"s);
-  EXPECT_EQ(encode_checked(page_, characters({0})).bytes, "\0"s);
+  EXPECT_EQ(encode_checked(page_, units16({0, 'a', 0})).bytes, "\0a\0"s);
+  EXPECT_EQ(encode_checked(page_, units32({0})).bytes, "\0"s);
 }
 
 TEST_P(encode_checked_to_page, pair_of_surrogates_is_one_loss) {
@@ -209,11 +200,11 @@ TEST_P(encode_checked_to_page, malformed_text_costs_its_malformed_part) {
   EXPECT_EQ(of_8.losses.first[1],
             (encoding_loss{loss_kind::malformed, 3, 2, 0xFFFD, first_place_after, instead}));
 
-  const auto of_16 = encode_checked(page_, units({0xD800, 'a', 0xDC00, 0xD800, 0xD800, 0xDC00}));
+  const auto of_16 = encode_checked(page_, units16({0xD800, 'a', 0xDC00, 0xD800, 0xD800, 0xDC00}));
   EXPECT_EQ(of_16.losses.count, is_utf8() ? 3u : 4u);
   EXPECT_EQ(of_16.losses.first[0], (encoding_loss{loss_kind::malformed, 0, 1, 0xFFFD, 0, instead}));
 
-  const auto of_32 = encode_checked(page_, characters({'a', 0xD800, 0xDC00, 0x110000, 0xFFFFFFFF}));
+  const auto of_32 = encode_checked(page_, units32({'a', 0xD800, 0xDC00, 0x110000, 0xFFFFFFFF}));
   EXPECT_EQ(of_32.bytes, "a" + instead + instead + instead + instead);
   ASSERT_EQ(of_32.losses.count, 4u);
   EXPECT_EQ(of_32.losses.first[3].kind, loss_kind::malformed);
@@ -248,7 +239,7 @@ ustring16 some_text(orva_test::random_engine& random, const code_page& page) {
   ustring16 text;
   while (text.size() < 80) {
     const auto kind = random() % 6;
-    if (kind < 2) text += page.as_utf16(page.encode(units({static_cast<unsigned>(random() % 0x10000)})));
+    if (kind < 2) text += page.as_utf16(page.encode(units16({static_cast<unsigned>(random() % 0x10000)})));
     if (kind == 2) text.push_back(static_cast<code_unit16>(random() % 0x80));
     if (kind == 3) text.push_back(static_cast<code_unit16>(0xD800 + random() % 0x800));
     if (kind == 4) text += strings::utf8_to_utf16("\xF0\x9F\x98\x80");
@@ -264,7 +255,7 @@ TEST_P(encode_checked_to_page, every_cut_and_every_size_of_pieces_gives_the_whol
     ustring8 in_8;
     ustring32 in_32;
     for (const auto unit : in_16) {
-      in_8 += strings::utf32_to_utf8(characters({static_cast<unsigned>(unit)}));
+      in_8 += strings::utf32_to_utf8(units32({static_cast<unsigned>(unit)}));
       in_8.push_back(static_cast<char>(random() % 0x100));
       in_32.push_back(static_cast<code_unit32>(static_cast<unsigned>(unit) + random() % 3 * 0x10000));
     }
@@ -284,15 +275,16 @@ TEST_P(encode_checked_to_page, text_of_many_chunks_is_that_of_the_text_unchecked
 }
 
 TEST(encode_checked, full_width_question_mark_is_a_best_fit) {
-  EXPECT_EQ(encode_checked(code_page::cp_1252, units({0xFF1F})).losses.first.at(0).kind, loss_kind::best_fit);
-  EXPECT_TRUE(encode_checked(code_page::cp_932, units({0xFF1F})).is_lossless());
+  EXPECT_EQ(encode_checked(code_page::cp_1252, units16({0xFF1F})).losses.first.at(0).kind,
+            loss_kind::best_fit);
+  EXPECT_TRUE(encode_checked(code_page::cp_932, units16({0xFF1F})).is_lossless());
 }
 
 TEST(encode_checked, cut_end_is_listed_with_its_size) {
   const auto of_8 = encode_checked(code_page::cp_1252, "a\xF0\x9F\x98");
   ASSERT_EQ(of_8.losses.count, 1u);
   EXPECT_EQ(of_8.losses.first[0], (encoding_loss{loss_kind::cut, 1, 3, 0xFFFD, 1, "?"}));
-  const auto of_16 = encode_checked(code_page::utf8, units({'a', 0xD83D}));
+  const auto of_16 = encode_checked(code_page::utf8, units16({'a', 0xD83D}));
   ASSERT_EQ(of_16.losses.count, 1u);
   EXPECT_EQ(of_16.losses.first[0], (encoding_loss{loss_kind::cut, 1, 1, 0xFFFD, 1, "\xEF\xBF\xBD"}));
 }
@@ -307,7 +299,7 @@ TEST(encode_checked, nothing_is_lossless) {
 TEST(encode_checked, lists_as_many_losses_as_its_limit_and_counts_all) {
   for (const auto type : {code_page::cp_1252, code_page::cp_932, code_page::utf8}) {
     const auto result =
-        encode_checked(type, units({0xDC00}) + ustring16(10 * max_losses, code_unit16(0xDC00)));
+        encode_checked(type, units16({0xDC00}) + ustring16(10 * max_losses, code_unit16(0xDC00)));
     EXPECT_EQ(result.losses.count, 10 * max_losses + 1);
     EXPECT_EQ(result.losses.first.size(), max_losses);
     EXPECT_EQ(result.losses.first.back().place, max_losses - 1);
@@ -325,7 +317,7 @@ TEST(encode_checked, invalid_page_is_an_error) {
 TEST(encode_checked, system_encodings_write_ascii) {
   for (const auto type : {code_page::ansi, code_page::oem, code_page::oem_alternate}) {
     EXPECT_EQ(encode_checked(type, "plain\0text"s).bytes, "plain\0text"s);
-    EXPECT_EQ(encode_checked(type, units({0xE9})).bytes, code_page(type).encode(units({0xE9})));
+    EXPECT_EQ(encode_checked(type, units16({0xE9})).bytes, code_page(type).encode(units16({0xE9})));
   }
 }
 
@@ -343,6 +335,36 @@ TEST(page_encoder, begins_again_after_the_end_and_keeps_its_losses) {
   EXPECT_EQ(bytes, "a??");
   ASSERT_EQ(encoder.losses().count, 2u);
   EXPECT_EQ(encoder.losses().first[1], (encoding_loss{loss_kind::malformed, 0, 1, 0xFFFD, 0, "?"}));
+}
+
+TEST(page_encoder, taken_losses_make_room_and_places_go_on) {
+  page_encoder encoder(code_page::cp_1252);
+  std::string piece;
+  for (std::size_t i = 0; i < max_losses; ++i) piece += "\xF0\x9F\x98\x80";
+  std::string bytes;
+  std::uint64_t count = 0;
+  for (int round = 0; round < 5; ++round) {
+    encoder.encode(piece, bytes);
+    const auto losses = encoder.take_losses();
+    EXPECT_EQ(losses.first.size(), max_losses);
+    EXPECT_EQ(losses.first.front().place, 4 * count);
+    EXPECT_EQ(losses.first.front().result_place, 2 * count);
+    count += losses.count;
+  }
+  EXPECT_EQ(encoder.losses().count, 0u);
+  EXPECT_EQ(count, 5 * max_losses);
+}
+
+TEST(page_encoder, copy_continues_where_the_original_is) {
+  page_encoder encoder(code_page::cp_1252);
+  std::string bytes;
+  encoder.encode("\xE2\x82", bytes);
+  page_encoder copy = encoder;
+  copy.encode("\xAC", bytes);
+  EXPECT_EQ(bytes, "\x80");
+  encoder.finish(bytes);
+  EXPECT_EQ(encoder.losses().count, 1u);
+  EXPECT_EQ(copy.losses().count, 0u);
 }
 
 }  // namespace

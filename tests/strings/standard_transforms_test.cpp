@@ -15,21 +15,14 @@
 #include "orva/orva.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/standard_transforms_agree.hpp"
+#include "tests/support/wide_text.hpp"
 
 namespace {
 
 using namespace orva::strings;
 using orva_test::agrees;
-
-template <typename Unit>
-basic_ustring<Unit> units(std::initializer_list<std::uint32_t> values) {
-  basic_ustring<Unit> text;
-  for (const std::uint32_t value : values) text.push_back(static_cast<Unit>(value));
-  return text;
-}
-
-ustring16 units16(std::initializer_list<std::uint32_t> values) { return units<code_unit16>(values); }
-ustring32 units32(std::initializer_list<std::uint32_t> values) { return units<code_unit32>(values); }
+using orva_test::units16;
+using orva_test::units32;
 
 template <typename Unit>
 void expect_good(const transformed<Unit>& found, const basic_ustring<Unit>& expected) {

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdint>
 #include <string>
 
 #include "orva/strings/unicode.hpp"
@@ -10,6 +11,8 @@
 namespace {
 
 using namespace orva::strings;
+using orva_test::units16;
+using orva_test::units32;
 
 TEST(unicode_case, documentation_example) {
   EXPECT_EQ(unicode_upper("Straße"), "STRASSE");
@@ -48,16 +51,8 @@ TEST(unicode_case, a_sigma_is_final_after_a_letter_and_before_none) {
 TEST(unicode_case, malformed_parts_stay_as_they_are) {
   EXPECT_EQ(unicode_upper("a\xFFz\xE2\x82"), "A\xFFZ\xE2\x82");
   EXPECT_EQ(unicode_upper("\xED\xA0\x80x\xC0\xAF"), "\xED\xA0\x80X\xC0\xAF");
-  const ustring16 lone{static_cast<code_unit16>(0xD800), static_cast<code_unit16>('a'),
-                       static_cast<code_unit16>(0xDC00)};
-  const ustring16 lone_upper{static_cast<code_unit16>(0xD800), static_cast<code_unit16>('A'),
-                             static_cast<code_unit16>(0xDC00)};
-  EXPECT_EQ(unicode_upper(lone), lone_upper);
-  const ustring32 large{static_cast<code_unit32>(0xFFFFFFFF), static_cast<code_unit32>('a'),
-                        static_cast<code_unit32>(0xD800)};
-  const ustring32 large_upper{static_cast<code_unit32>(0xFFFFFFFF), static_cast<code_unit32>('A'),
-                              static_cast<code_unit32>(0xD800)};
-  EXPECT_EQ(unicode_upper(large), large_upper);
+  EXPECT_EQ(unicode_upper(units16({0xD800, 'a', 0xDC00})), units16({0xD800, 'A', 0xDC00}));
+  EXPECT_EQ(unicode_upper(units32({0xFFFFFFFF, 'a', 0xD800})), units32({0xFFFFFFFF, 'A', 0xD800}));
 }
 
 TEST(unicode_case, blocks_of_ascii_are_mapped_at_every_alignment_and_length) {
@@ -91,6 +86,30 @@ TEST(unicode_case, long_texts_that_grow_are_whole) {
   EXPECT_EQ(unicode_upper(text), expected);
 }
 
+template <typename Unit>
+bool has_at_most_three_times_as_many_units(const basic_ustring<Unit>& text, case_rules rules) {
+  return unicode_lower(text, rules).size() <= 3 * text.size() &&
+         unicode_upper(text, rules).size() <= 3 * text.size() &&
+         unicode_fold(text, rules).size() <= 3 * text.size();
+}
+
+TEST(unicode_case, no_character_becomes_more_than_three_times_as_long) {
+  // No character of the planes after these has case.
+  for (std::uint32_t character = 0; character < 0x20000; ++character) {
+    if (character >= 0xD800 && character < 0xE000) continue;
+    // Before an accent, letters of Lithuanian keep their dot.
+    for (const ustring32& text : {units32({character}), units32({character, 0x300})}) {
+      const ustring8 text8 = utf32_to_utf8(text);
+      const ustring16 text16 = utf8_to_utf16(text8);
+      for (const auto rules : {case_rules::standard, case_rules::turkic, case_rules::lithuanian}) {
+        ASSERT_TRUE(has_at_most_three_times_as_many_units(text8, rules)) << character;
+        ASSERT_TRUE(has_at_most_three_times_as_many_units(text16, rules)) << character;
+        ASSERT_TRUE(has_at_most_three_times_as_many_units(text, rules)) << character;
+      }
+    }
+  }
+}
+
 TEST(caseless, texts_that_differ_only_in_case_are_equal) {
   EXPECT_TRUE(equal_caseless("", ""));
   EXPECT_TRUE(equal_caseless("ΟΔΟΣ", "οδος"));
@@ -121,9 +140,9 @@ TEST(caseless, a_malformed_part_equals_only_itself) {
   EXPECT_TRUE(equal_caseless("\xFF", "\xFF"));
   EXPECT_FALSE(equal_caseless("\xFF", "\xFE"));
   EXPECT_FALSE(equal_caseless("\xC3", "\xC3\xA4"));
-  const ustring32 large{static_cast<code_unit32>(0x80000041)};
-  EXPECT_FALSE(equal_caseless(large, ustring32{static_cast<code_unit32>('A')}));
-  EXPECT_FALSE(equal_caseless(large, ustring32{static_cast<code_unit32>(0x80000061)}));
+  const auto large = units32({0x80000041});
+  EXPECT_FALSE(equal_caseless(large, units32({'A'})));
+  EXPECT_FALSE(equal_caseless(large, units32({0x80000061})));
 }
 
 }  // namespace

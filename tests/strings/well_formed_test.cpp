@@ -16,27 +16,18 @@
 #include "orva/orva.hpp"
 #include "tests/support/random_engine.hpp"
 #include "tests/support/standard_transforms_agree.hpp"
+#include "tests/support/wide_text.hpp"
 
 namespace {
 
 using namespace orva::strings;
 using orva_test::agrees_on_malformed;
+using orva_test::units16;
+using orva_test::units32;
 
 ustring8 bytes(std::initializer_list<int> values) {
   ustring8 text;
   for (const int value : values) text.push_back(static_cast<char>(static_cast<unsigned char>(value)));
-  return text;
-}
-
-ustring16 units16(std::initializer_list<int> values) {
-  ustring16 text;
-  for (const int value : values) text.push_back(static_cast<code_unit16>(value));
-  return text;
-}
-
-ustring32 units32(std::initializer_list<std::uint32_t> values) {
-  ustring32 text;
-  for (const std::uint32_t value : values) text.push_back(static_cast<code_unit32>(value));
   return text;
 }
 
@@ -188,8 +179,8 @@ TEST(well_formed, utf32_values_above_unicode_are_not) {
 }
 
 TEST(well_formed, every_unit_of_utf16_beside_each_class) {
-  for (int unit = 0; unit < 0x10000; ++unit) {
-    for (const int beside : {0x41, 0xD800, 0xDBFF, 0xDC00, 0xDFFF, 0xE000}) {
+  for (std::uint32_t unit = 0; unit < 0x10000; ++unit) {
+    for (const std::uint32_t beside : {0x41u, 0xD800u, 0xDBFFu, 0xDC00u, 0xDFFFu, 0xE000u}) {
       ASSERT_TRUE(agrees_on_malformed<code_unit16>(units16({unit, beside}))) << unit;
       ASSERT_TRUE(agrees_on_malformed<code_unit16>(units16({beside, unit}))) << unit;
     }
