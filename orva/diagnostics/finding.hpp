@@ -1,8 +1,8 @@
 /// `finding`: what is wrong with an input, and where.
 ///
-///     const finding found{severity::error, "xml.missing_equals", "a.xml", {3, 14}, {{"name", "width"}}};
-///     sentence(found)       =>  "The attribute \"width\" has no = after its name."
-///     std::cerr << found    =>  a.xml:3:14: error: The attribute "width" has no = after its name.
+///     const finding found{severity::error, "xml.missing_equals", "a.xml", {3, 12}, {{"name", "width"}}};
+///     sentence(found)       =>  "The attribute width has no = after its name."
+///     std::cerr << found    =>  a.xml:3:12: error: The attribute width has no = after its name.
 ///                               [xml.missing_equals]
 ///
 /// A finding has a code, which stays the same in all versions and languages, and named arguments. Programs

@@ -5,14 +5,14 @@
 ///     options.source = [&](const auto& file) { return file == "a.xml" ? std::string_view(text) : ""; };
 ///     write_text(std::cerr, found, options);
 ///
-///     a.xml:3:14: error: The attribute "width" has no = after its name. [xml.missing_equals]
+///     a.xml:3:12: error: The attribute width has no = after its name. [xml.missing_equals]
 ///         3 | <img x="1" width "7"/>
-///           |              ^
+///           |            ^
 ///
 ///     write_json(std::cout, found);
 ///
-///     {"severity":"error","code":"xml.missing_equals","file":"a.xml","line":3,"column":14,
-///      "text":"The attribute \"width\" has no = after its name.","arguments":{"name":"width"}}
+///     {"severity":"error","code":"xml.missing_equals","file":"a.xml","line":3,"column":12,
+///      "text":"The attribute width has no = after its name.","arguments":{"name":"width"}}
 ///
 /// Each call writes whole lines; the JSON of a finding is one line. Text is UTF-8. What a finding or a source
 /// has from outside cannot harm the terminal: see `operator<<`. A stream that fails shows it by its state.

@@ -2,7 +2,7 @@
 ///
 ///     message_catalogs catalogs;
 ///     if (catalogs.load(directory_of_orva_messages, "de") != message_catalogs::no_error) ...
-///     describe(found, catalogs)    =>  "Dem Attribut \"width\" folgt kein =."
+///     describe(found, catalogs)    =>  "Nach dem Namen des Attributs width fehlt das =."
 ///
 /// The library installs a catalog with a message for each of its codes, in English, German, French and
 /// Japanese: share/orva/messages/diagnostics.xmc. The package for find_package sets `orva_MESSAGES_DIR` to

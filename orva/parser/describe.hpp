@@ -2,7 +2,7 @@
 ///
 ///     const auto error = parser.parse(text);
 ///     if (error.type != xml_parser::parse_error::no_error) std::cerr << describe(error, text, "menu.xml");
-///         =>  menu.xml:4:1: error: The end tag </menu> does not match <entry>, which is open.
+///         =>  menu.xml:4:3: error: The end tag </menu> does not match <entry>, which is open.
 ///             [xml.mismatched_end_element]
 ///
 ///     feed.parse();

@@ -46,6 +46,13 @@ std::multiset<std::string> placeholders_of(const orva::i18n::message_t& message)
   return names;
 }
 
+TEST(describe, documentation_example) {
+  const finding found{
+      orva::diagnostics::severity::error, "xml.missing_equals", "a.xml", {3, 12}, {{"name", "width"}}};
+  EXPECT_EQ(orva::i18n::describe(found, catalogs_of("de")),
+            "Nach dem Namen des Attributs width fehlt das =.");
+}
+
 /// A finding with each argument that its sentence names.
 finding example_of(const orva::diagnostics::code_description& described) {
   finding found;

@@ -29,6 +29,13 @@ finding own(std::string_view text) {
   return {severity::warning, "app.own", {}, {}, argument("text", text.data())};
 }
 
+TEST(finding, documentation_example) {
+  const finding found{severity::error, "xml.missing_equals", "a.xml", {3, 12}, {{"name", "width"}}};
+  EXPECT_EQ(sentence(found), "The attribute width has no = after its name.");
+  EXPECT_EQ(line_of(found),
+            "a.xml:3:12: error: The attribute width has no = after its name. [xml.missing_equals]");
+}
+
 TEST(finding, codes_are_in_order_and_unique) {
   const auto codes = known_codes();
   EXPECT_TRUE(std::ranges::is_sorted(codes, {}, &orva::diagnostics::code_description::code));

@@ -10,6 +10,13 @@ using orva::diagnostics::severity;
 
 finding of(severity level, const char* code) { return {level, code, {}, {}, {}}; }
 
+TEST(report, documentation_example) {
+  report found;
+  found.add({severity::warning, "xml.data_after_root", "a.xml", {9, 1}, {}});
+  EXPECT_EQ(found.count(severity::warning), 1u);
+  EXPECT_FALSE(found.has_errors());
+}
+
 TEST(report, is_empty_at_first) {
   const report found;
   EXPECT_TRUE(found.empty());

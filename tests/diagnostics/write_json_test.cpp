@@ -18,6 +18,14 @@ std::string json_of(const finding& found) {
   return stream.str();
 }
 
+TEST(write_json, documentation_example) {
+  const finding found{severity::error, "xml.missing_equals", "a.xml", {3, 12}, {{"name", "width"}}};
+  EXPECT_EQ(json_of(found),
+            R"({"severity":"error","code":"xml.missing_equals","file":"a.xml","line":3,"column":12,)"
+            R"("text":"The attribute width has no = after its name.","arguments":{"name":"width"}})"
+            "\n");
+}
+
 TEST(write_json, writes_a_line_with_what_a_finding_has) {
   const finding found{
       severity::error, "app.own", "a.txt", {3, 14}, varg_list(argument("text", "Wrong."), argument("n", 7))};

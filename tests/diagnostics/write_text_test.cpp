@@ -30,6 +30,20 @@ std::string with_excerpt(std::string_view place, std::string_view line, std::siz
   return text;
 }
 
+TEST(write_text, documentation_example) {
+  const finding found{severity::error, "xml.missing_equals", "a.xml", {3, 12}, {{"name", "width"}}};
+  const std::string text = "<?xml?>\n<r>\n<img x=\"1\" width \"7\"/>\n</r>\n";
+  text_options options;
+  options.colour = shows_colour(std::ostringstream());
+  options.source = [&](const auto& file) { return file == "a.xml" ? std::string_view(text) : ""; };
+  std::ostringstream stream;
+  write_text(stream, found, options);
+  EXPECT_EQ(stream.str(),
+            "a.xml:3:12: error: The attribute width has no = after its name. [xml.missing_equals]\n"
+            "    3 | <img x=\"1\" width \"7\"/>\n"
+            "      |            ^\n");
+}
+
 TEST(write_text, shows_the_line_with_a_caret_under_the_place) {
   EXPECT_EQ(written(at(1, 3), "one two\nthree"), with_excerpt("1:3", "one two", 2));
 }

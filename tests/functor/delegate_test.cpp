@@ -163,6 +163,10 @@ TEST(delegate, documentation_example) {
   on_text = member_function_t(&ear, &listener::one);
   if (on_text) on_text("hello");
   EXPECT_EQ(ear.heard, "hello;");
+  ustring8 log;
+  on_text = [&log](const ustring8& text) { log += text; };
+  if (on_text) on_text("hello");
+  EXPECT_EQ(log, "hello");
 }
 
 TEST(delegate, carries_every_signature_that_the_library_uses) {

@@ -82,6 +82,16 @@ varg_list taken(const varg_list& list) { return list; }
 
 // Construction.
 
+TEST(varg_list, documentation_example) {
+  varg_list args{{"name", "disk"}, {"free", 1500000}};
+  EXPECT_FALSE(args.push_back("free", 0));
+  EXPECT_EQ(args["free"].value().as_int32(), 1500000);
+  EXPECT_TRUE(args["used"] == nil);
+  EXPECT_EQ(&args["used"], &varg_list::nil_argument);
+  EXPECT_EQ(args[1].name(), "free");
+  EXPECT_THROW(static_cast<void>(args[2]), std::out_of_range);
+}
+
 TEST(varg_list, default_is_empty_and_equals_nil) {
   const varg_list list;
   EXPECT_TRUE(list.empty());

@@ -254,6 +254,17 @@ TEST(xml_writer_round_trip, xml_stream_parser_reads_the_same_nodes) {
   EXPECT_GT(read, 200);
 }
 
+TEST(xml_writer_round_trip, no_parser_reads_a_fragment_without_a_declaration) {
+  const xml_tree tree{xml_tree::element, "r", {{"a", std::string(200, 'x')}}, {}};
+  const std::string fragment = written(tree, {.declaration = false});
+  EXPECT_EQ(parse_xml(fragment).type, parse_error::bad_header);
+  xml_token_stream tokens;
+  EXPECT_EQ(tokens.parse(fragment).type, parse_error::bad_header);
+  const orva_test::xml_stream_file file(fragment);
+  xml_stream_parser parser(file.path(), 1);
+  EXPECT_NE(parser.parse(), xml_stream_parser::end_of_document);
+}
+
 TEST(xml_writer_round_trip, xml_stream_parser_reads_the_shortest_document) {
   const orva_test::xml_stream_file file(written({xml_tree::element, "r", {}, {}}));
   xml_stream_parser parser(file.path(), 1);

@@ -13,7 +13,9 @@
 #include "orva/strings/split.hpp"
 #include "orva/strings/text_argument.hpp"
 #include "orva/strings/unicode.hpp"
+#include "orva/strings/unicode_case.hpp"
 #include "orva/strings/wchar.hpp"
+#include "orva/strings/well_formed.hpp"
 #include "orva/system/path_argument.hpp"
 #include "tests/support/counted_allocations.hpp"
 
@@ -61,6 +63,16 @@ class unit_names {
 };
 TYPED_TEST_SUITE(borrowed_text, units, unit_names);
 
+/// UTF-8, so many times, in the encoding of `Unit`.
+template <typename Unit>
+basic_ustring<Unit> utf8_to(std::string_view text, int times) {
+  ustring8 whole;
+  for (; times > 0; --times) whole += text;
+  if constexpr (std::is_same_v<Unit, char>) return whole;
+  if constexpr (std::is_same_v<Unit, code_unit16>) return utf8_to_utf16(whole);
+  if constexpr (std::is_same_v<Unit, code_unit32>) return utf8_to_utf32(whole);
+}
+
 TYPED_TEST(borrowed_text, no_transform_copies_its_text) {
   if constexpr (std::is_same_v<TypeParam, char>) {
     this->expect_alike([](const auto& text) { return utf8_to_utf16(text); });
@@ -86,10 +98,23 @@ TYPED_TEST(borrowed_text, measuring_copies_nothing) {
   }
 }
 
+TYPED_TEST(borrowed_text, validation_and_caseless_comparison_take_no_memory) {
+  this->expect_alike([](const auto& text) { return is_well_formed(text); });
+  EXPECT_EQ(allocations_of([&] { static_cast<void>(is_well_formed(this->whole)); }), 0);
+  EXPECT_EQ(allocations_of([&] { static_cast<void>(first_malformed(this->whole)); }), 0);
+  // 600 characters that fold to two each.
+  const basic_ustring<TypeParam> sharp = utf8_to<TypeParam>("\xC3\x9F", 600);
+  const basic_ustring<TypeParam> letters = utf8_to<TypeParam>("sS", 600);
+  EXPECT_TRUE(equal_caseless(sharp, letters));
+  EXPECT_EQ(allocations_of([&] { static_cast<void>(equal_caseless(sharp, letters)); }), 0);
+}
+
 TYPED_TEST(borrowed_text, string_tools_copy_it_only_into_their_result) {
   this->expect_alike([](const auto& text) { return to_lower(text); });
   this->expect_alike([](const auto& text) { return to_upper(text); });
   this->expect_alike([](const auto& text) { return lower_case(text, 1, 3); });
+  this->expect_alike([](const auto& text) { return unicode_lower(text); });
+  this->expect_alike([](const auto& text) { return unicode_upper(text); });
   EXPECT_EQ(allocations_of([&] { to_lower(this->whole); }), 1);
   const std::basic_string_view<TypeParam> view(this->whole);
   const auto delimiter = view.substr(79);

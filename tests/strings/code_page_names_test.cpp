@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstddef>
 #include <set>
 #include <sstream>
@@ -214,7 +215,10 @@ TEST(known_code_pages, name_each_page_once_and_each_label_once) {
     EXPECT_TRUE(names.insert(page.name).second) << page.name;
     EXPECT_EQ(code_page_name(page.type), page.name);
     EXPECT_EQ(in_upper_case(page.labels.front()), in_upper_case(page.name));
-    for (const auto label : page.labels) EXPECT_TRUE(labels.insert(label).second) << label;
+    for (const auto label : page.labels) {
+      EXPECT_TRUE(labels.insert(label).second) << label;
+      EXPECT_TRUE(std::ranges::none_of(label, [](char c) { return c >= 'A' && c <= 'Z'; })) << label;
+    }
   }
   EXPECT_EQ(names.size(), 26u);
 }

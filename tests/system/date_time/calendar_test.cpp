@@ -84,6 +84,13 @@ TEST(calendar, days_of_the_years_0_to_9999_are_valid) {
   }
 }
 
+TEST(calendar, date_of_its_own_day_month_and_year_has_no_stored_day) {
+  const date constrained(30, 2, 2024);
+  const date day(constrained.day(), constrained.month(), constrained.year());
+  EXPECT_TRUE(is_valid(day));
+  EXPECT_EQ(text(day), "29.2.2024");
+}
+
 TEST(calendar, invalid_dates_are_refused_by_every_function) {
   for (const date& invalid : invalid_dates()) {
     SCOPED_TRACE(text(invalid));
@@ -277,6 +284,10 @@ TEST(calendar, earlier_sorts_and_serves_as_the_order_of_keys) {
   numbers[date(1, 1, 2024)] = 1;
   numbers[date(1, 1, 2024)] = 2;
   EXPECT_EQ(numbers.size(), 1u);
+  EXPECT_TRUE(earlier()(milliseconds(-1), milliseconds(0)));
+  EXPECT_FALSE(earlier()(milliseconds(0), milliseconds(0)));
+  EXPECT_TRUE(earlier()(time(8, 29, 59, 999), time(8, 30, 0, 0)));
+  EXPECT_TRUE(earlier()(date_time_t(first_date, time()), date_time_t(first_date, time(0, 0, 0, 1))));
 }
 
 TEST(calendar, iso_week_belongs_to_the_year_of_its_thursday) {
