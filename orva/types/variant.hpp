@@ -185,7 +185,7 @@ class ORVA_API variant {
   ///     nil             another type    never, and neither does another type give nil
   ///
   /// NaN and infinity are values of each floating type, and of no integer. Text is a number if `parse_number`
-  /// reads it, without blanks and in every locale: "010" is the integer 8 by its prefix, and the floating
+  /// reads it: no blanks, in every locale alike. "010" is the integer 8, by its prefix, and the floating
   /// value 10. A decimal text gives the nearest floating value, as most have no exact one.
   ///
   /// An integer or `bool` that this returns is also what the accessor of that type returns.
