@@ -118,7 +118,8 @@ TYPED_TEST(nearest, ways_agree) {
     const auto by_one_word = nearest_by_one_word<TypeParam>(number.digits, static_cast<int>(number.exponent));
     EXPECT_EQ(by_one_word.value_or(exact), exact) << text;
   }
-  EXPECT_LT(ties, 10) << "only ties need all digits";
+  // About two of the 3,000 texts are ties. 10 are, in one of 10,000 runs; 20, in none.
+  EXPECT_LT(ties, 20) << "only ties need all digits";
 }
 
 TYPED_TEST(nearest, tie_is_left_to_all_digits) {
