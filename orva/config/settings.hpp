@@ -11,8 +11,8 @@
 ///
 ///     command line:2: error: There is no option --thread. [config.unknown_option]
 ///     command line:2: note: Did you mean --threads? [config.nearest_name]
-///     viewer.cfg:3:11: error: threads is not between 1 and 64: "80" [config.out_of_range]
-///     VIEWER_THREADS: warning: VIEWER_THREADS is no integer: "many" [config.not_an_integer]
+///     viewer.cfg:3:11: error: threads is not between 1 and 64: "80". [config.out_of_range]
+///     VIEWER_THREADS: warning: VIEWER_THREADS is no integer: "many". [config.not_an_integer]
 ///
 /// The file of a finding is "command line", with the number of the argument as the line; the name of the
 /// file; or the name of the variable. A wrong value is an error, and a warning if a source of higher
