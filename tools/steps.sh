@@ -64,7 +64,7 @@ build_packages=(cmake ninja-build g++ libboost-filesystem-dev)
 check_packages=("${build_packages[@]}" bash binutils ccache clang clang-format doxygen fish gettext git groff libabsl-dev
   libbenchmark-dev libboost-program-options-dev libboost-serialization-dev libcereal-dev libclang-rt-dev libcli11-dev
   libexpat1-dev libglib2.0-dev libgmock-dev libgtest-dev libhowardhinnant-date-dev libicu-dev libpugixml-dev
-  libxml2-dev libxml2-utils llvm locales man-db pkg-config python3 zlib1g-dev zsh)
+  libsimdjson-dev libxml2-dev libxml2-utils llvm locales man-db pkg-config python3 zlib1g-dev zsh)
 # What builds and runs the programs of other systems; tools/cross_packages needs a few more.
 other_system_packages=(dpkg-dev g++-mingw-w64-i686-posix g++-mingw-w64-x86-64-posix g++-multilib googletest wine wine64
   xz-utils)

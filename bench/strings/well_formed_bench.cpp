@@ -1,11 +1,14 @@
-/// Validation of the three encodings beside ICU, and beside simdutf where that is installed.
+/// Validation of the three encodings beside ICU, beside simdjson, which validates UTF-8 as simdutf does, and
+/// beside simdutf itself where that is installed.
 ///
 /// Rates are bytes of the text per second. Texts: see bench_texts.hpp. ICU validates while it measures a
 /// conversion, which is its fastest way to tell whether a text is well-formed; it has none for UTF-16 into
 /// UTF-16.
 #include <benchmark/benchmark.h>
+#include <simdjson.h>
 #include <unicode/ustring.h>
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 
@@ -43,6 +46,8 @@ bool by_icu(const ustring32& text) {
   return error == U_BUFFER_OVERFLOW_ERROR;
 }
 
+bool by_simdjson(const ustring8& text) { return simdjson::validate_utf8(text.data(), text.size()); }
+
 #if defined(ORVA_BENCH_SIMDUTF)
 bool by_simdutf(const ustring8& text) { return simdutf::validate_utf8(text.data(), text.size()); }
 bool by_simdutf(const ustring16& text) { return simdutf::validate_utf16(text.data(), text.size()); }
@@ -63,6 +68,9 @@ template <typename Text>
 void add_all(const std::string& name, const Text& text) {
   add(name + "/orva", text, [](const Text& given) { return is_well_formed(given); });
   add(name + "/icu", text, [](const Text& given) { return by_icu(given); });
+  if constexpr (sizeof(text[0]) == 1) {
+    add(name + "/simdjson", text, [](const Text& given) { return by_simdjson(given); });
+  }
 #if defined(ORVA_BENCH_SIMDUTF)
   add(name + "/simdutf", text, [](const Text& given) { return by_simdutf(given); });
 #endif
@@ -77,7 +85,11 @@ void add_script(const std::string& script, const ustring8& text) {
 const bool all_added = [] {
   for (const auto& [script, text] : bench::texts(65536)) add_script(script, text);
   add_script("Ascii_24_bytes", bench::texts(24).at("Ascii"));
-  add_script("Russian_64_bytes", bench::texts(64).at("Russian"));
+  for (const std::size_t size : {8u, 12u, 16u, 24u, 31u, 64u}) {
+    for (const std::string script : {"Russian", "Chinese"}) {
+      add_script(script + '_' + std::to_string(size) + "_bytes", bench::texts(size).at(script));
+    }
+  }
   return true;
 }();
 

@@ -176,6 +176,46 @@ inline const char* beginning_of_character(const char* at) {
   return beginning_of_character(end);
 }
 
+/// Shuffles that move the bytes of a vector `count` places to its beginning, and fill it up with zeros.
+class shifts_to_beginning {
+ public:
+  constexpr shifts_to_beginning() {
+    for (std::size_t i = 0; i < indexes_.size(); ++i) indexes_[i] = static_cast<byte>(i < 16 ? i : zero);
+  }
+
+  [[gnu::target("avx2")]] __m128i shift(__m128i bytes, std::ptrdiff_t count) const {
+    const auto* const indexes = reinterpret_cast<const __m128i*>(indexes_.data() + count);
+    return _mm_shuffle_epi8(bytes, _mm_loadu_si128(indexes));
+  }
+
+ private:
+  static constexpr byte zero = 0x80;
+  std::array<byte, 32> indexes_{};
+};
+
+constexpr shifts_to_beginning shifts;
+
+constexpr std::ptrdiff_t shortest_vector_text = 8;
+
+/// A text of 8 to 31 bytes, and zeros after it. What is after the text in memory is not read.
+[[gnu::target("avx2")]] inline __m256i load_short(const char* from, const char* end) {
+  const std::ptrdiff_t size = end - from;
+  if (size < 16) {
+    const __m128i first = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(from));
+    const __m128i last = _mm_loadl_epi64(reinterpret_cast<const __m128i*>(end - 8));
+    return _mm256_zextsi128_si256(_mm_unpacklo_epi64(first, shifts.shift(last, 16 - size)));
+  }
+  const __m128i first = _mm_loadu_si128(reinterpret_cast<const __m128i*>(from));
+  const __m128i last = _mm_loadu_si128(reinterpret_cast<const __m128i*>(end - 16));
+  return _mm256_set_m128i(shifts.shift(last, 32 - size), first);
+}
+
+/// REQUIRES: a text of 8 to 31 bytes.
+[[gnu::target("avx2")]] const char* skip_short(const char* from, const char* end) {
+  // A character that the text cuts short is followed by a zero, which is a fault.
+  return any(faults_of_first(load_short(from, end))) ? from : end;
+}
+
 constexpr std::ptrdiff_t vector_units = 32;
 
 [[gnu::target("avx2")]] inline __m256i equal_high_bits(__m256i units, int mask, int bits) {
@@ -256,22 +296,24 @@ bool has_avx2() {
 }
 
 template <typename Unit>
-const Unit* skip_if_long(const Unit* from, const Unit* end, std::ptrdiff_t shortest) {
-  return end - from >= shortest && has_avx2() ? skip(from, end) : from;
+const Unit* skip_if_long(const Unit* from, const Unit* end) {
+  return end - from >= vector_units && has_avx2() ? skip(from, end) : from;
 }
 
 }  // namespace
 
 const char* skip_well_formed(const char* from, const char* end) {
-  return skip_if_long(from, end, vector_bytes);
+  const std::ptrdiff_t size = end - from;
+  if (size < shortest_vector_text || !has_avx2()) return from;
+  return size < vector_bytes ? skip_short(from, end) : skip(from, end);
 }
 
 const code_unit16* skip_well_formed(const code_unit16* from, const code_unit16* end) {
-  return skip_if_long(from, end, vector_units);
+  return skip_if_long(from, end);
 }
 
 const code_unit32* skip_well_formed(const code_unit32* from, const code_unit32* end) {
-  return skip_if_long(from, end, vector_units);
+  return skip_if_long(from, end);
 }
 
 }  // namespace ORVA_NAMESPACE::internal::text

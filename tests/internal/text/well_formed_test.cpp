@@ -74,11 +74,12 @@ void expect_same_with_a_fault_at_every_offset(const std::vector<basic_ustring<Un
                                               const std::vector<basic_ustring<Unit>>& faults) {
   for (const auto& filler : fillers) {
     for (const auto& fault : faults) {
-      for (const std::size_t size : {34u, 35u, 36u, 63u, 64u, 67u, 99u, 131u, 200u}) {
+      for (const std::size_t size : {7u,  8u,  9u,  11u, 15u, 16u, 17u, 24u, 31u,  32u,
+                                     33u, 34u, 35u, 36u, 63u, 64u, 67u, 99u, 131u, 200u}) {
         const auto good = repeated(filler, size);
         for (std::size_t offset = 0; offset < size; ++offset) {
           auto spoiled = good;
-          spoiled.replace(offset, fault.size(), fault);
+          spoiled.replace(offset, fault.size(), fault).resize(size);
           for (const std::size_t distance : {std::size_t{0}, offset % 32 + 1}) {
             const aligned_text<Unit> copy(spoiled, distance);
             ASSERT_TRUE(ends_as_the_plain_loop(copy.begin(), copy.end()))
@@ -137,20 +138,20 @@ TEST(well_formed_end, utf32_as_the_plain_loop_with_a_fault_at_every_offset) {
                   units<code_unit32>({0x80000041}), units<code_unit32>({0xFFFFFFFF})});
 }
 
-/// Each pair of bytes within 64 bytes of text that fits around it, so that the tables of the fast search are
-/// asked about every pair there is.
-TEST(well_formed_end, every_pair_of_bytes_within_a_block_as_the_plain_loop) {
+/// Each pair of bytes within text that fits around it, of a block and shorter, so that the tables of the fast
+/// search are asked about every pair there is.
+TEST(well_formed_end, every_pair_of_bytes_as_the_plain_loop) {
   for (const std::string_view before : {"a", "\xE1", "\xF1\x80"}) {
     for (const std::string_view after : {"a", "\x80", "\x80\x80"}) {
-      for (unsigned int pair = 0; pair < 0x10000; ++pair) {
-        ustring8 spoiled(40, 'a');
-        spoiled += before;
-        spoiled.push_back(static_cast<char>(static_cast<unsigned char>(pair >> 8)));
-        spoiled.push_back(static_cast<char>(static_cast<unsigned char>(pair & 0xFF)));
-        spoiled += after;
-        spoiled.append(40, 'a');
-        const char* const end = spoiled.data() + spoiled.size();
-        ASSERT_TRUE(ends_as_the_plain_loop<char>(spoiled.data(), end)) << pair;
+      for (const std::size_t surrounding : {3u, 9u, 40u}) {
+        ustring8 text(surrounding, 'a');
+        text.append(before).append("pq").append(after).append(surrounding, 'a');
+        char* const pair = text.data() + surrounding + before.size();
+        for (unsigned int value = 0; value < 0x10000; ++value) {
+          pair[0] = static_cast<char>(static_cast<unsigned char>(value >> 8));
+          pair[1] = static_cast<char>(static_cast<unsigned char>(value & 0xFF));
+          ASSERT_TRUE(ends_as_the_plain_loop<char>(text.data(), text.data() + text.size())) << value;
+        }
       }
     }
   }
