@@ -27,6 +27,8 @@
 /// program to ask for a setting or a type that is not declared, or for a value where there is none, and
 /// throws `exceptions::invalid_argument_value`. A value that was reported as an error is none.
 ///
+/// Arguments are UTF-8. Those of `main` are not on Windows: pass `system::program_arguments`.
+///
 /// A copy shares what was read. It never changes: any number of threads may read it.
 #pragma once
 
