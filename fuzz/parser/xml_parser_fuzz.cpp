@@ -8,6 +8,7 @@
 #include <iostream>
 #include <string>
 
+#include "fuzz/require.hpp"
 #include "orva/exceptions/exception.hpp"
 #include "orva/parser/xml_parser.hpp"
 #include "orva/parser/xml_token_stream.hpp"
@@ -18,13 +19,8 @@ namespace {
 
 using ORVA_NAMESPACE::parser::xml_token_stream;
 using token = xml_token_stream::token;
+using orva_fuzz::require;
 using orva_test::xml_outcome;
-
-void require(bool holds, const char* what) {
-  if (holds) return;
-  std::cerr << what << std::endl;
-  std::abort();
-}
 
 void require_equal(const xml_outcome& actual, const xml_outcome& expected, const char* what) {
   if (actual == expected) return;

@@ -6,18 +6,18 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
-#include <cstdlib>
-#include <iostream>
 #include <sstream>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "fuzz/require.hpp"
 #include "orva/parser/xml_writer.hpp"
 #include "tests/support/xml_events.hpp"
 
 namespace {
 
+using orva_fuzz::require;
 using ORVA_NAMESPACE::parser::xml_writer;
 using ORVA_NAMESPACE::parser::xml_writer_settings;
 using error = xml_writer::error;
@@ -32,12 +32,6 @@ struct call {
   std::string_view name() const { return text.substr(0, text.find('=')); }
   std::string_view value() const { return text.substr(std::min(text.size(), name().size() + 1)); }
 };
-
-void require(bool holds, const char* what) {
-  if (holds) return;
-  std::cerr << what << std::endl;
-  std::abort();
-}
 
 std::vector<call> read_calls(std::string_view input) {
   std::vector<call> calls;
