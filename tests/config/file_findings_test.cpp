@@ -187,6 +187,42 @@ TEST(linked_file_item, named_file_may_be_a_link) {
   EXPECT_EQ(loaded(link_following_dispatch(dispatch)).get_value("a").as_string(), "1");
 }
 
+TEST(linked_file_item, follows_its_link_at_each_load) {
+  const temporary_directory directory;
+  directory.write("first.cfg", "a = 1");
+  directory.write("second.cfg", "a = 2");
+  if (!can_link(directory, "app.cfg", "first.cfg")) GTEST_SKIP() << "no links here";
+  config::linked_file_item item(directory.file("app.cfg"));
+  EXPECT_TRUE(item.load());
+  EXPECT_EQ(item.get_value("a")->second.as_string(), "1");
+  std::filesystem::remove(directory.path() / "app.cfg");
+  ASSERT_TRUE(can_link(directory, "app.cfg", "second.cfg"));
+  EXPECT_TRUE(item.load());
+  EXPECT_EQ(item.get_value("a")->second.as_string(), "2");
+}
+
+TEST(linked_file_item, save_does_not_write_through_a_link) {
+  const temporary_directory directory;
+  directory.write("real.cfg", "[s]\na = 1\n");
+  if (!can_link(directory, "app.cfg", "real.cfg")) GTEST_SKIP() << "no links here";
+  config::linked_file_item item(directory.file("app.cfg"));
+  EXPECT_TRUE(item.load());
+  item.set("s.a", "2", 0);
+  EXPECT_TRUE(item.save());
+  EXPECT_EQ(directory.read("real.cfg"), "[s]\na = 1\n");
+  EXPECT_TRUE(std::filesystem::is_symlink(directory.path() / "app.cfg"));
+}
+
+TEST(linked_file_item, has_file_id_and_values_of_the_item_that_it_is_made_from) {
+  const temporary_directory directory;
+  config::file_item plain(directory.write("app.cfg", "a = 1"));
+  EXPECT_TRUE(plain.load());
+  const config::linked_file_item linked(plain);
+  EXPECT_EQ(linked.get_filename(), plain.get_filename());
+  EXPECT_EQ(linked.get_id(), plain.get_id());
+  EXPECT_EQ(linked.get_value("a")->second.as_string(), "1");
+}
+
 TEST(linked_file_item, reads_plain_files_as_before) {
   const temporary_directory directory;
   config::linked_file_item item(directory.write("app.cfg", "a = 1"));

@@ -69,6 +69,40 @@ TEST_P(help_text_of_columns, is_as_pinned_in_japanese) {
 
 INSTANTIATE_TEST_SUITE_P(widths, help_text_of_columns, testing::Values(40, 80, 120));
 
+/// In columns: the wide characters of Japanese have three bytes of UTF-8.
+std::size_t width_of(std::string_view line) {
+  std::size_t width = 0;
+  for (const char unit : line) {
+    const auto byte = static_cast<unsigned char>(unit);
+    width += byte < 0x80 ? 1 : byte >= 0xE0 ? 2 : 0;
+  }
+  return width;
+}
+
+TEST(help_text, has_no_line_that_is_wider_than_the_width) {
+  ORVA_NAMESPACE::i18n::message_catalogs catalogs;
+  ASSERT_EQ(catalogs.load(CONFIG_MESSAGES, "ja"), ORVA_NAMESPACE::i18n::message_catalogs::no_error);
+  ASSERT_EQ(catalogs.load(HELP_PAGES, "ja"), ORVA_NAMESPACE::i18n::message_catalogs::no_error);
+  const auto japanese = [&](std::string_view name, std::string_view english) {
+    return ORVA_NAMESPACE::i18n::translate(name, english, catalogs, "viewer");
+  };
+  for (const text_lookup& texts : {text_lookup(), text_lookup(japanese)}) {
+    for (std::size_t width = min_help_width; width < 140; ++width) {
+      const ustring8 help = help_text(declared_viewer(), {.width = width, .command = {}, .texts = texts});
+      ASSERT_TRUE(help.ends_with('\n'));
+      std::istringstream lines(help);
+      for (std::string line; std::getline(lines, line);) ASSERT_LE(width_of(line), width) << line;
+    }
+  }
+}
+
+TEST(help_text, is_as_wide_as_the_least_width_where_a_smaller_one_is_given) {
+  const ustring8 narrow = help_text(declared_viewer(), {.width = min_help_width});
+  EXPECT_EQ(help_text(declared_viewer(), {.width = 0}), narrow);
+  EXPECT_EQ(help_text(declared_viewer(), {.width = min_help_width - 1}), narrow);
+  EXPECT_NE(help_text(declared_viewer(), {.width = min_help_width + 1}), narrow);
+}
+
 TEST(help_text, of_a_program_with_commands_lists_them) {
   EXPECT_EQ(help_text(declared_tool()), R"(Usage: tool [OPTION]... COMMAND [ARGUMENT]...
 
@@ -221,6 +255,10 @@ TEST(help_text, asks_for_each_text_by_its_name) {
                                              "description.remote.add", "example.remote.add.1"}));
   names.clear();
   options.command = "";
+  static_cast<void>(help_text(declared_tool(), options));
+  EXPECT_EQ(names, (std::vector<std::string>{"command.remote", "command.fetch", "setting.config",
+                                             "setting.quiet", "description"}));
+  names.clear();
   static_cast<void>(help_text(declared_viewer(), options));
   for (const char* const name : {"description", "group.Speed", "value.threads", "setting.window.title"}) {
     EXPECT_NE(std::find(names.begin(), names.end(), name), names.end()) << name;

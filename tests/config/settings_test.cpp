@@ -128,6 +128,34 @@ TEST(settings_of_a_program, are_read_as_their_types) {
   EXPECT_EQ(run.settings.get<long long>("SMALL"), -5) << "keys have no case";
 }
 
+TEST(settings_of_a_program, have_keys_without_case_and_options_with_case) {
+  const declaration declared = with({setting("Threads", integer()).option('t')});
+  EXPECT_EQ(program_run(declared, {"--Threads=8"}).settings.get<int>("THREADS"), 8);
+  for (const char* const word : {"--threads=8", "-T8"}) {
+    EXPECT_EQ(program_run(declared, {word}).codes().at(0), "command line:1 error config.unknown_option");
+  }
+}
+
+TEST(a_flag, is_read_from_each_of_its_words_in_any_case) {
+  const declaration declared = with({setting("f", flag()).environment("F")});
+  for (const char* const word : {"true", "yes", "on", "1", "TRUE", "Yes", "oN"}) {
+    const program_run run(declared, {}, {"F=" + std::string(word)});
+    EXPECT_EQ(run.codes(), texts()) << word;
+    EXPECT_TRUE(run.settings.get<bool>("f")) << word;
+  }
+  for (const char* const word : {"false", "no", "off", "0", "FALSE", "No", "oFF"}) {
+    const program_run run(declared, {}, {"F=" + std::string(word)});
+    EXPECT_EQ(run.codes(), texts()) << word;
+    EXPECT_FALSE(run.settings.get<bool>("f")) << word;
+    EXPECT_TRUE(run.settings.is_set("f")) << word;
+  }
+  for (const char* const word : {"2", "y", "-1", " yes", "00"}) {
+    EXPECT_EQ(program_run(declared, {}, {"F=" + std::string(word)}).codes(),
+              texts{"F error config.not_a_flag"})
+        << word;
+  }
+}
+
 TEST(settings_of_a_program, have_no_value_without_a_source_and_a_default) {
   const program_run run(with({setting("n", integer()), setting("f", flag()), setting("l", list_of(text())),
                               setting("d", list_of(integer())).by_default(1, 2)}));
@@ -382,6 +410,15 @@ TEST(a_file, that_the_user_names_and_that_is_not_read_is_an_error) {
             texts{"gone.cfg error config.file_missing"});
   EXPECT_EQ(without_file(program_run(declared, {"--config=" + directory.name()}).codes(), directory.name()),
             texts{"FILE error config.file_not_a_file"});
+}
+
+TEST(a_file, that_is_missing_leaves_the_next_that_is_named) {
+  const settings_file other("n = 2\n");
+  const auto declared = with(
+      {setting("n", integer()), setting("cfg_file", file_path()).option("config").environment("CONFIG")});
+  const program_run run(declared, {"--config=gone.cfg"}, {"CONFIG=" + other.path()});
+  EXPECT_EQ(run.codes(), texts{"gone.cfg error config.file_missing"});
+  EXPECT_EQ(run.settings.get<int>("n"), 2);
 }
 
 TEST(a_file, that_is_there_and_not_read_is_a_warning) {
