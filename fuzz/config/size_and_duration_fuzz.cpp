@@ -67,6 +67,7 @@ void check_size(std::string_view text) {
   require((length == 0) == (error == size_error::no_size));
   require((length == 0) == (text.empty() || !is_digit(text[0])));
   require(parse_size(text).has_value() == (error == size_error::none && length == text.size()));
+  require(parse_size(text).has_value() == describe(read_size(text), text).code.empty());
   require(parse_size(write_size(value)) == value);
   if (length == 0) return;
   const auto written = quantity_at(text.substr(0, length));
@@ -97,6 +98,7 @@ void check_duration(std::string_view text) {
   require(length <= text.size());
   require((length == 0) == (error == duration_error::no_duration));
   require(parse_duration(text).has_value() == (error == duration_error::none && length == text.size()));
+  require(parse_duration(text).has_value() == describe(read_duration(text), text).code.empty());
   require(parse_duration(write_duration(value)) == value);
   std::string sum = "0";
   bool is_whole = true;

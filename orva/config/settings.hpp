@@ -25,7 +25,7 @@
 ///
 /// `get` never returns a value that was not checked, or that its type cannot hold: it is an error of the
 /// program to ask for a setting or a type that is not declared, or for a value where there is none, and
-/// throws `exceptions::invalid_argument_value`. A value that was reported as an error is none.
+/// throws `exceptions::invalid_argument_value`. A setting whose value was reported as an error has no value.
 ///
 /// Arguments are UTF-8. Those of `main` are not on Windows: pass `system::program_arguments`.
 ///
@@ -133,8 +133,8 @@ class ORVA_API settings {
   /// Whether a source has the setting, the default excepted.
   [[nodiscard]] bool is_set(std::string_view key) const;
 
-  /// The manager of the same sources, which are loaded. It returns texts as they were given, "10 MiB". What
-  /// changes in a copy of it, is changed for all copies, but not in the settings.
+  /// The manager of the same sources, which are loaded. It returns texts as they were given, "10 MiB". All
+  /// copies of it share their values; a change to these does not change the settings.
   [[nodiscard]] const config_manager& manager() const noexcept { return manager_; }
 
  private:
