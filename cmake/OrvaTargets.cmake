@@ -86,8 +86,8 @@ function(orva_test name)
   if(TARGET orva_test_headers AND NOT arg_INTERNALS)
     target_precompile_headers(${name} REUSE_FROM orva_test_headers)
   endif()
-  if(CMAKE_CROSSCOMPILING_EMULATOR)
-    # Starting the emulator takes longer than most tests.
+  if(CMAKE_CROSSCOMPILING_EMULATOR OR ORVA_TEST_WHOLE_PROGRAMS)
+    # Starting the emulator, or a program with sanitizers, takes longer than most tests.
     add_test(NAME ${name} COMMAND ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 900)
   else()
